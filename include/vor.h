@@ -1,0 +1,9 @@
+/* vor.h: every public header of the Orbel Numeric Library. */
+#ifndef VOR_H
+#define VOR_H
+
+#include "vor_blas.h"
+#include "vor_service.h"
+#include "vor_types.h"
+
+#endif

@@ -1,0 +1,31 @@
+// Settings that the call frame consults, and the gate that fills them once.
+#pragma once
+
+namespace vor {
+
+// Owned by settings.cpp, changed only inside vor_cfg_file. No lock: two threads in a first call both
+// parse the file and store the same values, and the flag is set last.
+#pragma GCC visibility push(hidden)
+extern int cfg_file_readed; // 1 once the gate has finished, whether or not a file was found
+extern int cfg_check;       // 1: check arguments, 0: do not
+extern int cfg_serial;      // 1: force serial, 0: force parallel, 2: leave it to the environment
+extern int cfg_fpu;         // no key sets it
+
+// Finds the configuration file and applies its keys to the cells above; 0, or -1 if there is none.
+// keep_defaults 0 takes the library-name keys too.
+int read_config_file(int keep_defaults);
+
+// The frame's steps in full: the gate, then the mode switch that cfg_serial asks for.
+void apply_settings();
+#pragma GCC visibility pop
+
+} // namespace vor
+
+extern "C" {
+int vor_cfg_file(int keep_defaults); // 0, or -1 on the first call if no file was found
+int get_cfg_serial();
+int get_cfg_fpu();
+int get_cfg_check();
+int vor_serv_set_serial(); // the result of setenv
+int vor_serv_set_parallel();
+}

@@ -1,0 +1,44 @@
+// Serial or parallel: decided once, from the environment, at the first question.
+//
+//   OMP_NUM_THREADS *   VOR_SERIAL      decision
+//   not empty           empty           parallel
+//   any                 "YES", "yes"    serial
+//   any                 other text      parallel
+//   empty               empty           serial
+//
+// (* where it is unset altogether, omp_num_threads; only the length of the value matters.)
+//
+// State: vor_serial. No lock: two threads that ask first find the same answer and store it twice.
+#include "serv/threads.h"
+#include "serv/entry.h"
+
+#include <pthread.h>
+#include <stdlib.h>
+#include <string.h>
+
+extern "C" {
+extern int vor_serial;
+int vor_serial = -1; // -1 not decided, then 0 or 1 for the life of the process
+}
+
+static int decide() {
+    const char* threads = getenv("OMP_NUM_THREADS");
+    if (!threads) threads = getenv("omp_num_threads");
+    const char* serial = getenv("VOR_SERIAL");
+    if (serial && *serial) return !strcmp(serial, "YES") || !strcmp(serial, "yes");
+    return !(threads && *threads);
+}
+
+extern "C" int vor_serv_in_serial() {
+    if (vor_serial == -1) vor_serial = decide();
+    return vor_serial;
+}
+
+extern "C" int vor_in_serial() {
+    return vor_serv_in_serial();
+}
+VOR_ALIASES(int, vor_in_serial, VOR_IN_SERIAL, vor_in_serial, ())
+
+extern "C" unsigned VOR_ThreadID() {
+    return static_cast<unsigned>(pthread_self());
+}

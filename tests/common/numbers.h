@@ -1,0 +1,109 @@
+// Data for tests: reproducible numbers, buffers with poisoned surroundings, comparison of bits,
+// errors in units of eps times the sum of the terms.
+#pragma once
+
+#include "serv/element.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+#include <memory>
+#include <vector>
+
+namespace vor::test {
+
+// Reproducible numbers (SplitMix64: Steele, Lea, Flood, OOPSLA 2014).
+class Random {
+public:
+    explicit Random(uint64_t seed = 1) : state_(seed) {}
+    uint64_t bits() {
+        uint64_t z = (state_ += 0x9e3779b97f4a7c15u);
+        z = (z ^ (z >> 30)) * 0xbf58476d1ce4e5b9u;
+        z = (z ^ (z >> 27)) * 0x94d049bb133111ebu;
+        return z ^ (z >> 31);
+    }
+    int below(int n) { return static_cast<int>(bits() % static_cast<unsigned>(n)); }
+    // Between -1 and 1, both parts of a complex number.
+    template <class T>
+    T next() {
+        if constexpr (is_complex<T>) {
+            const real_t<T> re = next<real_t<T>>();
+            return {re, next<real_t<T>>()};
+        } else {
+            return static_cast<T>(static_cast<double>(bits() >> 11) * 0x1p-52 - 1.0);
+        }
+    }
+
+private:
+    uint64_t state_;
+};
+
+// n elements at an address that is `offset` bytes above a multiple of 64, poisoned before and behind:
+// intact() tells whether both margins still hold what they held at the start.
+template <class T>
+class Guarded {
+public:
+    explicit Guarded(size_t n, size_t offset = 0)
+        : n_(n), offset_(offset), bytes_(n * sizeof(T) + 3 * kMargin + offset) {
+        memory_.reset(new unsigned char[bytes_]);
+        std::memset(memory_.get(), kPoison, bytes_);
+        const auto start = reinterpret_cast<uintptr_t>(memory_.get()) + kMargin;
+        data_ = reinterpret_cast<T*>(((start + 63) & ~uintptr_t{63}) + offset);
+    }
+    T* data() { return data_; }
+    const T* data() const { return data_; }
+    size_t size() const { return n_; }
+    T& operator[](size_t i) { return data_[i]; }
+    const T& operator[](size_t i) const { return data_[i]; }
+    T* begin() { return data_; }
+    T* end() { return data_ + n_; }
+    void fill(Random& random) {
+        for (T& x : *this) x = random.next<T>();
+    }
+    std::vector<T> copy() const { return {data_, data_ + n_}; }
+    bool intact() const {
+        const auto* first = memory_.get();
+        const auto* last = first + bytes_;
+        const auto poisoned = [](unsigned char c) { return c == kPoison; };
+        return std::all_of(first, reinterpret_cast<const unsigned char*>(data_), poisoned) &&
+               std::all_of(reinterpret_cast<const unsigned char*>(data_ + n_), last, poisoned);
+    }
+
+private:
+    static constexpr size_t kMargin = 64;
+    static constexpr unsigned char kPoison = 0xa5;
+    size_t n_, offset_, bytes_;
+    std::unique_ptr<unsigned char[]> memory_;
+    T* data_;
+};
+
+template <class T>
+bool same_bits(const T& a, const T& b) {
+    return std::memcmp(&a, &b, sizeof(T)) == 0;
+}
+
+template <class T>
+bool same_bits(const T* a, const T* b, size_t n) {
+    return std::memcmp(a, b, n * sizeof(T)) == 0;
+}
+
+// The worst error seen, in units of eps(T) times the given scale (as a rule the sum of the
+// magnitudes of the terms). A NaN counts as infinite.
+template <class T>
+class ErrorMeter {
+public:
+    void add(long double got, long double want, long double scale) {
+        const long double unit = scale * std::numeric_limits<real_t<T>>::epsilon();
+        const long double error = std::fabs(got - want);
+        const long double ratio = error == 0 ? 0 : error / unit;
+        worst_ = ratio <= worst_ ? worst_ : ratio == ratio ? ratio : HUGE_VALL;
+    }
+    double worst() const { return static_cast<double>(worst_); }
+
+private:
+    long double worst_ = 0;
+};
+
+} // namespace vor::test
