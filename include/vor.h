@@ -4,6 +4,8 @@
 
 #include "vor_blas.h"
 #include "vor_service.h"
+#include "vor_signal.h"
+#include "vor_status.h"
 #include "vor_types.h"
 
 #endif
