@@ -1,0 +1,2 @@
+#include "tools/commands.h"
+void vor::tool::add_tour(CLI::App&) {}
