@@ -94,6 +94,7 @@ public:
         if (panel.empty()) return;
         begin(panel, ylabel);
         body_ << "set xtics rotate by 90 right font ',9'\nset grid ytics\nset yrange [0:*]\n"
+              << "set offsets 0.7, 0.7, 0, 0\n"
               << "plot 1 with lines lc 'gray' notitle";
         for (size_t i = 0; i < panel.size(); ++i) {
             body_ << ", " << data(i) << " using 1:2:xtic(3) with " << style;
@@ -128,7 +129,7 @@ private:
             data_ << "END\n";
         }
         body_ << "reset\nset border 3\nset tics nomirror\nset style fill solid 0.6\n"
-              << "set boxwidth 0.7\nset key outside right top\nset ylabel " << gnuplot_text(ylabel)
+              << "set boxwidth 0.7\nset key outside right top font ',9'\nset ylabel " << gnuplot_text(ylabel)
               << "\n";
     }
     std::string data(size_t i) const {
