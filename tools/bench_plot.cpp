@@ -129,8 +129,8 @@ private:
             data_ << "END\n";
         }
         body_ << "reset\nset border 3\nset tics nomirror\nset style fill solid 0.6\n"
-              << "set boxwidth 0.7\nset key outside right top font ',9'\nset ylabel " << gnuplot_text(ylabel)
-              << "\n";
+              << "set boxwidth 0.7\nset key outside right top font ',9'\nset ylabel "
+              << gnuplot_text(ylabel) << "\n";
     }
     std::string data(size_t i) const {
         return "$data_" + std::to_string(panels_) + "_" + std::to_string(i);

@@ -1,5 +1,4 @@
 #include "tools/gnuplot.h"
-#include "tools/failure.h"
 
 #include <cstdio>
 #include <spawn.h>
@@ -28,7 +27,7 @@ int spawn_gnuplot(const std::string& script) {
     if (error == 0) waitpid(child, &status, 0);
     posix_spawn_file_actions_destroy(&actions);
     std::fclose(file);
-    if (error != 0) throw Failure("gnuplot, which draws the pictures, cannot be run");
+    if (error != 0) throw GnuplotMissing("gnuplot, which draws the pictures, cannot be run");
     return status;
 }
 
@@ -42,7 +41,12 @@ void run_gnuplot(const std::string& script, const std::string& output, int width
     const std::string head = "set terminal svg size " + std::to_string(width) + "," +
                              std::to_string(height) + " background 'white' noenhanced\n" +
                              "set encoding utf8\nset output " + gnuplot_text(output) + "\n";
-    if (spawn_gnuplot(head + script) != 0) throw Failure(output + ": gnuplot failed");
+    try {
+        if (spawn_gnuplot(head + script) != 0) throw Failure(output + ": gnuplot failed");
+    } catch (const Failure&) {
+        std::remove(output.c_str());
+        throw;
+    }
 }
 
 std::string gnuplot_text(const std::string& text) {

@@ -1,12 +1,18 @@
 // Pictures: a gnuplot script is collected and run.
 #pragma once
 
+#include "tools/failure.h"
+
 #include <string>
 
 namespace vor::tool {
 
-// Runs `script`, whose plots go to the SVG file `output` of the given size. Throws Failure if gnuplot
-// is not there or refuses, or the file cannot be written.
+struct GnuplotMissing : Failure {
+    using Failure::Failure;
+};
+
+// Runs `script`, whose plots go to the SVG file `output` of the given size. Throws Failure if the file
+// cannot be written or gnuplot refuses, GnuplotMissing if it is not there; no file is left then.
 void run_gnuplot(const std::string& script, const std::string& output, int width, int height);
 
 // In quotes, for gnuplot: nothing in the text is taken as markup.

@@ -42,7 +42,8 @@ std::string cache_class() {
                                              "512 KiB", "1 MiB",   "2 MiB"};
     const int number = vor_serv_l2cache();
     if (number < 0) return "not told by the processor's cache descriptors (class -1)";
-    return std::string("second level ") + kSizes[number] + " (class " + std::to_string(number) + ")";
+    return std::string("second level ") + kSizes[number] + " (class " + std::to_string(number) +
+           ")";
 }
 
 std::string frequency() {
@@ -88,7 +89,8 @@ void show_settings() {
     const char* bypass = std::getenv("VOR_DISABLE_FAST_MM") ? "VOR_DISABLE_FAST_MM"
                          : std::getenv("VOR_MM_DISABLE")    ? "VOR_MM_DISABLE"
                                                             : nullptr;
-    row("scratch memory", bypass ? std::string("not kept: ") + bypass + " is set" : "kept for reuse");
+    row("scratch memory",
+        bypass ? std::string("not kept: ") + bypass + " is set" : "kept for reuse");
 }
 
 // What the decision was taken from, after the configuration file has had its say.
@@ -105,8 +107,7 @@ std::string reason() {
 
 void show_threads() {
     if (vor_in_serial() == 1) return row("threads", "serial: " + reason());
-    row("threads",
-        "parallel, up to " + std::to_string(omp_get_max_threads()) + ": " + reason());
+    row("threads", "parallel, up to " + std::to_string(omp_get_max_threads()) + ": " + reason());
 }
 
 void run() {
