@@ -2,6 +2,7 @@
 # CMake package `vor` with the target vor::vor. The installed tree may be moved as a whole.
 include(CMakePackageConfigHelpers)
 
+set_target_properties(vor_k1 PROPERTIES EXPORT_NAME vor)
 install(TARGETS vor_k1 EXPORT vor-targets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
     FILES_MATCHING PATTERN "*.h")
