@@ -1,7 +1,6 @@
 #include "tools/bench_report.h"
 #include "tools/failure.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <memory>
 
@@ -24,13 +23,28 @@ std::string time_text(double seconds) {
     return text("%.2f ms", seconds * 1e3);
 }
 
-const char* verdict(double value, double goal) {
-    return goal == 0 ? "" : value >= goal ? "met" : "missed";
+struct Goal {
+    std::string text; // "goal 0.90"; empty: none was set
+    bool met;
+    std::string verdict() const { return text.empty() ? "" : met ? "met" : "missed"; }
+};
+
+Goal at_least(double value, double goal) {
+    return {goal == 0 ? "" : text("goal %.2f", goal), value >= goal};
 }
 
-// "goal 0.90 met"; empty without a goal.
-std::string goal_text(double value, double goal) {
-    return goal == 0 ? "" : text("goal %.2f ", goal) + verdict(value, goal);
+Goal at_most(double seconds, double most) {
+    return {most == 0 ? "" : "at most " + time_text(most), seconds <= most};
+}
+
+// A case and a ratio have one kind of goal each.
+Goal goal_of(const Measurement& m) {
+    return m.most_seconds != 0 ? at_most(m.seconds, m.most_seconds) : at_least(m.share, m.goal);
+}
+
+Goal goal_of(const bench::Ratio& r) {
+    const double own = r.seconds / r.ratio;
+    return r.most_extra != 0 ? at_most(own - r.seconds, r.most_extra) : at_least(r.ratio, r.goal);
 }
 
 std::string quoted(const std::string& cell) {
@@ -51,26 +65,26 @@ void print_row(const Measurement& m) {
     else
         std::printf("%9.3f %-7s %7.3f %-16s", m.work / m.seconds * 1e-9, bench::unit_of(m.limit),
                     m.share, bench::name_of(m.limit));
-    std::string notes;
-    if (m.goal != 0) notes += goal_text(m.share, m.goal) + "  ";
+    const Goal goal = goal_of(m);
+    if (!goal.text.empty()) std::printf(" %s %s", goal.text.c_str(), goal.verdict().c_str());
     for (const bench::Ratio& r : m.ratios) {
-        notes += r.name + text(" %.3f", r.ratio);
-        if (r.goal != 0) notes += " (" + goal_text(r.ratio, r.goal) + ")";
-        notes += "  ";
+        const Goal least = goal_of(r);
+        std::printf("  %s %.3f", r.name.c_str(), r.ratio);
+        if (!least.text.empty())
+            std::printf(" (%s %s)", least.text.c_str(), least.verdict().c_str());
     }
-    notes.erase(std::min(notes.find_last_not_of(' ') + 1, notes.size()));
-    std::printf(" %s\n", notes.c_str());
+    std::printf("\n");
     std::fflush(stdout);
 }
 
 void print_summary(const std::vector<Measurement>& all) {
     int met = 0, missed = 0;
-    const auto count = [&](double value, double goal) {
-        if (goal != 0) ++(value >= goal ? met : missed);
+    const auto count = [&](const Goal& goal) {
+        if (!goal.text.empty()) ++(goal.met ? met : missed);
     };
     for (const Measurement& m : all) {
-        count(m.share, m.goal);
-        for (const bench::Ratio& r : m.ratios) count(r.ratio, r.goal);
+        count(goal_of(m));
+        for (const bench::Ratio& r : m.ratios) count(goal_of(r));
     }
     if (met + missed > 0) std::printf("goals: %d met, %d missed\n", met, missed);
 }
@@ -82,13 +96,17 @@ void write_csv(const std::string& file, const std::vector<Measurement>& all) {
     std::fprintf(out.get(), "case,against,seconds,work,formula,limit,limit_per_second,share,ratio,"
                             "goal,verdict\n");
     for (const Measurement& m : all) {
-        std::fprintf(out.get(), "%s,,%.6g,%.17g,%s,%s,%.6g,%.4f,,%g,%s\n", quoted(m.name).c_str(),
-                     m.seconds, m.work, quoted(m.formula).c_str(), bench::name_of(m.limit),
-                     m.limit_rate, m.share, m.goal, verdict(m.share, m.goal));
-        for (const bench::Ratio& r : m.ratios)
-            std::fprintf(out.get(), "%s,%s,%.6g,,,,,,%.4f,%g,%s\n", quoted(m.name).c_str(),
-                         quoted(r.name).c_str(), r.seconds, r.ratio, r.goal,
-                         verdict(r.ratio, r.goal));
+        const std::string name = quoted(m.name);
+        const Goal goal = goal_of(m);
+        std::fprintf(out.get(), "%s,,%.6g,%.17g,%s,%s,%.6g,%.4f,,%s,%s\n", name.c_str(), m.seconds,
+                     m.work, quoted(m.formula).c_str(), bench::name_of(m.limit), m.limit_rate,
+                     m.share, goal.text.c_str(), goal.verdict().c_str());
+        for (const bench::Ratio& r : m.ratios) {
+            const Goal least = goal_of(r);
+            std::fprintf(out.get(), "%s,%s,%.6g,,,,,,%.4f,%s,%s\n", name.c_str(),
+                         quoted(r.name).c_str(), r.seconds, r.ratio, least.text.c_str(),
+                         least.verdict().c_str());
+        }
     }
     if (std::fflush(out.get()) != 0 || std::ferror(out.get()))
         throw Failure(file + ": cannot be written");

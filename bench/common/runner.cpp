@@ -55,15 +55,16 @@ std::optional<Measurement> measure(const Case& c, const Library& own, const Libr
     if (!call) return std::nullopt;
     std::vector<Contestant> contestants;
     contestants.emplace_back(std::move(call));
-    Measurement result{c.name, c.formula, c.work, c.limit, 0, 0, 0, c.goal, {}};
+    Measurement result{c.name, c.formula, c.work, c.limit, 0, 0, 0, c.goal, c.most_seconds, {}};
 
-    const auto enter = [&](const std::string& name, Call other, double goal) {
+    const auto enter = [&](const Rival& rival, const Library& library) {
+        Call other = rival.bind(library);
         if (!other) return;
         contestants.emplace_back(std::move(other));
-        result.ratios.push_back({name, 0, 0, goal});
+        result.ratios.push_back({rival.name, 0, 0, rival.goal, rival.most_extra});
     };
-    for (const Rival& rival : c.rivals) enter(rival.name, rival.bind(own), rival.goal);
-    if (peer && c.comparable) enter(peer->name(), c.bind(*peer), c.against_goal);
+    for (const Rival& rival : c.rivals) enter(rival, own);
+    if (peer && c.comparable) enter({peer->name(), c.bind, c.against_goal}, *peer);
     const std::vector<Probe> probes = probes_of(c.limit);
     for (const Probe& probe : probes) contestants.emplace_back(probe.call);
 

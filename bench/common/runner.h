@@ -17,9 +17,10 @@ struct Effort {
 // How much slower something else was.
 struct Ratio {
     std::string name;
-    double seconds; // for one call
-    double ratio;   // to the case's own time: above 1 the case is the faster
-    double goal;    // 0: none
+    double seconds;    // for one call
+    double ratio;      // to the case's own time: above 1 the case is the faster
+    double goal;       // the least ratio aimed at; 0: none
+    double most_extra; // the most by which the case may take longer, in seconds; 0: none
 };
 
 struct Measurement {
@@ -30,6 +31,7 @@ struct Measurement {
     double limit_rate; // measured in the same rounds; 0 without a limit
     double share;      // of the limit; 0 without a limit
     double goal;       // the least share aimed at; 0: none
+    double most_seconds;
     std::vector<Ratio> ratios;
 };
 

@@ -57,6 +57,7 @@ struct Rival {
     std::string name;
     Binder bind;
     double goal = 0; // the least ratio (rival's time / case's time) aimed at; 0: reported only
+    double most_extra = 0; // the most seconds aimed at by which the case may be slower; 0: none
 };
 
 struct Case {
@@ -69,6 +70,7 @@ struct Case {
     double goal = 0;           // the least share of the limit aimed at; 0: reported only
     std::vector<Rival> rivals; // interleaved with the case itself
     double against_goal = 0;   // the least ratio to the library of --against aimed at
+    double most_seconds = 0;   // the most time of one call aimed at; 0: none
 };
 
 using Suite = std::vector<Case>;
