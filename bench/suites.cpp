@@ -6,7 +6,9 @@
 namespace vor::bench {
 
 Suite all_cases() {
-    const std::vector<Suite (*)()> families = {};
+    const std::vector<Suite (*)()> families = {
+        service_cases,
+    };
     Suite all;
     for (const auto family : families) {
         Suite cases = family();
