@@ -68,9 +68,18 @@ void list(const Suite& cases) {
     for (const Case& c : cases) std::printf("%-32s %s\n", c.name.c_str(), c.formula.c_str());
 }
 
+// Said before the measurements, not after them.
+void require_writable(const std::string& file) {
+    if (file.empty()) return;
+    std::FILE* out = std::fopen(file.c_str(), "a");
+    if (!out) throw Failure(file + ": cannot be written");
+    std::fclose(out);
+}
+
 void run(const Options& options) {
     const Suite cases = chosen_cases(options.filter);
     if (options.list) return list(cases);
+    for (const std::string& file : {options.csv, options.plot}) require_writable(file);
     const Library own = own_library();
     std::unique_ptr<const Library> peer;
     if (!options.against.empty()) peer = std::make_unique<Library>(other_library(options.against));

@@ -87,6 +87,12 @@ Panel curves(const std::vector<Measurement>& all) {
     return by_title(series, 2);
 }
 
+double last_x(const Panel& panel) {
+    double last = 0;
+    for (const Series& s : panel) last = std::max(last, s.points.back().x);
+    return last;
+}
+
 class Script {
 public:
     // Cases side by side, their names below, a line at 1.
@@ -94,7 +100,7 @@ public:
         if (panel.empty()) return;
         begin(panel, ylabel);
         body_ << "set xtics rotate by 90 right font ',9'\nset grid ytics\nset yrange [0:*]\n"
-              << "set offsets 0.7, 0.7, 0, 0\n"
+              << "set xrange [-0.7:" << last_x(panel) + 0.7 << "]\n"
               << "plot 1 with lines lc 'gray' notitle";
         for (size_t i = 0; i < panel.size(); ++i) {
             body_ << ", " << data(i) << " using 1:2:xtic(3) with " << style;
