@@ -29,7 +29,7 @@ inline void scale(const cextended& alpha, T& x) {
 }
 
 template <class T, class A>
-void scal_strided(int n, const A& alpha, T* x, int incx) {
+void scal_strided(int n, A alpha, T* x, int incx) {
     x = walk_start(x, n, incx);
     in_rounds<4>(
         n, [&] { prefetch(x + 4 * incx); },
@@ -40,7 +40,7 @@ void scal_strided(int n, const A& alpha, T* x, int incx) {
 }
 
 template <int Group, class T, class A>
-void scal_extended(int n, const A& alpha, T* x) {
+void scal_extended(int n, A alpha, T* x) {
     in_rounds<Group>(
         n, [&] { prefetch(x, 32); }, [&] { scale(alpha, *x++); });
 }
@@ -97,7 +97,7 @@ void scal_unit(int n, R alpha, T* x) {
 }
 
 template <class T, class A>
-void scal(int n, const A& alpha, T* x, int incx) {
+void scal(int n, A alpha, T* x, int incx) {
     if (incx == 1 || incx == -1) return scal_unit(n, alpha, x);
     scal_strided(n, widen(alpha), x, incx);
 }
