@@ -14,74 +14,54 @@ namespace {
 
 constexpr int kLoops = 256;
 
-#define X87_CLOBBERED "st", "st(1)", "st(2)", "st(3)", "st(4)", "st(5)", "st(6)", "st(7)"
-#define X87_FILL "fld1\n fld1\n fld1\n fld1\n fld1\n fld1\n fld1\n fld1\n"
+// Seven operations of the names `a` and `b` by turns, each with the common operand in the first
+// register.
+#define X87_SEVEN(a, b)                                                                            \
+    a " %%st, %%st(1)\n" b " %%st, %%st(2)\n" a " %%st, %%st(3)\n" b " %%st, %%st(4)\n" a          \
+      " %%st, %%st(5)\n" b " %%st, %%st(6)\n" a " %%st, %%st(7)\n"
+#define VECTOR_SEVEN(a)                                                                            \
+    a " %%xmm0, %%xmm1\n" a " %%xmm0, %%xmm2\n" a " %%xmm0, %%xmm3\n" a " %%xmm0, %%xmm4\n" a      \
+      " %%xmm0, %%xmm5\n" a " %%xmm0, %%xmm6\n" a " %%xmm0, %%xmm7\n"
+#define TURN "decl %0\n jnz 1b\n"
+
+#define X87_FILL "fld1\n fld1\n fld1\n fld1\n fld1\n fld1\n fld1\n fld1\n 1:\n"
 #define X87_DROP                                                                                   \
     "fstp %%st(0)\n fstp %%st(0)\n fstp %%st(0)\n fstp %%st(0)\n"                                  \
     "fstp %%st(0)\n fstp %%st(0)\n fstp %%st(0)\n fstp %%st(0)\n"
+#define X87_CLOBBERED "cc", "st", "st(1)", "st(2)", "st(3)", "st(4)", "st(5)", "st(6)", "st(7)"
+#define VECTOR_FILL                                                                                \
+    "xorps %%xmm0, %%xmm0\n xorps %%xmm1, %%xmm1\n xorps %%xmm2, %%xmm2\n xorps %%xmm3, %%xmm3\n"  \
+    "xorps %%xmm4, %%xmm4\n xorps %%xmm5, %%xmm5\n xorps %%xmm6, %%xmm6\n xorps %%xmm7, %%xmm7\n"  \
+    "1:\n"
+#define VECTOR_CLOBBERED "cc", "xmm0", "xmm1", "xmm2", "xmm3", "xmm4", "xmm5", "xmm6", "xmm7"
 
 void x87_additions() {
     int loops = kLoops;
-    asm volatile(X87_FILL "1:\n"
-                          "fadd %%st, %%st(1)\n fadd %%st, %%st(2)\n fadd %%st, %%st(3)\n"
-                          "fadd %%st, %%st(4)\n fadd %%st, %%st(5)\n fadd %%st, %%st(6)\n"
-                          "fadd %%st, %%st(7)\n decl %0\n jnz 1b\n" X87_DROP
-                 : "+r"(loops)
-                 :
-                 : X87_CLOBBERED, "cc");
+    asm volatile(X87_FILL X87_SEVEN("fadd", "fadd") TURN X87_DROP : "+r"(loops) : : X87_CLOBBERED);
 }
 
 void x87_multiplications() {
     int loops = kLoops;
-    asm volatile(X87_FILL "1:\n"
-                          "fmul %%st, %%st(1)\n fmul %%st, %%st(2)\n fmul %%st, %%st(3)\n"
-                          "fmul %%st, %%st(4)\n fmul %%st, %%st(5)\n fmul %%st, %%st(6)\n"
-                          "fmul %%st, %%st(7)\n decl %0\n jnz 1b\n" X87_DROP
-                 : "+r"(loops)
-                 :
-                 : X87_CLOBBERED, "cc");
+    asm volatile(X87_FILL X87_SEVEN("fmul", "fmul") TURN X87_DROP : "+r"(loops) : : X87_CLOBBERED);
 }
 
-// By turns, for processors with a unit for each.
-void x87_both() {
+// For processors with a unit for each.
+void x87_by_turns() {
     int loops = kLoops / 2;
-    asm volatile(X87_FILL "1:\n"
-                          "fadd %%st, %%st(1)\n fmul %%st, %%st(2)\n fadd %%st, %%st(3)\n"
-                          "fmul %%st, %%st(4)\n fadd %%st, %%st(5)\n fmul %%st, %%st(6)\n"
-                          "fadd %%st, %%st(7)\n"
-                          "fmul %%st, %%st(1)\n fadd %%st, %%st(2)\n fmul %%st, %%st(3)\n"
-                          "fadd %%st, %%st(4)\n fmul %%st, %%st(5)\n fadd %%st, %%st(6)\n"
-                          "fmul %%st, %%st(7)\n decl %0\n jnz 1b\n" X87_DROP
+    asm volatile(X87_FILL X87_SEVEN("fadd", "fmul") X87_SEVEN("fmul", "fadd") TURN X87_DROP
                  : "+r"(loops)
                  :
-                 : X87_CLOBBERED, "cc");
+                 : X87_CLOBBERED);
 }
-
-#define XMM_CLOBBERED "xmm0", "xmm1", "xmm2", "xmm3", "xmm4", "xmm5", "xmm6", "xmm7"
-#define XMM_ZERO                                                                                   \
-    "xorps %%xmm0, %%xmm0\n xorps %%xmm1, %%xmm1\n xorps %%xmm2, %%xmm2\n xorps %%xmm3, %%xmm3\n"  \
-    "xorps %%xmm4, %%xmm4\n xorps %%xmm5, %%xmm5\n xorps %%xmm6, %%xmm6\n xorps %%xmm7, %%xmm7\n"
 
 void vector_additions() {
     int loops = kLoops;
-    asm volatile(XMM_ZERO "1:\n"
-                          "addps %%xmm0, %%xmm1\n addps %%xmm0, %%xmm2\n addps %%xmm0, %%xmm3\n"
-                          "addps %%xmm0, %%xmm4\n addps %%xmm0, %%xmm5\n addps %%xmm0, %%xmm6\n"
-                          "addps %%xmm0, %%xmm7\n decl %0\n jnz 1b\n"
-                 : "+r"(loops)
-                 :
-                 : XMM_CLOBBERED, "cc");
+    asm volatile(VECTOR_FILL VECTOR_SEVEN("addps") TURN : "+r"(loops) : : VECTOR_CLOBBERED);
 }
 
 void vector_multiplications() {
     int loops = kLoops;
-    asm volatile(XMM_ZERO "1:\n"
-                          "mulps %%xmm0, %%xmm1\n mulps %%xmm0, %%xmm2\n mulps %%xmm0, %%xmm3\n"
-                          "mulps %%xmm0, %%xmm4\n mulps %%xmm0, %%xmm5\n mulps %%xmm0, %%xmm6\n"
-                          "mulps %%xmm0, %%xmm7\n decl %0\n jnz 1b\n"
-                 : "+r"(loops)
-                 :
-                 : XMM_CLOBBERED, "cc");
+    asm volatile(VECTOR_FILL VECTOR_SEVEN("mulps") TURN : "+r"(loops) : : VECTOR_CLOBBERED);
 }
 
 // The product stands in edx:eax; the move makes each independent of the one before.
@@ -90,7 +70,7 @@ void products() {
     asm volatile("1:\n"
                  "movl %1, %%eax\n mull %1\n movl %1, %%eax\n mull %1\n movl %1, %%eax\n mull %1\n"
                  "movl %1, %%eax\n mull %1\n movl %1, %%eax\n mull %1\n movl %1, %%eax\n mull %1\n"
-                 "movl %1, %%eax\n mull %1\n decl %0\n jnz 1b\n"
+                 "movl %1, %%eax\n mull %1\n" TURN
                  : "+r"(loops)
                  : "r"(0x9e3779b9u)
                  : "eax", "edx", "cc");
@@ -100,7 +80,7 @@ void dependent_additions() {
     int loops = kLoops, sum = 0;
     asm volatile("1:\n"
                  "addl %2, %1\n addl %2, %1\n addl %2, %1\n addl %2, %1\n addl %2, %1\n"
-                 "addl %2, %1\n addl %2, %1\n decl %0\n jnz 1b\n"
+                 "addl %2, %1\n addl %2, %1\n" TURN
                  : "+r"(loops), "+r"(sum)
                  : "r"(3)
                  : "cc");
@@ -126,7 +106,7 @@ std::vector<Probe> probes_of(Limit limit) {
     case Limit::x87:
         return {{"x87 additions", kWork, x87_additions},
                 {"x87 multiplications", kWork, x87_multiplications},
-                {"x87 additions and multiplications by turns", kWork, x87_both}};
+                {"x87 additions and multiplications by turns", kWork, x87_by_turns}};
     case Limit::vector:
         return {{"4-wide additions", kWork, vector_additions},
                 {"4-wide multiplications", kWork, vector_multiplications}};
