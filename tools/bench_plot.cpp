@@ -59,7 +59,7 @@ Panel shares(const std::vector<Measurement>& all) {
     double x = 0;
     for (const Measurement& m : all)
         if (m.limit != Limit::none)
-            series[std::string("share of the ") + bench::name_of(m.limit) + " limit"].push_back(
+            series[bench::name_of(m.limit) + std::string(" limit")].push_back(
                 {x++, m.share, m.name});
     return by_title(series, 1);
 }
@@ -96,11 +96,13 @@ double last_x(const Panel& panel) {
 class Script {
 public:
     // Cases side by side, their names below, a line at 1.
-    void cases(const Panel& panel, const std::string& ylabel, const std::string& style) {
+    void cases(const Panel& panel, const std::string& ylabel, const std::string& scale,
+               const std::string& style) {
         if (panel.empty()) return;
         begin(panel, ylabel);
-        body_ << "set xtics rotate by 90 right font ',9'\nset grid ytics\nset yrange [0:*]\n"
+        body_ << "set xtics rotate by 90 right font ',9'\nset grid ytics\n"
               << "set xrange [-0.7:" << last_x(panel) + 0.7 << "]\n"
+              << scale << "\n"
               << "plot 1 with lines lc 'gray' notitle";
         for (size_t i = 0; i < panel.size(); ++i) {
             body_ << ", " << data(i) << " using 1:2:xtic(3) with " << style;
@@ -153,8 +155,8 @@ private:
 
 void write_plot(const std::string& file, const std::vector<Measurement>& all) {
     Script script;
-    script.cases(shares(all), "share of the limit", "boxes");
-    script.cases(ratios(all), "others' time / own time", "points pt 7");
+    script.cases(shares(all), "share of the limit", "set yrange [0:*]", "boxes");
+    script.cases(ratios(all), "others' time / own time", "set logscale y", "points pt 7");
     script.lines(curves(all));
     if (script.panels() == 0) throw Failure("--plot: these cases have no share, no ratio, no n");
     const int width =

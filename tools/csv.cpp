@@ -48,7 +48,8 @@ Cells split(const std::string& line) {
 }
 
 std::optional<double> number(const std::string& cell) {
-    const char* first = cell.c_str() + (cell[0] == '+' ? 1 : 0);
+    const bool plus = cell.size() > 1 && cell[0] == '+' && cell[1] != '-';
+    const char* first = cell.c_str() + plus;
     const char* last = cell.c_str() + cell.size();
     double value;
     const auto [end, error] = std::from_chars(first, last, value);
