@@ -6,6 +6,7 @@
 
 namespace vor::bench {
 
+Suite level1_cases();
 Suite service_cases();
 
 } // namespace vor::bench
