@@ -54,6 +54,30 @@ TavStatus tavsFFTFwd_CToC_64fc(const VOR_DCOMPLEX* source, VOR_DCOMPLEX* destina
 TavStatus tavsFFTInv_CToC_64fc(const VOR_DCOMPLEX* source, VOR_DCOMPLEX* destination,
                                const FftCtx* object, void* buffer);
 
+TavStatus tavsFFTFwd_RToPerm_32f(const float* source, float* destination, const FftCtx* object,
+                                 void* buffer);
+TavStatus tavsFFTFwd_RToPerm_64f(const double* source, double* destination, const FftCtx* object,
+                                 void* buffer);
+TavStatus tavsFFTFwd_RToPack_32f(const float* source, float* destination, const FftCtx* object,
+                                 void* buffer);
+TavStatus tavsFFTFwd_RToPack_64f(const double* source, double* destination, const FftCtx* object,
+                                 void* buffer);
+TavStatus tavsFFTInv_PermToR_32f(const float* source, float* destination, const FftCtx* object,
+                                 void* buffer);
+TavStatus tavsFFTInv_PermToR_64f(const double* source, double* destination, const FftCtx* object,
+                                 void* buffer);
+TavStatus tavsFFTInv_PackToR_32f(const float* source, float* destination, const FftCtx* object,
+                                 void* buffer);
+TavStatus tavsFFTInv_PackToR_64f(const double* source, double* destination, const FftCtx* object,
+                                 void* buffer);
+
+/* ---- Products of spectra in a packed format ---------------------------------------------------- */
+
+TavStatus tavsMulPerm_32f_I(const float* source, float* destination, int length);
+TavStatus tavsMulPerm_64f_I(const double* source, double* destination, int length);
+TavStatus tavsMulPackConj_32f_I(const float* source, float* destination, int length);
+TavStatus tavsMulPackConj_64f_I(const double* source, double* destination, int length);
+
 /* ---- DFT objects: lengths of any kind --------------------------------------------------------- */
 
 typedef struct DftCtx DftCtx;
