@@ -62,8 +62,7 @@ template <class T, class C = complex_t<T>>
 TavStatus convolve(const Context<T>& ctx, C* work, int n) {
     const int m = ctx.lenConvFft;
     Shared<T>::zero(work + n, m - n);
-    TavStatus status =
-        Directed<T, Direction::forward>::fft(work, work, ctx.fftConvSpec, work + m);
+    TavStatus status = Directed<T, Direction::forward>::fft(work, work, ctx.fftConvSpec, work + m);
     if (status != tavStsNoErr) return status;
     Shared<T>::multiply(ctx.tabChirpFft, work, work, m);
     return Directed<T, Direction::inverse>::fft(work, work, ctx.fftConvSpec, work + m);
@@ -129,9 +128,8 @@ TavStatus real_chirp_inverse(const Context<T>& ctx, const T* x, T* y, C* work) {
                                                    int baseLength) {                               \
         return vor::dft::init_chirp(vor::dft::context_of<T>(object), n, base, baseLength);         \
     }                                                                                              \
-    extern "C" TavStatus tavs_cDft_Conv_##suffix##c(const DftCtx* object, const C* source,         \
-                                                    C* destination, int n, int direction,          \
-                                                    void* work) {                                  \
+    extern "C" TavStatus tavs_cDft_Conv_##suffix##c(                                               \
+        const DftCtx* object, const C* source, C* destination, int n, int direction, void* work) { \
         return vor::dft::complex_chirp(vor::dft::context_of<T>(object), source, destination, n,    \
                                        direction, static_cast<C*>(work));                          \
     }                                                                                              \

@@ -9,11 +9,11 @@
 
 namespace vor::dft {
 
-constexpr int kLongestTiny = 4;           // straight-line code up to here, no tables
-constexpr int kLargestRadix = 149;        // the largest prime factor that a stage takes
-constexpr int kLongestDirect = 150;       // longer lengths without a stage plan go by chirp
+constexpr int kLongestTiny = 4;            // straight-line code up to here, no tables
+constexpr int kLargestRadix = 149;         // the largest prime factor that a stage takes
+constexpr int kLongestDirect = 150;        // longer lengths without a stage plan go by chirp
 constexpr int kLongestDirectRealOdd = 180; // the same for real transforms of odd length
-constexpr int kMaxFactors = 20;           // 3^18 * 3 is the longest list of 32 bits
+constexpr int kMaxFactors = 20;            // 3^18 * 3 is the longest list of 32 bits
 
 // Blocks shorter than this are swept stage by stage over the whole array; longer ones are split
 // first, and each part is finished before the next one, so that the sweeps stay in the first-level
@@ -30,12 +30,12 @@ constexpr int kAlignment = 16; // of work buffers
 // `tabDirFactor` of the record behind the last stage.
 template <class T>
 struct DftFactorRec {
-    int factor;                  // radix f
-    int rest;                    // f * rest is the length of one block of this stage
-    int prodBefore;              // product of the earlier radices: the stride in the input
-    int nBlocks;                 // blocks in one pass of this record
-    complex_t<T>* tabDirFactor;  // W_f^k for f above 5; neighbours of equal radix share it
-    complex_t<T>* tabTwiddle;    // f-1 entries for each column, f for radices above 5
+    int factor;                 // radix f
+    int rest;                   // f * rest is the length of one block of this stage
+    int prodBefore;             // product of the earlier radices: the stride in the input
+    int nBlocks;                // blocks in one pass of this record
+    complex_t<T>* tabDirFactor; // W_f^k for f above 5; neighbours of equal radix share it
+    complex_t<T>* tabTwiddle;   // f-1 entries for each column, f for radices above 5
 };
 
 template <class T>

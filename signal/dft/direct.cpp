@@ -104,8 +104,7 @@ VOR_INLINE inline void direct_sum(E a, E c, int n, const complex_t<E>* table, vo
     first(sum);
     if (even) middle(count % 2 == 0 ? alternating - c : c - alternating);
     const E starts[] = {even ? a + c : a, even ? a - c : a};
-    for (int k = 1; k <= count; ++k)
-        each(k, pair_sums(starts[k % 2], pairs, count, table, n, k));
+    for (int k = 1; k <= count; ++k) each(k, pair_sums(starts[k % 2], pairs, count, table, n, k));
 }
 
 template <Direction D, Complex C>

@@ -57,8 +57,8 @@ private:
             return K::stage5(x, y, r, blocks, record.tabTwiddle);
         default:
             for (int b = 0; b < blocks; ++b)
-                K::stage(x + b * f * r, y + b * f * r, f, r, record.tabDirFactor,
-                         record.tabTwiddle, scratch_);
+                K::stage(x + b * f * r, y + b * f * r, f, r, record.tabDirFactor, record.tabTwiddle,
+                         scratch_);
         }
     }
 

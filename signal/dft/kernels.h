@@ -88,7 +88,8 @@ extern "C" {
     C* tavs_createTabDftDir_##suffix(const C* base, int n, int step);                              \
     C* tavs_createTabDftFwdRec_##suffix(const C* base, int n);                                     \
     C* tavs_createTabDftInvRec_##suffix(const C* base, int n);                                     \
-    TavStatus tavs_initDftPrimeFact_##suffix(DftCtx* object, int n, const C* base, int baseLength); \
+    TavStatus tavs_initDftPrimeFact_##suffix(DftCtx* object, int n, const C* base,                 \
+                                             int baseLength);                                      \
     TavStatus tavs_initDftConv_##suffix(DftCtx* object, int n, const C* base, int baseLength);     \
     void tavs_rDftFwdRecombine_##suffix(C* data, int n, const C* table);                           \
     void tavs_rDftInvRecombine_##suffix(const C* source, C* destination, int n, const C* table);
@@ -112,7 +113,7 @@ struct Directed;
 template <class T>
 struct Shared;
 
-#define VOR_DFT_DIRECTED(T, D, Dir, suffix, RealFft)                                                   \
+#define VOR_DFT_DIRECTED(T, D, Dir, suffix, RealFft)                                               \
     template <>                                                                                    \
     struct Directed<T, Direction::D> {                                                             \
         static constexpr auto stage2 = tavs_cDft##Dir##_Fact2_##suffix##c;                         \

@@ -5,8 +5,8 @@
 // of even length N works on N/2 complex values between recombinations.
 //
 // An object is immutable from the end of its build to its release.
-#include "signal/dft/kinds.h"
 #include "signal/dft/kernels.h"
+#include "signal/dft/kinds.h"
 
 #include <math.h>
 
@@ -75,8 +75,8 @@ TavStatus init_tables(Context<T>& ctx) {
     const int n = ctx.lenDft;
     complex_t<T>* const base = Shared<T>::base_table(n);
     if (!base) return tavStsMemAllocErr;
-    const TavStatus status = !K::kReal     ? init_engine(ctx, n, kLongestDirect, n, K::kOutOfOrder,
-                                                         base)
+    const TavStatus status = !K::kReal
+                                 ? init_engine(ctx, n, kLongestDirect, n, K::kOutOfOrder, base)
                              : n % 2 == 0 ? init_real_even(ctx, n, base)
                                           : init_real_odd(ctx, n, base);
     tavsFree(base);

@@ -28,8 +28,7 @@ VOR_INLINE inline void out_column(const C* x, C* y, int v, const C* w) {
 }
 
 template <int F, Direction D, Complex C>
-VOR_INLINE inline void out_stage(const C* x, C* y, int v, int first, int blocks,
-                                 const C* twiddle) {
+VOR_INLINE inline void out_stage(const C* x, C* y, int v, int first, int blocks, const C* twiddle) {
     const C* w = twiddle + first * (F - 1);
     const C* const end = w + blocks * (F - 1);
     x += first * F * v;
@@ -86,20 +85,20 @@ VOR_INLINE inline void out_leaf(const C* x, C* y, int v) {
     STAGE(3, Dir, D, suffix, C)                                                                    \
     STAGE(4, Dir, D, suffix, C)                                                                    \
     STAGE(5, Dir, D, suffix, C)                                                                    \
-    extern "C" void tavs_cDftOutOrd##Dir##_Fact_##suffix(                                          \
-        const C* source, C* destination, int f, int v, int block, const C* table,                  \
-        const C* twiddle, void* scratch) {                                                         \
+    extern "C" void tavs_cDftOutOrd##Dir##_Fact_##suffix(const C* source, C* destination, int f,   \
+                                                         int v, int block, const C* table,         \
+                                                         const C* twiddle, void* scratch) {        \
         const vor::dft::TableRadix<T> radix{f, table, scratch};                                    \
         vor::dft::table_out_stage<vor::dft::Direction::D>(source, destination, radix, v, block,    \
                                                           twiddle);                                \
     }                                                                                              \
     LEAF(3, Dir, D, suffix, C)                                                                     \
     LEAF(5, Dir, D, suffix, C)                                                                     \
-    extern "C" void tavs_cDftOutOrd##Dir##_Prime_##suffix(                                         \
-        const C* source, C* destination, int r, int v, const C* table, void* scratch) {            \
+    extern "C" void tavs_cDftOutOrd##Dir##_Prime_##suffix(const C* source, C* destination, int r,  \
+                                                          int v, const C* table, void* scratch) {  \
         const vor::dft::TableRadix<T> radix{r, table, scratch};                                    \
-        vor::dft::out_columns<vor::dft::Direction::D, false>(                                      \
-            radix, source, destination, v, static_cast<const C*>(nullptr));                        \
+        vor::dft::out_columns<vor::dft::Direction::D, false>(radix, source, destination, v,        \
+                                                             static_cast<const C*>(nullptr));      \
     }
 KERNELS(Fwd, forward, 32fc, float, vor::cfloat)
 KERNELS(Inv, inverse, 32fc, float, vor::cfloat)

@@ -32,17 +32,17 @@ VOR_INLINE inline void combine(Radix radix, const T* x, T* y, int r, const C* tw
     radix.run(
         x[0], [&](int m) VOR_INLINE { return make_pair(x[m * r], x[(f - m) * r]); },
         [&](T y0) VOR_INLINE { y[0] = y0; },
-        [&](int k, Sums<T> t) VOR_INLINE { out[k * r] = {t.a, t.b}; });
+        [&](int k, Sums<T> t) VOR_INLINE {
+            out[k * r] = {t.a, t.b};
+        });
 
     const C* w = twiddle;
     for (int j = 1; j <= (r - 1) / 2; ++j) {
         w += radix.step();
-        const auto operand = [&](int m) VOR_INLINE {
-            return pairs_of(x + m * r)[j] * radix.at(w, m);
-        };
+        const auto operand = [&](int m)
+                                 VOR_INLINE { return pairs_of(x + m * r)[j] * radix.at(w, m); };
         radix.run(
-            pairs_of(x)[j],
-            [&](int m) VOR_INLINE { return make_pair(operand(m), operand(f - m)); },
+            pairs_of(x)[j], [&](int m) VOR_INLINE { return make_pair(operand(m), operand(f - m)); },
             [&](C y0) VOR_INLINE { out[j] = y0; },
             [&](int k, Sums<C> t) VOR_INLINE {
                 C mirror;
@@ -71,8 +71,7 @@ VOR_INLINE inline void split(Radix radix, const T* x, T* y, int r, const C* twid
     for (int j = 1; j <= (r - 1) / 2; ++j) {
         w += radix.step();
         radix.run(
-            in[j],
-            [&](int k) VOR_INLINE { return make_pair(in[k * r + j], conj(in[k * r - j])); },
+            in[j], [&](int k) VOR_INLINE { return make_pair(in[k * r + j], conj(in[k * r - j])); },
             [&](C y0) VOR_INLINE { pairs_of(y)[j] = y0; },
             [&](int m, Sums<C> t) VOR_INLINE {
                 constexpr auto D = Direction::inverse;

@@ -26,7 +26,8 @@ C* base_table(int n) {
     const int computed = n % 4 == 0 ? n / 8 : n % 2 == 0 ? quarter : half;
     for (int k = 0; k <= computed; ++k) w[k] = root<T>(k, step);
     if (n % 4 == 0)
-        for (int k = computed + 1; k <= quarter; ++k) w[k] = {-w[quarter - k].im, -w[quarter - k].re};
+        for (int k = computed + 1; k <= quarter; ++k)
+            w[k] = {-w[quarter - k].im, -w[quarter - k].re};
     if (n % 2 == 0)
         for (int k = quarter + 1; k <= half; ++k) w[k] = {-w[half - k].re, w[half - k].im};
     for (int k = half + 1; k < n; ++k) w[k] = conj(w[n - k]);

@@ -36,8 +36,11 @@ VOR_INLINE inline void tiny_signal(const T (&x)[N], T (&y)[N]) {
     if constexpr (N <= 2) tiny_spectrum(x, y);
     if constexpr (N == 3)
         FixedRadix<3>{}.run(
-            x[0], [&](int) { return Pair<T>{2 * x[1], 2 * x[2]}; }, [&](T y0) { y[0] = y0; },
-            [&](int, Sums<T> t) { y[1] = t.a + t.b, y[2] = t.a - t.b; });
+            x[0],
+            [&](int) {
+                return Pair<T>{2 * x[1], 2 * x[2]};
+            },
+            [&](T y0) { y[0] = y0; }, [&](int, Sums<T> t) { y[1] = t.a + t.b, y[2] = t.a - t.b; });
     if constexpr (N == 4) {
         const Pair<T> p = make_pair(x[0], x[1]);
         const T re = 2 * x[2], im = 2 * x[3];
@@ -49,8 +52,7 @@ VOR_INLINE inline void tiny_signal(const T (&x)[N], T (&y)[N]) {
 }
 
 template <int N, Direction D, bool kScaled, class T>
-    requires(!is_complex<T>)
-void tiny(const T* x, T* y, T factor) {
+requires(!is_complex<T>) void tiny(const T* x, T* y, T factor) {
     T a[N], b[N];
     for (int m = 0; m < N; ++m) a[m] = x[m];
     if constexpr (D == Direction::forward)
