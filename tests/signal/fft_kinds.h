@@ -33,6 +33,32 @@ struct FftCalls<cdouble> {
     static constexpr Transform<cdouble> inverse = tavsFFTInv_CToC_64fc;
 };
 
+// Reals: spectra in Perm or Pack.
+template <class R>
+struct RealCalls {
+    Transform<R> forward, inverse;
+    Format format;
+};
+
+template <>
+struct FftCalls<float> {
+    static constexpr Build build = tavsFFTInitAlloc_R_32f;
+    static constexpr Release release = tavsFFTFree_R_32f;
+    static constexpr BufferSize buffer_size = tavsFFTGetBufSize_R_32f;
+    static constexpr RealCalls<float> formats[] = {
+        {tavsFFTFwd_RToPerm_32f, tavsFFTInv_PermToR_32f, Format::perm},
+        {tavsFFTFwd_RToPack_32f, tavsFFTInv_PackToR_32f, Format::pack}};
+};
+template <>
+struct FftCalls<double> {
+    static constexpr Build build = tavsFFTInitAlloc_R_64f;
+    static constexpr Release release = tavsFFTFree_R_64f;
+    static constexpr BufferSize buffer_size = tavsFFTGetBufSize_R_64f;
+    static constexpr RealCalls<double> formats[] = {
+        {tavsFFTFwd_RToPerm_64f, tavsFFTInv_PermToR_64f, Format::perm},
+        {tavsFFTFwd_RToPack_64f, tavsFFTInv_PackToR_64f, Format::pack}};
+};
+
 // An object and a work buffer of the size it asks for.
 template <class E>
 class FftObject {
