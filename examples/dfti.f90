@@ -9,6 +9,7 @@ program dfti
   complex(8) :: spectrum((n + 1) / 2)
   integer :: k, status(8), strides(2)
 
+  strides = -1
   x = [(3 * cos(2 * pi * tone * k / n), k = 0, n - 1)]
   status(1) = DftiCreateDescriptor(h, DFTI_DOUBLE, DFTI_REAL, 1, n)
   status(2) = DftiSetValue(h, DFTI_CONJUGATE_EVEN_STORAGE, DFTI_COMPLEX_COMPLEX)

@@ -162,35 +162,35 @@ module vor_dfti
       integer :: dfti_get_value_intval
       type(DFTI_DESCRIPTOR), pointer :: handle
       integer, intent(in) :: parameter
-      integer, intent(inout) :: value
+      integer, intent(out) :: value
     end function
     function dfti_get_value_sglval(handle, parameter, value)
       import :: DFTI_DESCRIPTOR
       integer :: dfti_get_value_sglval
       type(DFTI_DESCRIPTOR), pointer :: handle
       integer, intent(in) :: parameter
-      real(4), intent(inout) :: value
+      real(4), intent(out) :: value
     end function
     function dfti_get_value_dblval(handle, parameter, value)
       import :: DFTI_DESCRIPTOR
       integer :: dfti_get_value_dblval
       type(DFTI_DESCRIPTOR), pointer :: handle
       integer, intent(in) :: parameter
-      real(8), intent(inout) :: value
+      real(8), intent(out) :: value
     end function
     function dfti_get_value_intvec(handle, parameter, value)
       import :: DFTI_DESCRIPTOR
       integer :: dfti_get_value_intvec
       type(DFTI_DESCRIPTOR), pointer :: handle
       integer, intent(in) :: parameter
-      integer, intent(inout) :: value(*)
+      integer, intent(out) :: value(*)
     end function
     function dfti_get_value_chars(handle, parameter, value)
       import :: DFTI_DESCRIPTOR
       integer :: dfti_get_value_chars
       type(DFTI_DESCRIPTOR), pointer :: handle
       integer, intent(in) :: parameter
-      character(*), intent(inout) :: value
+      character(*), intent(out) :: value
     end function
   end interface
 

@@ -24,7 +24,7 @@ struct Descriptor {
             0);
     }
     ~Descriptor() {
-        if (handle) EXPECT_EQ(DftiFreeDescriptor(&handle), 0);
+        EXPECT_EQ(DftiFreeDescriptor(&handle), 0);
     }
     int set(int parameter, int value) {
         return dfti_set_value_intval_(&handle, &parameter, &value);
@@ -65,10 +65,11 @@ TEST(Descriptor, CreateReportsFaultsInOrderAndNullsTheHandle) {
     for (const auto& c : cases) {
         DFTI_DESCRIPTOR_HANDLE handle = foreign;
         EXPECT_EQ(create(&handle, c.lengths, c.domain, c.precision), c.status);
-        if (c.status == 0)
+        if (c.status == 0) {
             EXPECT_EQ(DftiFreeDescriptor(&handle), 0);
-        else
+        } else {
             EXPECT_EQ(handle, c.touched ? nullptr : foreign);
+        }
     }
 }
 
