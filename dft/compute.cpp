@@ -57,7 +57,11 @@ int transform_interleaved(DftiRecord* head, typename M::In* in, typename M::Out*
     const Layout<M> layout(*head);
     const int e = group_exponent<R>(head->length, n);
     const int group = vor::group_size<R>(e) < n ? vor::group_size<R>(e) : n;
-    const int distance = M::kComplex ? 2 * head->length : vor::half_spectrum(head->length);
+    // A cache line between the vectors: at distances of a power of two the vectors of a group would
+    // contend for one set of the cache.
+    constexpr int kLine = 64 / sizeof(R);
+    const int distance =
+        (M::kComplex ? 2 * head->length : vor::half_spectrum(head->length)) + kLine;
     constexpr size_t kSlack = 320; // reals, so that the sizes follow from the group alone
     const vor::Scratch<R> buffer(static_cast<size_t>(distance) * static_cast<size_t>(group) +
                                  kSlack);

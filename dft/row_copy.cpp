@@ -4,8 +4,11 @@
 #include "serv/entry.h"
 
 #include <utility>
+#include <xmmintrin.h>
 
 namespace {
+
+constexpr int kRowsAhead = 16, kLine = 64;
 
 template <int N, class Unit, class Step>
 void gather(const Step* source, int stride, int length, Unit* buffer, int distance) {
@@ -15,11 +18,21 @@ void gather(const Step* source, int stride, int length, Unit* buffer, int distan
 #pragma GCC unroll 16
         for (int j = 0; j < N; ++j) buffer[static_cast<ptrdiff_t>(j) * distance + i] = from[j];
     };
+    // Rows far apart lie in pages of their own, which the processor does not fetch ahead by itself.
+    const auto fetch_ahead = [&](int i) {
+        const Step* ahead = source + static_cast<ptrdiff_t>(i + kRowsAhead) * stride;
+        for (int bytes = 0; bytes < N * static_cast<int>(sizeof(Unit)); bytes += kLine)
+            _mm_prefetch(reinterpret_cast<const char*>(ahead) + bytes, _MM_HINT_T0);
+    };
     int i = 0;
     for (; i + 4 <= length; i += 4) {
+        fetch_ahead(i);
         row(i);
+        fetch_ahead(i + 1);
         row(i + 1);
+        fetch_ahead(i + 2);
         row(i + 2);
+        fetch_ahead(i + 3);
         row(i + 3);
     }
     for (; i < length; ++i) row(i);
