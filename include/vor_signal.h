@@ -78,6 +78,15 @@ TavStatus tavsMulPerm_64f_I(const double* source, double* destination, int lengt
 TavStatus tavsMulPackConj_32f_I(const float* source, float* destination, int length);
 TavStatus tavsMulPackConj_64f_I(const double* source, double* destination, int length);
 
+/* ---- Convolution and cross-correlation ---------------------------------------------------------- */
+
+TavStatus tavsConv_32f(const float* src1, int len1, const float* src2, int len2, float* dst);
+TavStatus tavsConv_64f(const double* src1, int len1, const double* src2, int len2, double* dst);
+TavStatus tavsCrossCorr_32f(const float* src1, int len1, const float* src2, int len2, float* dst,
+                            int dstLen, int lowLag);
+TavStatus tavsCrossCorr_64f(const double* src1, int len1, const double* src2, int len2, double* dst,
+                            int dstLen, int lowLag);
+
 /* ---- DFT objects: lengths of any kind --------------------------------------------------------- */
 
 /* Discrete Fourier transforms of any length N from 1 to 2^31 - 1, on W = exp(-2 pi i / N):

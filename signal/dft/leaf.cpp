@@ -10,21 +10,17 @@
 namespace vor::dft {
 namespace {
 
-template <int R, Direction D, Complex C>
-VOR_INLINE inline void leaf(const C* x, int p, C* y, int c, int blocks, const int* offsets) {
+template <Direction D, class Radix, Complex C>
+VOR_INLINE inline void leaf(Radix radix, const C* x, int p, C* y, int c, int blocks,
+                            const int* offsets) {
     for (int b = 0; b < blocks; ++b) {
         const C* from = x + offsets[b];
-        for (int t = 0; t < c; ++t, from += p, y += R)
-            column<R, D, false>(from, y, p * c, 1, static_cast<const C*>(nullptr));
+        for (int t = 0; t < c; ++t, from += p, y += radix.size())
+            column<D>(radix, from, y, p * c, 1);
     }
 }
 
-template <Direction D, class T, Complex C = complex_t<T>>
-VOR_INLINE inline void table_leaf(const C* x, int p, C* y, TableRadix<T> radix, int c) {
-    for (int t = 0; t < c; ++t)
-        column<D, false>(radix, x + t * p, y + t * radix.f, p * c, 1,
-                         static_cast<const C*>(nullptr));
-}
+constexpr int kNoOffset = 0;
 
 } // namespace
 } // namespace vor::dft
@@ -32,7 +28,8 @@ VOR_INLINE inline void table_leaf(const C* x, int p, C* y, TableRadix<T> radix, 
 #define LEAF(R, Dir, D, suffix, C)                                                                 \
     extern "C" void tavs_cDft##Dir##_Prime##R##_##suffix(const C* source, int p, C* destination,   \
                                                          int c, int blocks, const int* offsets) {  \
-        vor::dft::leaf<R, vor::dft::Direction::D>(source, p, destination, c, blocks, offsets);     \
+        vor::dft::leaf<vor::dft::Direction::D>(vor::dft::FixedRadix<R>{}, source, p, destination,  \
+                                               c, blocks, offsets);                                \
     }
 #define LEAVES(Dir, D, suffix, T, C)                                                               \
     LEAF(3, Dir, D, suffix, C)                                                                     \
@@ -40,7 +37,8 @@ VOR_INLINE inline void table_leaf(const C* x, int p, C* y, TableRadix<T> radix, 
     extern "C" void tavs_cDft##Dir##_Prime_##suffix(const C* source, int p, C* destination, int r, \
                                                     int c, const C* table, void* scratch) {        \
         const vor::dft::TableRadix<T> radix{r, table, scratch};                                    \
-        vor::dft::table_leaf<vor::dft::Direction::D>(source, p, destination, radix, c);            \
+        vor::dft::leaf<vor::dft::Direction::D>(radix, source, p, destination, c, 1,                \
+                                               &vor::dft::kNoOffset);                              \
     }
 LEAVES(Fwd, forward, 32fc, float, vor::cfloat)
 LEAVES(Inv, inverse, 32fc, float, vor::cfloat)

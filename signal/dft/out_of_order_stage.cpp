@@ -12,58 +12,38 @@
 namespace vor::dft {
 namespace {
 
-template <int F, Direction D, Complex C>
-VOR_INLINE inline void out_column(const C* x, C* y, int v, const C* w) {
-    if constexpr (D == Direction::forward) {
-        column<F, D, true>(x, y, v, v, w);
-        return;
-    }
-    C a[F];
-#pragma GCC unroll 5
-    for (int m = 0; m < F; ++m) a[m] = x[m * v];
-    butterfly<F, D>(a);
-    y[0] = a[0];
-#pragma GCC unroll 4
-    for (int m = 1; m < F; ++m) y[m * v] = twiddled<D>(a[m], w[m - 1]);
-}
+template <Direction D>
+constexpr Twiddles kSide = D == Direction::forward ? Twiddles::before : Twiddles::after;
 
-template <int F, Direction D, Complex C>
-VOR_INLINE inline void out_stage(const C* x, C* y, int v, int first, int blocks, const C* twiddle) {
-    const C* w = twiddle + first * (F - 1);
-    const C* const end = w + blocks * (F - 1);
-    x += first * F * v;
-    y += first * F * v;
+template <Direction D, class Radix, Complex C>
+VOR_INLINE inline void out_stage(Radix radix, const C* x, C* y, int v, int first, int blocks,
+                                 const C* twiddle) {
+    const int f = radix.size(), step = radix.step();
+    const C* w = twiddle + first * step;
+    const C* const end = w + blocks * step;
+    x += first * f * v;
+    y += first * f * v;
     if (v == 1) {
-        for (; w != end; w += F - 1, x += F, y += F) out_column<F, D>(x, y, 1, w);
+        for (; w != end; w += step, x += f, y += f) column<D, kSide<D>>(radix, x, y, 1, 1, w);
         return;
     }
-    for (; w != end; w += F - 1, x += F * v, y += F * v)
-        for (int j = 0; j < v; ++j) out_column<F, D>(x + j, y + j, v, w);
+    for (; w != end; w += step, x += f * v, y += f * v)
+        for (int j = 0; j < v; ++j) column<D, kSide<D>>(radix, x + j, y + j, v, v, w);
 }
 
-template <Direction D, bool kTwiddled, class T, Complex C = complex_t<T>>
-VOR_INLINE inline void out_columns(TableRadix<T> radix, const C* x, C* y, int v, const C* w) {
-    for (int j = 0; j < v; ++j) {
-        column<D, kTwiddled && D == Direction::forward>(radix, x + j, y + j, v, v, w);
-        if constexpr (kTwiddled && D == Direction::inverse)
-            for (int m = 1; m < radix.f; ++m) y[m * v + j] = twiddled<D>(y[m * v + j], w[m]);
-    }
+template <Direction D, class Radix, Complex C>
+VOR_INLINE inline void out_leaf(Radix radix, const C* x, C* y, int v) {
+    for (int j = 0; j < v; ++j) column<D>(radix, x + j, y + j, v, v);
 }
 
+// One block; the twiddles of block 0 are all 1.
 template <Direction D, class T, Complex C = complex_t<T>>
-VOR_INLINE inline void table_out_stage(const C* x, C* y, TableRadix<T> radix, int v, int block,
+VOR_INLINE inline void table_out_stage(TableRadix<T> radix, const C* x, C* y, int v, int block,
                                        const C* twiddle) {
-    const int start = block * radix.f * v;
     if (block == 0)
-        out_columns<D, false>(radix, x, y, v, twiddle);
+        out_leaf<D>(radix, x, y, v);
     else
-        out_columns<D, true>(radix, x + start, y + start, v, twiddle + block * radix.f);
-}
-
-template <int R, Direction D, Complex C>
-VOR_INLINE inline void out_leaf(const C* x, C* y, int v) {
-    for (int j = 0; j < v; ++j)
-        column<R, D, false>(x + j, y + j, v, v, static_cast<const C*>(nullptr));
+        out_stage<D>(radix, x, y, v, block, 1, twiddle);
 }
 
 } // namespace
@@ -72,13 +52,14 @@ VOR_INLINE inline void out_leaf(const C* x, C* y, int v) {
 #define STAGE(F, Dir, D, suffix, C)                                                                \
     extern "C" void tavs_cDftOutOrd##Dir##_Fact##F##_##suffix(                                     \
         const C* source, C* destination, int v, int first, int blocks, const C* twiddle) {         \
-        vor::dft::out_stage<F, vor::dft::Direction::D>(source, destination, v, first, blocks,      \
-                                                       twiddle);                                   \
+        vor::dft::out_stage<vor::dft::Direction::D>(vor::dft::FixedRadix<F>{}, source,             \
+                                                    destination, v, first, blocks, twiddle);       \
     }
 #define LEAF(R, Dir, D, suffix, C)                                                                 \
     extern "C" void tavs_cDftOutOrd##Dir##_Prime##R##_##suffix(const C* source, C* destination,    \
                                                                int v) {                            \
-        vor::dft::out_leaf<R, vor::dft::Direction::D>(source, destination, v);                     \
+        vor::dft::out_leaf<vor::dft::Direction::D>(vor::dft::FixedRadix<R>{}, source, destination, \
+                                                   v);                                             \
     }
 #define KERNELS(Dir, D, suffix, T, C)                                                              \
     STAGE(2, Dir, D, suffix, C)                                                                    \
@@ -89,7 +70,7 @@ VOR_INLINE inline void out_leaf(const C* x, C* y, int v) {
                                                          int v, int block, const C* table,         \
                                                          const C* twiddle, void* scratch) {        \
         const vor::dft::TableRadix<T> radix{f, table, scratch};                                    \
-        vor::dft::table_out_stage<vor::dft::Direction::D>(source, destination, radix, v, block,    \
+        vor::dft::table_out_stage<vor::dft::Direction::D>(radix, source, destination, v, block,    \
                                                           twiddle);                                \
     }                                                                                              \
     LEAF(3, Dir, D, suffix, C)                                                                     \
@@ -97,8 +78,7 @@ VOR_INLINE inline void out_leaf(const C* x, C* y, int v) {
     extern "C" void tavs_cDftOutOrd##Dir##_Prime_##suffix(const C* source, C* destination, int r,  \
                                                           int v, const C* table, void* scratch) {  \
         const vor::dft::TableRadix<T> radix{r, table, scratch};                                    \
-        vor::dft::out_columns<vor::dft::Direction::D, false>(radix, source, destination, v,        \
-                                                             static_cast<const C*>(nullptr));      \
+        vor::dft::out_leaf<vor::dft::Direction::D>(radix, source, destination, v);                 \
     }
 KERNELS(Fwd, forward, 32fc, float, vor::cfloat)
 KERNELS(Inv, inverse, 32fc, float, vor::cfloat)

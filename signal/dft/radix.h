@@ -64,8 +64,7 @@ VOR_INLINE inline Sums<E> symmetric_sum(E start, const Pair<E>* pairs, int count
 
 template <int F>
 struct FixedRadix {
-    static_assert(F == 3 || F == 5);
-
+    static constexpr int kFixed = F;
     static constexpr int size() { return F; }
     static constexpr int step() { return F - 1; }
     template <class C>
@@ -75,6 +74,7 @@ struct FixedRadix {
 
     template <class E, class GetPair, class First, class Each>
     VOR_INLINE void run(E a0, GetPair pair, First first, Each each) const {
+        static_assert(F == 3 || F == 5);
         using T = real_t<E>;
         if constexpr (F == 3) {
             constexpr T kMinusHalf = -0.5, kSine = static_cast<T>(-0.8660254037844386);
@@ -94,9 +94,10 @@ struct FixedRadix {
     }
 };
 
-// Any odd radix from 3 on. `scratch` holds f - 1 complex elements.
+// Any odd radix from 3 on. A column has f twiddles, the unit entry included. `scratch` holds f - 1 complex elements.
 template <class T>
 struct TableRadix {
+    static constexpr int kFixed = 0;
     int f;
     const complex_t<T>* table; // W^k, k = 0 to f-1
     void* scratch;
@@ -119,29 +120,34 @@ struct TableRadix {
     }
 };
 
-// A whole transform of length F in registers.
-template <int F, Direction D, Complex C>
-VOR_INLINE inline void butterfly(C (&a)[F]) {
-    if constexpr (F == 1) return;
-    if constexpr (F == 2) {
-        const Pair<C> p = make_pair(a[0], a[1]);
-        a[0] = p.s, a[1] = p.d;
-    } else if constexpr (F == 4) {
-        const Pair<C> even = make_pair(a[0], a[2]), odd = make_pair(a[1], a[3]);
-        a[0] = even.s + odd.s;
-        a[2] = even.s - odd.s;
-        C& first = D == Direction::forward ? a[1] : a[3];
-        C& second = D == Direction::forward ? a[3] : a[1];
-        first = {even.d.re + odd.d.im, even.d.im - odd.d.re};
-        second = {even.d.re - odd.d.im, even.d.im + odd.d.re};
-    } else if constexpr (F == 3 || F == 5) {
-        const C a0 = a[0];
-        C y[F];
-        FixedRadix<F>{}.run(
-            a0, [&](int m) VOR_INLINE { return make_pair(a[m], a[F - m]); },
-            [&](C y0) VOR_INLINE { y[0] = y0; },
-            [&](int k, Sums<C> t) VOR_INLINE { place<D>(t, y[k], y[F - k]); });
-        for (int m = 0; m < F; ++m) a[m] = y[m];
+// The transform of the operands load(0) to load(f-1); store(k, y) takes each result. All operands are
+// read before the first result is stored, so results may overwrite operands.
+template <Direction D, Complex C, class Radix, class Load, class Store>
+VOR_INLINE inline void transform(Radix radix, Load load, Store store) {
+    if constexpr (Radix::kFixed == 1) {
+        store(0, load(0));
+    } else if constexpr (Radix::kFixed == 2) {
+        const Pair<C> p = make_pair<C>(load(0), load(1));
+        store(0, p.s);
+        store(1, p.d);
+    } else if constexpr (Radix::kFixed == 4) {
+        const Pair<C> even = make_pair<C>(load(0), load(2)), odd = make_pair<C>(load(1), load(3));
+        store(0, even.s + odd.s);
+        store(2, even.s - odd.s);
+        constexpr int kFirst = D == Direction::forward ? 1 : 3;
+        store(kFirst, C{even.d.re + odd.d.im, even.d.im - odd.d.re});
+        store(4 - kFirst, C{even.d.re - odd.d.im, even.d.im + odd.d.re});
+    } else {
+        const int f = radix.size();
+        radix.template run<C>(
+            load(0), [&](int m) VOR_INLINE { return make_pair<C>(load(m), load(f - m)); },
+            [&](C y0) VOR_INLINE { store(0, y0); },
+            [&](int k, Sums<C> t) VOR_INLINE {
+                C y, mirror;
+                place<D>(t, y, mirror);
+                store(k, y);
+                store(f - k, mirror);
+            });
     }
 }
 

@@ -11,22 +11,17 @@
 namespace vor::dft {
 namespace {
 
-template <int F, Direction D, Complex C>
-VOR_INLINE inline void stage(const C* x, C* y, int r, int blocks, const C* twiddle) {
-    for (int b = 0; b < blocks; ++b, x += F * r, y += F * r) {
-        column<F, D, false>(x, y, r, r, twiddle);
+template <Direction D, class Radix, Complex C>
+VOR_INLINE inline void stage(Radix radix, const C* x, C* y, int r, int blocks, const C* twiddle) {
+    const int length = radix.size() * r;
+    for (int b = 0; b < blocks; ++b, x += length, y += length) {
+        column<D>(radix, x, y, r, r);
         const C* w = twiddle;
         for (int j = 1; j < r; ++j) {
-            w += F - 1;
-            column<F, D, true>(x + j, y + j, r, r, w);
+            w += radix.step();
+            column<D, Twiddles::before>(radix, x + j, y + j, r, r, w);
         }
     }
-}
-
-template <Direction D, class T, Complex C = complex_t<T>>
-VOR_INLINE inline void table_stage(const C* x, C* y, TableRadix<T> radix, int r, const C* twiddle) {
-    column<D, false>(radix, x, y, r, r, twiddle);
-    for (int j = 1; j < r; ++j) column<D, true>(radix, x + j, y + j, r, r, twiddle + j * radix.f);
 }
 
 } // namespace
@@ -35,7 +30,8 @@ VOR_INLINE inline void table_stage(const C* x, C* y, TableRadix<T> radix, int r,
 #define STAGE(F, Dir, D, suffix, C)                                                                \
     extern "C" void tavs_cDft##Dir##_Fact##F##_##suffix(const C* source, C* destination, int r,    \
                                                         int blocks, const C* twiddle) {            \
-        vor::dft::stage<F, vor::dft::Direction::D>(source, destination, r, blocks, twiddle);       \
+        vor::dft::stage<vor::dft::Direction::D>(vor::dft::FixedRadix<F>{}, source, destination, r, \
+                                                blocks, twiddle);                                  \
     }
 #define STAGES(Dir, D, suffix, T, C)                                                               \
     STAGE(2, Dir, D, suffix, C)                                                                    \
@@ -46,7 +42,7 @@ VOR_INLINE inline void table_stage(const C* x, C* y, TableRadix<T> radix, int r,
                                                    const C* table, const C* twiddle,               \
                                                    void* scratch) {                                \
         const vor::dft::TableRadix<T> radix{f, table, scratch};                                    \
-        vor::dft::table_stage<vor::dft::Direction::D>(source, destination, radix, r, twiddle);     \
+        vor::dft::stage<vor::dft::Direction::D>(radix, source, destination, r, 1, twiddle);        \
     }
 STAGES(Fwd, forward, 32fc, float, vor::cfloat)
 STAGES(Inv, inverse, 32fc, float, vor::cfloat)

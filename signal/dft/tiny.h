@@ -8,10 +8,9 @@ namespace vor::dft {
 
 template <int N, Direction D, bool kScaled, Complex C>
 void tiny(const C* x, C* y, real_t<C> factor) {
-    C a[N];
-    for (int m = 0; m < N; ++m) a[m] = x[m];
-    butterfly<N, D>(a);
-    for (int m = 0; m < N; ++m) y[m] = kScaled ? factor * a[m] : a[m];
+    transform<D, C>(
+        FixedRadix<N>{}, [&](int m) VOR_INLINE { return x[m]; },
+        [&](int m, C a) VOR_INLINE { y[m] = kScaled ? factor * a : a; });
 }
 
 template <int N, class T>

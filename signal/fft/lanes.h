@@ -26,6 +26,16 @@ inline Four operator-(Four a, Four b) {
     return {_mm_sub_ps(a.re, b.re), _mm_sub_ps(a.im, b.im)};
 }
 
+// Keeps a loaded value in its register: the compiler would rather load it again for each use, and two
+// loads a cycle are what bounds the passes.
+inline __m128 held(__m128 x) {
+    asm("" : "+x"(x));
+    return x;
+}
+inline Four held(Four x) {
+    return {held(x.re), held(x.im)};
+}
+
 // x w, or x conj(w).
 template <bool inverse>
 inline Four times(Four x, Four w) {
@@ -48,16 +58,6 @@ inline Four plus_turned(Four a, Four b) {
 template <bool inverse>
 inline Four minus_turned(Four a, Four b) {
     return plus_turned<!inverse>(a, b);
-}
-
-// Radix-4 butterfly of inputs in bit-reversed order: x[1] belongs to the sequence of offset 2.
-template <bool inverse>
-inline void butterfly(Four (&x)[4]) {
-    const Four s = x[0] + x[1], u = x[0] - x[1], t = x[2] + x[3], v = x[2] - x[3];
-    x[0] = s + t;
-    x[1] = plus_turned<inverse>(u, v);
-    x[2] = s - t;
-    x[3] = minus_turned<inverse>(u, v);
 }
 
 // ---- Memory. A position is a pointer to the first of the eight floats of a group of four.
@@ -89,21 +89,10 @@ struct Interleaved { // at any address
     }
 };
 
-// Four complex numbers from four places.
-inline Four gather(const float* a, const float* b, const float* c, const float* d) {
-    const auto pair = [](const float* low, const float* high) {
-        __m128 x = _mm_loadl_pi(_mm_setzero_ps(), reinterpret_cast<const __m64*>(low));
-        return _mm_loadh_pi(x, reinterpret_cast<const __m64*>(high));
-    };
-    const __m128 x = pair(a, b), y = pair(c, d);
-    return {_mm_shuffle_ps(x, y, _MM_SHUFFLE(2, 0, 2, 0)),
-            _mm_shuffle_ps(x, y, _MM_SHUFFLE(3, 1, 3, 1))};
-}
-
-// The lanes of x[0] to x[3] become the elements 0 to 3 of each.
-inline void transpose(Four (&x)[4]) {
-    _MM_TRANSPOSE4_PS(x[0].re, x[1].re, x[2].re, x[3].re);
-    _MM_TRANSPOSE4_PS(x[0].im, x[1].im, x[2].im, x[3].im);
+// The lanes of a become the first element of each, those of b the second, and so on.
+inline void transpose(Four& a, Four& b, Four& c, Four& d) {
+    _MM_TRANSPOSE4_PS(a.re, b.re, c.re, d.re);
+    _MM_TRANSPOSE4_PS(a.im, b.im, c.im, d.im);
 }
 
 } // namespace vor::fft

@@ -103,10 +103,14 @@ void merge(const float* row, int width, float* lanes, int rows, const float* pro
 template <class Form>
 void split_lanes(const float* lanes, int rows, float* row, int width) {
     for (int i = 0; i < rows; i += 4, lanes += 8) {
-        Four x[4];
-        for (int t = 0; t < 4; ++t) x[t] = load_lanes(lanes + 2 * t * rows);
-        transpose(x);
-        for (int t = 0; t < 4; ++t, row += 2 * width) Form::store(row, x[t]);
+        Four a = load_lanes(lanes), b = load_lanes(lanes + 2 * rows),
+             c = load_lanes(lanes + 4 * rows), d = load_lanes(lanes + 6 * rows);
+        transpose(a, b, c, d);
+        Form::store(row, a);
+        Form::store(row + 2 * width, b);
+        Form::store(row + 4 * width, c);
+        Form::store(row + 6 * width, d);
+        row += 8 * width;
     }
 }
 

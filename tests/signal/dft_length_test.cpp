@@ -5,7 +5,7 @@
 namespace vor::test {
 namespace {
 
-constexpr double kBound = 1.5; // docs/numerics.md
+constexpr double kBound = 1.0; // docs/numerics.md
 
 // A random sequence that both precisions hold, and its spectrum; and the same of its real part.
 struct Sequence {
@@ -102,8 +102,7 @@ TEST(DftLength, Seams) {
                   16 * 1009,
                   20011,
                   30030,
-                  100000,
-                  131071})
+                  100000})
         if (!testing::Test::HasFailure()) check_length(n, errors);
 }
 
@@ -138,7 +137,7 @@ void check_impulses(int n, WorstError& worst) {
 
 TEST(DftLength, LongLengths) {
     WorstError worst("long lengths");
-    for (int n : {131071, 262139, 524309, 531441, 786432, 823543, 999999, 1000000, 2 * 262139}) {
+    for (int n : {131071, 531441, 786432, 823543, 999999, 2 * 262139}) {
         check_impulses<DftComplex32>(n, worst);
         check_impulses<DftComplex64>(n, worst);
         check_impulses<DftReal32>(n, worst);
