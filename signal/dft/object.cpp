@@ -5,6 +5,7 @@
 // of even length N works on N/2 complex values between recombinations.
 //
 // An object is immutable from the end of its build to its release.
+#include "serv/bits.h"
 #include "signal/dft/kernels.h"
 #include "signal/dft/kinds.h"
 
@@ -86,7 +87,7 @@ TavStatus init_tables(Context<T>& ctx) {
 template <class K, class T>
 TavStatus init_power_of_two(Context<T>& ctx, int flag) {
     ctx.isPow2 = 1;
-    const int order = __builtin_ctz(static_cast<unsigned>(ctx.lenDft));
+    const int order = vor::trailing_zeros(static_cast<unsigned>(ctx.lenDft));
     const TavStatus status = K::fft_init(&ctx.fftSpec, order, flag, ctx.hint);
     return status == tavStsNoErr ? K::fft_buffer(ctx.fftSpec, &ctx.bufSize) : status;
 }

@@ -23,9 +23,7 @@ struct Descriptor {
             dfti_create_descriptor_highd(&handle, &precision, &domain, &dimension, lengths.data()),
             0);
     }
-    ~Descriptor() {
-        EXPECT_EQ(DftiFreeDescriptor(&handle), 0);
-    }
+    ~Descriptor() { EXPECT_EQ(DftiFreeDescriptor(&handle), 0); }
     int set(int parameter, int value) {
         return dfti_set_value_intval_(&handle, &parameter, &value);
     }

@@ -26,7 +26,8 @@ using Spectrum = std::vector<std::complex<double>>;
 constexpr double kPublishedPeriod = 11.1, kSpread = 0.5;
 
 void check(int status) {
-    if (status != DFTI_NO_ERROR) throw Failure(std::string("transform: ") + DftiErrorMessage(status));
+    if (status != DFTI_NO_ERROR)
+        throw Failure(std::string("transform: ") + DftiErrorMessage(status));
 }
 
 // X[0] .. X[n/2] of n reals.
