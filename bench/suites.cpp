@@ -8,6 +8,8 @@ namespace vor::bench {
 Suite all_cases() {
     const std::vector<Suite (*)()> families = {
         level1_cases,
+        level2_cases,
+        gemm_cases,
         service_cases,
         dfti_cases,
     };
