@@ -24,7 +24,8 @@ constexpr int kColours = 3;
 
 // Column-major.
 struct Matrix {
-    Matrix(int m, int n) : rows(m), columns(n), values(static_cast<size_t>(m) * static_cast<size_t>(n)) {}
+    Matrix(int m, int n)
+        : rows(m), columns(n), values(static_cast<size_t>(m) * static_cast<size_t>(n)) {}
     double* column(int j) { return values.data() + static_cast<ptrdiff_t>(j) * rows; }
     double& operator()(int i, int j) { return column(j)[i]; }
     int rows, columns;
@@ -40,7 +41,7 @@ public:
         const double one = 1, zero = 0;
         const auto start = std::chrono::steady_clock::now();
         dgemm(op_a, op_b, &c.rows, &c.columns, &k, &one, a.values.data(), &a.rows, b.values.data(),
-              &b.rows, &zero, c.values.data(), &c.rows, 1, 1);
+              &b.rows, &zero, c.values.data(), &c.rows);
         const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
         seconds_ += time.count();
         operations_ += 2.0 * c.rows * c.columns * k;
@@ -125,8 +126,8 @@ bool compressed_photograph(const Tour& tour) {
                 100 * kept, 100 * left);
     std::printf("%d products by dgemm: %.0f ms, %.2f GFLOP/s\n\n", 2 * kSteps + 2,
                 1000 * products.seconds(), products.rate() * 1e-9);
-    for (const auto& [name, image] :
-         {std::pair("photograph-before.png", picture), {"photograph-after.png", as_picture(nearest)}}) {
+    for (const auto& [name, image] : {std::pair("photograph-before.png", picture),
+                                      {"photograph-after.png", as_picture(nearest)}}) {
         write_png(tour.output + "/" + name, image);
         std::printf("picture: %s/%s\n", tour.output.c_str(), name);
     }
