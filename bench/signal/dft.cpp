@@ -87,17 +87,13 @@ Suite dft_cases() {
         suite.push_back(case_of("DFT 64f", n, true, Limit::x87, transform<double>(kReal64, n)));
         suite.push_back(case_of("DFT 32f", n, true, Limit::vector, transform<float>(kReal32, n)));
     }
-    {
-        constexpr int n = 100000;
-        suite.push_back(case_of("DFT out of order 64fc", n, false, Limit::x87,
-                                transform<cdouble>(kOutOfOrder64, n)));
-        suite.back().rivals.push_back(
-            {.name = "in order", .bind = transform<cdouble>(kComplex64, n)});
-        suite.push_back(case_of("DFT out of order 32fc", n, false, Limit::vector,
-                                transform<cfloat>(kOutOfOrder32, n)));
-        suite.back().rivals.push_back(
-            {.name = "in order", .bind = transform<cfloat>(kComplex32, n)});
-    }
+    constexpr int n = 100000;
+    suite.push_back(case_of("DFT out of order 64fc", n, false, Limit::x87,
+                            transform<cdouble>(kOutOfOrder64, n)));
+    suite.back().rivals.push_back({.name = "in order", .bind = transform<cdouble>(kComplex64, n)});
+    suite.push_back(case_of("DFT out of order 32fc", n, false, Limit::vector,
+                            transform<cfloat>(kOutOfOrder32, n)));
+    suite.back().rivals.push_back({.name = "in order", .bind = transform<cfloat>(kComplex32, n)});
     return suite;
 }
 

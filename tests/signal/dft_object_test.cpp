@@ -160,8 +160,7 @@ TYPED_TEST(DftObjects, Alignment) {
             ASSERT_EQ(call(x.data(), y.data(), aligned.get(), aligned.buffer()), tavStsNoErr);
             for (size_t offset = 0; offset < 16; ++offset) {
                 DftObject<Kind> object(n, TAV_FFT_NODIV_BY_ANY, offset);
-                const size_t data_offset = offset % 4 * 4;
-                Guarded<E> source(n + 2, data_offset), z(n + 2, 12 - data_offset);
+                Guarded<E> source(n + 2, offset), z(n + 2, 15 - offset);
                 std::copy(x.begin(), x.end(), source.begin());
                 std::copy(y.begin(), y.end(), z.begin());
                 void* const buffer = offset == 15 ? nullptr : object.buffer();
