@@ -10,6 +10,7 @@
 // line for each element: an index is three top bits, middle bits and three bottom bits (Carter, Gatlin,
 // Towards an optimal bit-reversal permutation program, FOCS 1998). The 8 x 8 elements of one middle are
 // read from 8 runs and written to the 8 runs of the reversed middle, whole lines both times.
+#include "serv/bits.h"
 #include "signal/fft/kernels.h"
 #include "signal/fft/tables.h"
 
@@ -116,7 +117,7 @@ void reverse_tile(const vor::cfloat* in, vor::cfloat* out, size_t in_stride, siz
 template <class Tile>
 void all_tiles(int n, Tile tile) {
     const unsigned middles = static_cast<unsigned>(n) / (kTile * kTile);
-    const int bits = __builtin_ctz(middles);
+    const int bits = vor::trailing_zeros(middles);
     for (unsigned m = 0; m < middles; ++m) tile(kTile * m, kTile * vor::fft::reverse_bits(m, bits));
 }
 
