@@ -7,14 +7,11 @@ namespace vor::bench {
 
 Suite all_cases() {
     const std::vector<Suite (*)()> families = {
-<<<<<<< HEAD
         level1_cases, level2_cases, gemm_cases, service_cases, dfti_cases,
-=======
         level1_cases,
         dft_cases,
         service_cases,
         dfti_cases,
->>>>>>> dft
     };
     Suite all;
     for (const auto family : families) {

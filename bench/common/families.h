@@ -8,12 +8,9 @@ namespace vor::bench {
 
 Suite dfti_cases();
 Suite level1_cases();
-<<<<<<< HEAD
 Suite gemm_cases();
 Suite level2_cases();
-=======
 Suite dft_cases();
->>>>>>> dft
 Suite service_cases();
 
 } // namespace vor::bench
