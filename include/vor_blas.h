@@ -257,7 +257,6 @@ VOR_SPELLINGS(void, sroti, SROTI,
 VOR_SPELLINGS(void, droti, DROTI,
               (const int* n, double* x, const int* indx, double* y, const double* c,
                const double* s))
-
 /* ---- Matrices --------------------------------------------------------------------------------
  * Level 2 (Dongarra, Du Croz, Hammarling, Hanson: An Extended Set of Fortran BLAS, ACM TOMS 14 (1988)
  * 1-17) and Level 3 (Dongarra, Du Croz, Duff, Hammarling: A Set of Level 3 BLAS, ACM TOMS 16 (1990)

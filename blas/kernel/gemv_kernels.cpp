@@ -29,10 +29,12 @@ template <Op op, int columns, class T, class X, class Y>
     using V = vor::wide_t<T>;
     Numbers<columns, V> t;
     if constexpr (op == Op::n) {
+#pragma GCC unroll 4
         for (int q = 0; q < columns; ++q) t.of[q] = number<V>(alpha) * number<V>(x[q]);
-        vor::add_columns<false>(rows, a, t, y);
+        vor::add_columns(rows, a, t, y);
     } else {
         vor::dot_columns<op == Op::c>(rows, a, x, t);
+#pragma GCC unroll 4
         for (int q = 0; q < columns; ++q)
             y[q] = vor::element<T>(number<V>(y[q]) + number<V>(alpha) * t.of[q]);
     }
@@ -57,7 +59,8 @@ template <Op op, int group, Prefetch prefetch, class T, class X, class Y>
 
 template <Op op, class T>
 void rest(int rows, int n, T alpha, const T* a, int lda, const T* x, int incx, T* y, int incy) {
-    constexpr int kGroup = 4;
+    // Complex columns keep to what the x87 stack holds.
+    constexpr int kGroup = !vor::is_complex<T> ? 4 : op == Op::n ? 2 : 1;
     if (incx == 1 && incy == 1)
         multiply<op, kGroup, Prefetch::no>(rows, n, alpha, a, lda,
                                            vor::Vector<const T, vor::Unit>{x, {}},
@@ -82,21 +85,23 @@ void rest(int rows, int n, T alpha, const T* a, int lda, const T* x, int incx, T
                                                vor::Vector<const T, int>{x, *incx},                \
                                                vor::Vector<T, int>{y, *incy});                     \
     }
+// n kernels round y after each group. The sums of t and c kernels are those of single columns: four of
+// them side by side hide the latency of the addition, a complex one fills the x87 stack.
 #define KERNELS(p, T, op, unit_group, stepped_group)                                               \
     UNIT_KERNEL(p##gemv##op##oo, T, op, unit_group, yes)                                           \
     STEPPED_KERNEL(p##gemv##op##aa, T, op, stepped_group)
 KERNELS(s, float, n, 4, 4)
-KERNELS(s, float, t, 2, 2)
+KERNELS(s, float, t, 4, 4)
 KERNELS(d, double, n, 2, 2)
-KERNELS(d, double, t, 2, 2)
+KERNELS(d, double, t, 4, 4)
 KERNELS(c, vor::cfloat, n, 2, 2)
-KERNELS(c, vor::cfloat, t, 2, 2)
-KERNELS(c, vor::cfloat, c, 2, 2)
+KERNELS(c, vor::cfloat, t, 1, 1)
+KERNELS(c, vor::cfloat, c, 1, 1)
 KERNELS(z, vor::cdouble, n, 2, 1)
 KERNELS(z, vor::cdouble, t, 1, 1)
 KERNELS(z, vor::cdouble, c, 1, 1)
 UNIT_KERNEL(dgemvnoo_def, double, n, 2, no)
-UNIT_KERNEL(dgemvtoo_def, double, t, 2, no)
+UNIT_KERNEL(dgemvtoo_def, double, t, 4, no)
 
 #define REST(p, T)                                                                                 \
     VOR_ENGINE void vor_blas_##p##gemvpst PARAMS_GEMV_AA(T) {                                      \

@@ -34,17 +34,34 @@ struct Numbers {
 // ---- Any type, any step ------------------------------------------------------------------------
 
 // y[i] += t[0] a[0][i] + t[1] a[1][i] + ..., rounded once
-template <bool conjugate, int columns, class T, class V, class Y>
+template <int columns, class T, class V, class Y>
 [[gnu::always_inline]] inline void add_columns(int rows, const Columns<columns, T>& a,
                                                const Numbers<columns, V>& t, Y y) {
 #pragma GCC unroll 4
     for (int i = 0; i < rows; ++i) {
-        V sum = product<conjugate>(number<V>(a.first[0][i]), t.of[0]) + number<V>(y[i]);
+        V sum = number<V>(a.first[0][i]) * t.of[0] + number<V>(y[i]);
 #pragma GCC unroll 4
-        for (int q = 1; q < columns; ++q)
-            sum = sum + product<conjugate>(number<V>(a.first[q][i]), t.of[q]);
+        for (int q = 1; q < columns; ++q) sum = sum + number<V>(a.first[q][i]) * t.of[q];
         y[i] = element<T>(sum);
     }
+}
+
+// The same for two complex columns in extended precision: real parts, then imaginary parts, so that
+// the four factors of a pass stay on the x87 stack.
+template <class T, class Y>
+[[gnu::always_inline]] inline void add_columns(int rows, const Columns<2, T>& a,
+                                               const Numbers<2, Pair<long double>>& t, Y y) {
+    const auto add_part = [&](auto part, Pair<long double> u, Pair<long double> v) {
+#pragma GCC unroll 2
+        for (int i = 0; i < rows; ++i) {
+            const T &first = a.first[0][i], &second = a.first[1][i];
+            y[i].*part = static_cast<real_t<T>>(u.re * first.re + y[i].*part + u.im * first.im +
+                                                v.re * second.re + v.im * second.im);
+        }
+    };
+    const auto &u = t.of[0], &v = t.of[1];
+    add_part(&T::re, {u.re, -u.im}, {v.re, -v.im});
+    add_part(&T::im, {u.im, u.re}, {v.im, v.re});
 }
 
 // s[q] += sum of a[q][i] x[i]
@@ -75,6 +92,32 @@ template <bool conjugate, int columns, class T, class V, class X, class Y>
             sum = sum + product<false>(aqi, t.of[q]);
         }
         y[i] = element<T>(sum);
+    }
+}
+
+// The same for complex columns in extended precision, whose factors and sums have no room on the x87
+// stack together: by tiles that stay in the cache, and in pairs of columns, after each of which y is
+// rounded.
+template <bool conjugate, int columns, class T, class X, class Y>
+[[gnu::always_inline]] inline void add_and_dot_columns(int rows, const Columns<columns, T>& a,
+                                                       const Numbers<columns, Pair<long double>>& t,
+                                                       X x, Y y,
+                                                       Numbers<columns, Pair<long double>>& s) {
+    constexpr int kTile = 32, kPair = columns > 1 ? 2 : 1;
+    for (int i = 0; i < rows; i += kTile) {
+        const int count = rows - i < kTile ? rows - i : kTile;
+        for (int q = 0; q < columns; q += kPair) {
+            Columns<kPair, T> pair;
+            Numbers<kPair, Pair<long double>> factors;
+            for (int p = 0; p < kPair; ++p) {
+                pair.first[p] = a.first[q + p] + i;
+                factors.of[p] = t.of[q + p];
+                Numbers<1, Pair<long double>> sum = {s.of[q + p]};
+                dot_columns<conjugate>(count, Columns<1, T>{pair.first[p]}, x.from(i), sum);
+                s.of[q + p] = sum.of[0];
+            }
+            add_columns(count, pair, factors, y.from(i));
+        }
     }
 }
 
@@ -148,7 +191,7 @@ template <int columns>
     return q == 0 ? _mm_load_ps(a.first[0] + i) : _mm_loadu_ps(a.first[q] + i);
 }
 
-template <bool conjugate, int columns>
+template <int columns>
 void add_columns(int rows, const Columns<columns, float>& a, const Numbers<columns, float>& t,
                  Vector<float, Unit> y) {
     float* const to = y.first;

@@ -41,7 +41,7 @@ void step(const Band<T>& band, int j, T alpha, X x, Y y) {
         if constexpr (transpose)
             vor::dot_columns<conjugate>(count, block, x.from(row), numbers);
         else
-            vor::add_columns<false>(count, block, numbers, y.from(row));
+            vor::add_columns(count, block, numbers, y.from(row));
     };
     const int shared = band.first(j + columns - 1), behind = band.behind(j);
     act(shared, behind - shared, band.template columns_from<columns>(shared, j), t);

@@ -62,7 +62,7 @@ void multiply_step(const A& op, int j, bool ascending, X x) {
         dot_columns<A::kConjugated>(rows.count, block, read_only(x.from(rows.first)), s);
     } else {
         for (int q = 0; q < columns; ++q) s.of[q] = number<V>(x[j + q]);
-        add_columns<false>(rows.count, block, s, x.from(rows.first));
+        add_columns(rows.count, block, s, x.from(rows.first));
     }
     for (int step = 0; step < columns; ++step) {
         const int q = ascending ? step : columns - 1 - step;
@@ -107,7 +107,7 @@ void solve_step(const A& op, int j, bool ascending, X x) {
     }
     if constexpr (!A::kTransposed) {
         for (int q = 0; q < columns; ++q) s.of[q] = V{} - number<V>(x[j + q]);
-        add_columns<false>(rows.count, block, s, x.from(rows.first));
+        add_columns(rows.count, block, s, x.from(rows.first));
     }
 }
 
