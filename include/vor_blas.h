@@ -257,6 +257,7 @@ VOR_SPELLINGS(void, sroti, SROTI,
 VOR_SPELLINGS(void, droti, DROTI,
               (const int* n, double* x, const int* indx, double* y, const double* c,
                const double* s))
+
 /* ---- Matrices --------------------------------------------------------------------------------
  * Level 2 (Dongarra, Du Croz, Hammarling, Hanson: An Extended Set of Fortran BLAS, ACM TOMS 14 (1988)
  * 1-17) and Level 3 (Dongarra, Du Croz, Duff, Hammarling: A Set of Level 3 BLAS, ACM TOMS 16 (1990)
@@ -450,6 +451,167 @@ VOR_SPELLINGS(void, dgemm, DGEMM, VOR_ARGUMENTS(double))
 VOR_SPELLINGS(void, cgemm, CGEMM, VOR_ARGUMENTS(VOR_SCOMPLEX))
 VOR_SPELLINGS(void, zgemm, ZGEMM, VOR_ARGUMENTS(VOR_DCOMPLEX))
 #undef VOR_ARGUMENTS
+
+/* ?trsm: B := alpha * op(A)^-1 * B for side 'L', B := alpha * B * op(A)^-1 for side 'R'.
+ *
+ * B is m by n; A is triangular (uplo 'U' upper, 'L' lower), m by m on the left, n by n on the right;
+ * its other triangle is not read. diag 'U': the diagonal counts as 1 and is not read. A zero on the
+ * diagonal is not looked for: it gives infinities and NaNs. alpha = 0: B := 0. Blocked
+ * right-looking substitution. Each right side is solved with a small backward error; doubles are summed
+ * in extended precision inside a block. Threads share out the right sides. */
+VOR_SPELLINGS(void, strsm, STRSM,
+              (const char* side, const char* uplo, const char* transa, const char* diag,
+               const int* m, const int* n, const float* alpha, const float* a, const int* lda,
+               float* b,
+               const int* ldb VOR_LENGTH(side) VOR_LENGTH(uplo) VOR_LENGTH(transa)
+                   VOR_LENGTH(diag)))
+VOR_SPELLINGS(void, dtrsm, DTRSM,
+              (const char* side, const char* uplo, const char* transa, const char* diag,
+               const int* m, const int* n, const double* alpha, const double* a, const int* lda,
+               double* b,
+               const int* ldb VOR_LENGTH(side) VOR_LENGTH(uplo) VOR_LENGTH(transa)
+                   VOR_LENGTH(diag)))
+VOR_SPELLINGS(void, ctrsm, CTRSM,
+              (const char* side, const char* uplo, const char* transa, const char* diag,
+               const int* m, const int* n, const VOR_SCOMPLEX* alpha, const VOR_SCOMPLEX* a,
+               const int* lda, VOR_SCOMPLEX* b,
+               const int* ldb VOR_LENGTH(side) VOR_LENGTH(uplo) VOR_LENGTH(transa)
+                   VOR_LENGTH(diag)))
+VOR_SPELLINGS(void, ztrsm, ZTRSM,
+              (const char* side, const char* uplo, const char* transa, const char* diag,
+               const int* m, const int* n, const VOR_DCOMPLEX* alpha, const VOR_DCOMPLEX* a,
+               const int* lda, VOR_DCOMPLEX* b,
+               const int* ldb VOR_LENGTH(side) VOR_LENGTH(uplo) VOR_LENGTH(transa)
+                   VOR_LENGTH(diag)))
+
+/* ?trmm: B := alpha * op(A) * B for side 'L', B := alpha * B * op(A) for side 'R'. Shapes, letters and
+ * unread memory as for ?trsm. */
+VOR_SPELLINGS(void, strmm, STRMM,
+              (const char* side, const char* uplo, const char* transa, const char* diag,
+               const int* m, const int* n, const float* alpha, const float* a, const int* lda,
+               float* b,
+               const int* ldb VOR_LENGTH(side) VOR_LENGTH(uplo) VOR_LENGTH(transa)
+                   VOR_LENGTH(diag)))
+VOR_SPELLINGS(void, dtrmm, DTRMM,
+              (const char* side, const char* uplo, const char* transa, const char* diag,
+               const int* m, const int* n, const double* alpha, const double* a, const int* lda,
+               double* b,
+               const int* ldb VOR_LENGTH(side) VOR_LENGTH(uplo) VOR_LENGTH(transa)
+                   VOR_LENGTH(diag)))
+VOR_SPELLINGS(void, ctrmm, CTRMM,
+              (const char* side, const char* uplo, const char* transa, const char* diag,
+               const int* m, const int* n, const VOR_SCOMPLEX* alpha, const VOR_SCOMPLEX* a,
+               const int* lda, VOR_SCOMPLEX* b,
+               const int* ldb VOR_LENGTH(side) VOR_LENGTH(uplo) VOR_LENGTH(transa)
+                   VOR_LENGTH(diag)))
+VOR_SPELLINGS(void, ztrmm, ZTRMM,
+              (const char* side, const char* uplo, const char* transa, const char* diag,
+               const int* m, const int* n, const VOR_DCOMPLEX* alpha, const VOR_DCOMPLEX* a,
+               const int* lda, VOR_DCOMPLEX* b,
+               const int* ldb VOR_LENGTH(side) VOR_LENGTH(uplo) VOR_LENGTH(transa)
+                   VOR_LENGTH(diag)))
+
+/* ?symm, ?hemm: C := alpha * A * B + beta * C for side 'L', C := alpha * B * A + beta * C for side 'R'.
+ *
+ * B and C are m by n; A is symmetric (?hemm: Hermitian), m by m on the left, n by n on the right. Only
+ * the triangle named by uplo is read, and of a Hermitian diagonal only the real parts. Threads share
+ * out the columns (left) or the rows (right) of C. When scratch memory is short the work goes
+ * on in smaller blocks. */
+VOR_SPELLINGS(void, ssymm, SSYMM,
+              (const char* side, const char* uplo, const int* m, const int* n, const float* alpha,
+               const float* a, const int* lda, const float* b, const int* ldb, const float* beta,
+               float* c, const int* ldc VOR_LENGTH(side) VOR_LENGTH(uplo)))
+VOR_SPELLINGS(void, dsymm, DSYMM,
+              (const char* side, const char* uplo, const int* m, const int* n, const double* alpha,
+               const double* a, const int* lda, const double* b, const int* ldb, const double* beta,
+               double* c, const int* ldc VOR_LENGTH(side) VOR_LENGTH(uplo)))
+VOR_SPELLINGS(void, csymm, CSYMM,
+              (const char* side, const char* uplo, const int* m, const int* n,
+               const VOR_SCOMPLEX* alpha, const VOR_SCOMPLEX* a, const int* lda,
+               const VOR_SCOMPLEX* b, const int* ldb, const VOR_SCOMPLEX* beta, VOR_SCOMPLEX* c,
+               const int* ldc VOR_LENGTH(side) VOR_LENGTH(uplo)))
+VOR_SPELLINGS(void, zsymm, ZSYMM,
+              (const char* side, const char* uplo, const int* m, const int* n,
+               const VOR_DCOMPLEX* alpha, const VOR_DCOMPLEX* a, const int* lda,
+               const VOR_DCOMPLEX* b, const int* ldb, const VOR_DCOMPLEX* beta, VOR_DCOMPLEX* c,
+               const int* ldc VOR_LENGTH(side) VOR_LENGTH(uplo)))
+VOR_SPELLINGS(void, chemm, CHEMM,
+              (const char* side, const char* uplo, const int* m, const int* n,
+               const VOR_SCOMPLEX* alpha, const VOR_SCOMPLEX* a, const int* lda,
+               const VOR_SCOMPLEX* b, const int* ldb, const VOR_SCOMPLEX* beta, VOR_SCOMPLEX* c,
+               const int* ldc VOR_LENGTH(side) VOR_LENGTH(uplo)))
+VOR_SPELLINGS(void, zhemm, ZHEMM,
+              (const char* side, const char* uplo, const int* m, const int* n,
+               const VOR_DCOMPLEX* alpha, const VOR_DCOMPLEX* a, const int* lda,
+               const VOR_DCOMPLEX* b, const int* ldb, const VOR_DCOMPLEX* beta, VOR_DCOMPLEX* c,
+               const int* ldc VOR_LENGTH(side) VOR_LENGTH(uplo)))
+
+/* ?syrk: C := alpha * op(A) * op(A)^T + beta * C, op(A) n by k: A for trans 'N', A^T for 'T' (real
+ * types also 'C').
+ * ?herk: C := alpha * op(A) * op(A)^H + beta * C with real alpha and beta, op(A) = A for trans 'N', A^H
+ * for 'C'.
+ *
+ * Only the triangle of C named by uplo is read and written; the diagonal of a Hermitian C comes out
+ * real. alpha = 0 or k = 0: C := beta * C. */
+VOR_SPELLINGS(void, ssyrk, SSYRK,
+              (const char* uplo, const char* trans, const int* n, const int* k, const float* alpha,
+               const float* a, const int* lda, const float* beta, float* c,
+               const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
+VOR_SPELLINGS(void, dsyrk, DSYRK,
+              (const char* uplo, const char* trans, const int* n, const int* k, const double* alpha,
+               const double* a, const int* lda, const double* beta, double* c,
+               const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
+VOR_SPELLINGS(void, csyrk, CSYRK,
+              (const char* uplo, const char* trans, const int* n, const int* k,
+               const VOR_SCOMPLEX* alpha, const VOR_SCOMPLEX* a, const int* lda,
+               const VOR_SCOMPLEX* beta, VOR_SCOMPLEX* c,
+               const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
+VOR_SPELLINGS(void, zsyrk, ZSYRK,
+              (const char* uplo, const char* trans, const int* n, const int* k,
+               const VOR_DCOMPLEX* alpha, const VOR_DCOMPLEX* a, const int* lda,
+               const VOR_DCOMPLEX* beta, VOR_DCOMPLEX* c,
+               const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
+VOR_SPELLINGS(void, cherk, CHERK,
+              (const char* uplo, const char* trans, const int* n, const int* k, const float* alpha,
+               const VOR_SCOMPLEX* a, const int* lda, const float* beta, VOR_SCOMPLEX* c,
+               const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
+VOR_SPELLINGS(void, zherk, ZHERK,
+              (const char* uplo, const char* trans, const int* n, const int* k, const double* alpha,
+               const VOR_DCOMPLEX* a, const int* lda, const double* beta, VOR_DCOMPLEX* c,
+               const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
+
+/* ?syr2k: C := alpha * op(A) * op(B)^T + alpha * op(B) * op(A)^T + beta * C.
+ * ?her2k: C := alpha * op(A) * op(B)^H + conj(alpha) * op(B) * op(A)^H + beta * C with real beta.
+ *
+ * Letters, the triangle and the diagonal of C as for ?syrk and ?herk. */
+VOR_SPELLINGS(void, ssyr2k, SSYR2K,
+              (const char* uplo, const char* trans, const int* n, const int* k, const float* alpha,
+               const float* a, const int* lda, const float* b, const int* ldb, const float* beta,
+               float* c, const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
+VOR_SPELLINGS(void, dsyr2k, DSYR2K,
+              (const char* uplo, const char* trans, const int* n, const int* k, const double* alpha,
+               const double* a, const int* lda, const double* b, const int* ldb, const double* beta,
+               double* c, const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
+VOR_SPELLINGS(void, csyr2k, CSYR2K,
+              (const char* uplo, const char* trans, const int* n, const int* k,
+               const VOR_SCOMPLEX* alpha, const VOR_SCOMPLEX* a, const int* lda,
+               const VOR_SCOMPLEX* b, const int* ldb, const VOR_SCOMPLEX* beta, VOR_SCOMPLEX* c,
+               const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
+VOR_SPELLINGS(void, zsyr2k, ZSYR2K,
+              (const char* uplo, const char* trans, const int* n, const int* k,
+               const VOR_DCOMPLEX* alpha, const VOR_DCOMPLEX* a, const int* lda,
+               const VOR_DCOMPLEX* b, const int* ldb, const VOR_DCOMPLEX* beta, VOR_DCOMPLEX* c,
+               const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
+VOR_SPELLINGS(void, cher2k, CHER2K,
+              (const char* uplo, const char* trans, const int* n, const int* k,
+               const VOR_SCOMPLEX* alpha, const VOR_SCOMPLEX* a, const int* lda,
+               const VOR_SCOMPLEX* b, const int* ldb, const float* beta, VOR_SCOMPLEX* c,
+               const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
+VOR_SPELLINGS(void, zher2k, ZHER2K,
+              (const char* uplo, const char* trans, const int* n, const int* k,
+               const VOR_DCOMPLEX* alpha, const VOR_DCOMPLEX* a, const int* lda,
+               const VOR_DCOMPLEX* b, const int* ldb, const double* beta, VOR_DCOMPLEX* c,
+               const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
 
 VOR_END_C
 

@@ -20,6 +20,7 @@ inline void pair(const float* a, const float* b, float* c) {
     __m128 re0 = _mm_setzero_ps(), im0 = re0, re1 = re0, im1 = re0;
 #pragma GCC unroll 16
     for (int q = 0; q < K / 4; ++q) {
+        asm volatile("" ::: "memory");
         const __m128 x = _mm_load_ps(b + 8 * q);
         re0 = _mm_add_ps(re0, _mm_mul_ps(_mm_load_ps(a + 16 * q), x));
         im0 = _mm_add_ps(im0, _mm_mul_ps(_mm_load_ps(a + 16 * q + 4), x));
@@ -28,6 +29,7 @@ inline void pair(const float* a, const float* b, float* c) {
     }
 #pragma GCC unroll 16
     for (int q = 0; q < K / 4; ++q) {
+        asm volatile("" ::: "memory");
         const __m128 x = _mm_load_ps(b + 8 * q + 4);
         im0 = _mm_add_ps(im0, _mm_mul_ps(_mm_load_ps(a + 16 * q), x));
         re0 = _mm_sub_ps(re0, _mm_mul_ps(_mm_load_ps(a + 16 * q + 4), x));

@@ -8,12 +8,20 @@ constexpr int kGroup = 4;
 
 template <int K>
 inline void group(const double* a, const double* b, double* c) {
-    long double sum[kGroup];
-    for (int r = 0; r < kGroup; ++r) sum[r] = static_cast<long double>(a[r]) * b[0];
-    for (int l = 1; l < K; ++l)
-        for (int r = 0; r < kGroup; ++r)
-            sum[r] += static_cast<long double>(a[l * kGroup + r]) * b[l];
-    for (int r = 0; r < kGroup; ++r) c[r] = static_cast<double>(sum[r] + c[r]);
+    long double x = b[0];
+    long double s0 = a[0] * x, s1 = a[1] * x, s2 = a[2] * x, s3 = a[3] * x;
+#pragma GCC unroll 64
+    for (int l = 1; l < K; ++l) {
+        x = b[l];
+        s0 += a[l * kGroup] * x;
+        s1 += a[l * kGroup + 1] * x;
+        s2 += a[l * kGroup + 2] * x;
+        s3 += a[l * kGroup + 3] * x;
+    }
+    c[0] = static_cast<double>(s0 + c[0]);
+    c[1] = static_cast<double>(s1 + c[1]);
+    c[2] = static_cast<double>(s2 + c[2]);
+    c[3] = static_cast<double>(s3 + c[3]);
 }
 
 template <int M, int K>

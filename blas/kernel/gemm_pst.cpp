@@ -20,17 +20,16 @@ using vor::Operand;
 template <int R, int S, class T>
 inline void tile(int k, T alpha, Operand<T> a, Operand<T> b, T* c, int ldc) {
     long double sum[S][R] = {};
-    const T* bs[S];
-    for (int s = 0; s < S; ++s) bs[s] = &b(0, s);
-    const T* ar = a.at;
-    for (int l = 0; l < k; ++l) {
-        for (int s = 0; s < S; ++s)
-            for (int r = 0; r < R; ++r)
-                sum[s][r] += static_cast<long double>(ar[r * a.row]) * bs[s][0];
-        ar += a.column;
-        for (int s = 0; s < S; ++s) bs[s] += b.row;
-    }
+    for (int l = 0; l < k; ++l, a.at += a.column, b.at += b.row)
+#pragma GCC unroll 4
+        for (int s = 0; s < S; ++s) {
+            const long double y = b(0, s);
+#pragma GCC unroll 4
+            for (int r = 0; r < R; ++r) sum[s][r] += a(r, 0) * y;
+        }
+#pragma GCC unroll 4
     for (int s = 0; s < S; ++s)
+#pragma GCC unroll 4
         for (int r = 0; r < R; ++r)
             c[s * ldc + r] = static_cast<T>(sum[s][r] * alpha + c[s * ldc + r]);
 }
@@ -58,43 +57,66 @@ void extended(int m, int n, int k, T alpha, Operand<T> a, Operand<T> b, T* c, in
     if (m & 1) rows<1, 4>(n, k, alpha, a.from(i, 0), b, c + i, ldc);
 }
 
-// ---- Extended precision, complex: R rows of one column.
+// ---- Extended precision, complex.
 
-template <int R>
-inline void complex_tile(int k, cdouble alpha, Operand<cdouble> a, bool conj_a, const cdouble* b,
-                         int step, bool conj_b, cdouble* c) {
-    long double re[R] = {}, im[R] = {};
-    for (int l = 0; l < k; ++l)
-        for (int r = 0; r < R; ++r) {
-            const cdouble x = a(r, l);
-            const long double xi = conj_a ? -x.im : x.im;
-            const long double yr = b[l * step].re;
-            const long double yi = conj_b ? -b[l * step].im : b[l * step].im;
-            re[r] += x.re * yr;
-            im[r] += xi * yr;
-            re[r] -= xi * yi;
-            im[r] += x.re * yi;
-        }
-    for (int r = 0; r < R; ++r) {
-        c[r].re = static_cast<double>(re[r] * alpha.re - im[r] * alpha.im + c[r].re);
-        c[r].im = static_cast<double>(re[r] * alpha.im + im[r] * alpha.re + c[r].im);
-    }
+// sum + a * y, or minus it.
+template <bool Minus>
+inline void add(long double& sum, double a, long double y) {
+    if constexpr (Minus)
+        sum -= a * y;
+    else
+        sum += a * y;
 }
 
-void complex_rows(int m, int n, int k, cdouble alpha, Op op_a, const cdouble* a, int lda, Op op_b,
-                  const cdouble* b, int ldb, cdouble* c, int ldc) {
-    const Operand<cdouble> left(op_a, a, lda), right(op_b, b, ldb);
-    const bool conj_a = op_a == Op::conjugated, conj_b = op_b == Op::conjugated;
-    for (int j = 0; j < n; ++j) {
-        const cdouble* column = &right(0, j);
-        int i = 0;
-        for (; i + 2 <= m; i += 2)
-            complex_tile<2>(k, alpha, left.from(i, 0), conj_a, column, right.row, conj_b,
-                            c + i + j * ldc);
-        if (i < m)
-            complex_tile<1>(k, alpha, left.from(i, 0), conj_a, column, right.row, conj_b,
-                            c + i + j * ldc);
-    }
+// ConjA, ConjB: whether the imaginary parts of a and b count with the other sign.
+template <int R, int S, bool ConjA, bool ConjB>
+inline void complex_tile(int k, cdouble alpha, Operand<cdouble> a, Operand<cdouble> b, cdouble* c,
+                         int ldc) {
+    long double re[S][R] = {}, im[S][R] = {};
+    for (int l = 0; l < k; ++l, a.at += a.column, b.at += b.row)
+#pragma GCC unroll 2
+        for (int s = 0; s < S; ++s) {
+            const long double yr = b(0, s).re;
+#pragma GCC unroll 2
+            for (int r = 0; r < R; ++r) {
+                add<false>(re[s][r], a(r, 0).re, yr);
+                add<ConjA>(im[s][r], a(r, 0).im, yr);
+            }
+            // a is loaded again: kept in a register it would cost one of the sums its own.
+            asm volatile("" ::: "memory");
+            const long double yi = b(0, s).im;
+#pragma GCC unroll 2
+            for (int r = 0; r < R; ++r) {
+                add<ConjA == ConjB>(re[s][r], a(r, 0).im, yi);
+                add<ConjB>(im[s][r], a(r, 0).re, yi);
+            }
+        }
+#pragma GCC unroll 2
+    for (int s = 0; s < S; ++s)
+#pragma GCC unroll 2
+        for (int r = 0; r < R; ++r) {
+            cdouble& x = c[s * ldc + r];
+            x = {static_cast<double>(re[s][r] * alpha.re - im[s][r] * alpha.im + x.re),
+                 static_cast<double>(re[s][r] * alpha.im + im[s][r] * alpha.re + x.im)};
+        }
+}
+
+// Two rows of a column, or one row of two columns, are live together: four sums.
+template <bool ConjA, bool ConjB>
+void complex_rows(int m, int n, int k, cdouble alpha, Operand<cdouble> a, Operand<cdouble> b,
+                  cdouble* c, int ldc) {
+    const int pairs = m & ~1;
+    for (int j = 0; j < n; ++j)
+        for (int i = 0; i < pairs; i += 2)
+            complex_tile<2, 1, ConjA, ConjB>(k, alpha, a.from(i, 0), b.from(0, j), c + i + j * ldc,
+                                             ldc);
+    if (pairs == m) return;
+    const auto last = a.from(pairs, 0);
+    c += pairs;
+    int j = 0;
+    for (; j + 2 <= n; j += 2)
+        complex_tile<1, 2, ConjA, ConjB>(k, alpha, last, b.from(0, j), c + j * ldc, ldc);
+    if (j < n) complex_tile<1, 1, ConjA, ConjB>(k, alpha, last, b.from(0, j), c + j * ldc, ldc);
 }
 
 // ---- Single precision.
@@ -132,7 +154,9 @@ POST(spst_tnk, float, single, transposed, plain)
 #define COMPLEX_POST(letters, op_a, op_b)                                                          \
     VOR_ENGINE void vor_blas_zpst_##letters PARAMS_XGEMM(cdouble) {                                \
         static_cast<void>(transa), static_cast<void>(transb), static_cast<void>(beta);             \
-        complex_rows(*m, *n, *k, *alpha, Op::op_a, a, *lda, Op::op_b, b, *ldb, c, *ldc);           \
+        complex_rows<Op::op_a == Op::conjugated, Op::op_b == Op::conjugated>(                      \
+            *m, *n, *k, *alpha, Operand<cdouble>(Op::op_a, a, *lda),                               \
+            Operand<cdouble>(Op::op_b, b, *ldb), c, *ldc);                                         \
     }
 COMPLEX_POST(nn, plain, plain)
 COMPLEX_POST(nt, plain, transposed)

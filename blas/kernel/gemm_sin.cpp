@@ -13,6 +13,8 @@ inline void group(const float* a, const float* b, float* c) {
     __m128 s0 = _mm_setzero_ps(), s1 = s0, s2 = s0, s3 = s0;
 #pragma GCC unroll 64
     for (int l = 0; l < K; ++l) {
+        // No load moves to an earlier step: all broadcasts of a column ahead of the sums would spill.
+        asm volatile("" ::: "memory");
         const __m128 x = _mm_load1_ps(b + l);
         s0 = _mm_add_ps(s0, _mm_mul_ps(_mm_load_ps(a + l * kGroup), x));
         s1 = _mm_add_ps(s1, _mm_mul_ps(_mm_load_ps(a + l * kGroup + 4), x));
