@@ -201,6 +201,240 @@ void cblas_sroti VOR_ARGUMENTS(float);
 void cblas_droti VOR_ARGUMENTS(double);
 #undef VOR_ARGUMENTS
 
+/* ---- Matrices --------------------------------------------------------------------------------
+ * order says how all matrices of a call lie in memory: CblasColMajor as in vor_blas.h, CblasRowMajor row
+ * by row, the leading dimension the distance of two rows. op(X) is X for CblasNoTrans, its transpose
+ * for CblasTrans, its conjugate transpose (real types: the transpose) for CblasConjTrans.
+ *
+ * A wrong argument is reported through cblas_xerbla (vor_service.h) under its number in the list below,
+ * counted from 1, and the call returns with nothing written. These checks cannot be switched off.
+ *
+ * A row-major call is turned into the column-major one on the transposed problem. Complex members
+ * whose transposed problem has a conjugated matrix conjugate the vectors instead. They
+ *   - take memory for one or two vectors (x of ?gemv and ?gbmv under CblasConjTrans, of ?hemv, ?hbmv,
+ *     ?hpmv, ?her, ?hpr; y of ?gerc; both of ?her2, ?hpr2). If there is none, the report has the number
+ *     0 (an internal condition), and nothing is written;
+ *   - conjugate in place, and back afterwards, y of the products and x of ?trmv, ?trsv, ?tbmv, ?tbsv,
+ *     ?tpmv, ?tpsv under CblasConjTrans: nobody else may read these vectors during the call. */
+
+/* ---- Level 2: matrix and vector ---------------------------------------------------------------- */
+
+/* ?gemv: y := alpha * op(A) * x + beta * y, A m by n. */
+#define VOR_ARGUMENTS(S, T)                                                                        \
+    (CBLAS_ORDER order, CBLAS_TRANSPOSE trans, int m, int n, S alpha, const T* a, int lda,         \
+     const T* x, int incx, S beta, T* y, int incy)
+void cblas_sgemv VOR_ARGUMENTS(float, float);
+void cblas_dgemv VOR_ARGUMENTS(double, double);
+void cblas_cgemv VOR_ARGUMENTS(const void*, void);
+void cblas_zgemv VOR_ARGUMENTS(const void*, void);
+#undef VOR_ARGUMENTS
+
+/* ?gbmv: the same for a band matrix, kl diagonals below the main one, ku above it; lda >= kl + ku + 1.
+ * Row-major, row i of the array holds A(i, j) in place kl + j - i (all from 0). */
+#define VOR_ARGUMENTS(S, T)                                                                        \
+    (CBLAS_ORDER order, CBLAS_TRANSPOSE trans, int m, int n, int kl, int ku, S alpha, const T* a,  \
+     int lda, const T* x, int incx, S beta, T* y, int incy)
+void cblas_sgbmv VOR_ARGUMENTS(float, float);
+void cblas_dgbmv VOR_ARGUMENTS(double, double);
+void cblas_cgbmv VOR_ARGUMENTS(const void*, void);
+void cblas_zgbmv VOR_ARGUMENTS(const void*, void);
+#undef VOR_ARGUMENTS
+
+/* ?ger, ?geru: A := A + alpha * x * y^T; ?gerc: A := A + alpha * x * y^H; A m by n. */
+#define VOR_ARGUMENTS(S, T)                                                                        \
+    (CBLAS_ORDER order, int m, int n, S alpha, const T* x, int incx, const T* y, int incy, T* a,   \
+     int lda)
+void cblas_sger VOR_ARGUMENTS(float, float);
+void cblas_dger VOR_ARGUMENTS(double, double);
+void cblas_cgeru VOR_ARGUMENTS(const void*, void);
+void cblas_zgeru VOR_ARGUMENTS(const void*, void);
+void cblas_cgerc VOR_ARGUMENTS(const void*, void);
+void cblas_zgerc VOR_ARGUMENTS(const void*, void);
+#undef VOR_ARGUMENTS
+
+/* ?symv: y := alpha * A * x + beta * y, A symmetric of order n, ?hemv: Hermitian. Only the triangle of
+ * uplo is read. */
+#define VOR_ARGUMENTS(S, T)                                                                        \
+    (CBLAS_ORDER order, CBLAS_UPLO uplo, int n, S alpha, const T* a, int lda, const T* x,          \
+     int incx, S beta, T* y, int incy)
+void cblas_ssymv VOR_ARGUMENTS(float, float);
+void cblas_dsymv VOR_ARGUMENTS(double, double);
+void cblas_chemv VOR_ARGUMENTS(const void*, void);
+void cblas_zhemv VOR_ARGUMENTS(const void*, void);
+#undef VOR_ARGUMENTS
+
+/* ?sbmv, ?hbmv: the same for a band with k diagonals on either side of the main one; lda >= k + 1.
+ * Row-major, row i of the array holds A(i, j) in place j - i (upper) or k + j - i (lower). */
+#define VOR_ARGUMENTS(S, T)                                                                        \
+    (CBLAS_ORDER order, CBLAS_UPLO uplo, int n, int k, S alpha, const T* a, int lda, const T* x,   \
+     int incx, S beta, T* y, int incy)
+void cblas_ssbmv VOR_ARGUMENTS(float, float);
+void cblas_dsbmv VOR_ARGUMENTS(double, double);
+void cblas_chbmv VOR_ARGUMENTS(const void*, void);
+void cblas_zhbmv VOR_ARGUMENTS(const void*, void);
+#undef VOR_ARGUMENTS
+
+/* ?spmv, ?hpmv: the same for a packed triangle: its columns, row-major its rows, one after the other. */
+#define VOR_ARGUMENTS(S, T)                                                                        \
+    (CBLAS_ORDER order, CBLAS_UPLO uplo, int n, S alpha, const T* ap, const T* x, int incx,        \
+     S beta, T* y, int incy)
+void cblas_sspmv VOR_ARGUMENTS(float, float);
+void cblas_dspmv VOR_ARGUMENTS(double, double);
+void cblas_chpmv VOR_ARGUMENTS(const void*, void);
+void cblas_zhpmv VOR_ARGUMENTS(const void*, void);
+#undef VOR_ARGUMENTS
+
+/* ?syr: A := A + alpha * x * x^T, A symmetric; ?her: A := A + alpha * x * x^H, A Hermitian, alpha real.
+ * The triangle of uplo is read and written. */
+#define VOR_ARGUMENTS(R, T)                                                                        \
+    (CBLAS_ORDER order, CBLAS_UPLO uplo, int n, R alpha, const T* x, int incx, T* a, int lda)
+void cblas_ssyr VOR_ARGUMENTS(float, float);
+void cblas_dsyr VOR_ARGUMENTS(double, double);
+void cblas_cher VOR_ARGUMENTS(float, void);
+void cblas_zher VOR_ARGUMENTS(double, void);
+#undef VOR_ARGUMENTS
+
+/* ?spr, ?hpr: the same for a packed triangle. */
+#define VOR_ARGUMENTS(R, T)                                                                        \
+    (CBLAS_ORDER order, CBLAS_UPLO uplo, int n, R alpha, const T* x, int incx, T* ap)
+void cblas_sspr VOR_ARGUMENTS(float, float);
+void cblas_dspr VOR_ARGUMENTS(double, double);
+void cblas_chpr VOR_ARGUMENTS(float, void);
+void cblas_zhpr VOR_ARGUMENTS(double, void);
+#undef VOR_ARGUMENTS
+
+/* ?syr2: A := A + alpha * (x * y^T + y * x^T); ?her2: A := A + alpha * x * y^H + conj(alpha) * y * x^H. */
+#define VOR_ARGUMENTS(S, T)                                                                        \
+    (CBLAS_ORDER order, CBLAS_UPLO uplo, int n, S alpha, const T* x, int incx, const T* y,         \
+     int incy, T* a, int lda)
+void cblas_ssyr2 VOR_ARGUMENTS(float, float);
+void cblas_dsyr2 VOR_ARGUMENTS(double, double);
+void cblas_cher2 VOR_ARGUMENTS(const void*, void);
+void cblas_zher2 VOR_ARGUMENTS(const void*, void);
+#undef VOR_ARGUMENTS
+
+/* ?spr2, ?hpr2: the same for a packed triangle. */
+#define VOR_ARGUMENTS(S, T)                                                                        \
+    (CBLAS_ORDER order, CBLAS_UPLO uplo, int n, S alpha, const T* x, int incx, const T* y,         \
+     int incy, T* ap)
+void cblas_sspr2 VOR_ARGUMENTS(float, float);
+void cblas_dspr2 VOR_ARGUMENTS(double, double);
+void cblas_chpr2 VOR_ARGUMENTS(const void*, void);
+void cblas_zhpr2 VOR_ARGUMENTS(const void*, void);
+#undef VOR_ARGUMENTS
+
+/* ?trmv: x := op(A) * x; ?trsv: x := op(A)^-1 * x; A triangular of order n, its diagonal read only for
+ * CblasNonUnit (CblasUnit: ones). */
+#define VOR_ARGUMENTS(T)                                                                           \
+    (CBLAS_ORDER order, CBLAS_UPLO uplo, CBLAS_TRANSPOSE trans, CBLAS_DIAG diag, int n,            \
+     const T* a, int lda, T* x, int incx)
+void cblas_strmv VOR_ARGUMENTS(float);
+void cblas_dtrmv VOR_ARGUMENTS(double);
+void cblas_ctrmv VOR_ARGUMENTS(void);
+void cblas_ztrmv VOR_ARGUMENTS(void);
+void cblas_strsv VOR_ARGUMENTS(float);
+void cblas_dtrsv VOR_ARGUMENTS(double);
+void cblas_ctrsv VOR_ARGUMENTS(void);
+void cblas_ztrsv VOR_ARGUMENTS(void);
+#undef VOR_ARGUMENTS
+
+/* ?tbmv, ?tbsv: the same for a band with k diagonals beside the main one, stored as for ?sbmv. */
+#define VOR_ARGUMENTS(T)                                                                           \
+    (CBLAS_ORDER order, CBLAS_UPLO uplo, CBLAS_TRANSPOSE trans, CBLAS_DIAG diag, int n, int k,     \
+     const T* a, int lda, T* x, int incx)
+void cblas_stbmv VOR_ARGUMENTS(float);
+void cblas_dtbmv VOR_ARGUMENTS(double);
+void cblas_ctbmv VOR_ARGUMENTS(void);
+void cblas_ztbmv VOR_ARGUMENTS(void);
+void cblas_stbsv VOR_ARGUMENTS(float);
+void cblas_dtbsv VOR_ARGUMENTS(double);
+void cblas_ctbsv VOR_ARGUMENTS(void);
+void cblas_ztbsv VOR_ARGUMENTS(void);
+#undef VOR_ARGUMENTS
+
+/* ?tpmv, ?tpsv: the same for a packed triangle. */
+#define VOR_ARGUMENTS(T)                                                                           \
+    (CBLAS_ORDER order, CBLAS_UPLO uplo, CBLAS_TRANSPOSE trans, CBLAS_DIAG diag, int n,            \
+     const T* ap, T* x, int incx)
+void cblas_stpmv VOR_ARGUMENTS(float);
+void cblas_dtpmv VOR_ARGUMENTS(double);
+void cblas_ctpmv VOR_ARGUMENTS(void);
+void cblas_ztpmv VOR_ARGUMENTS(void);
+void cblas_stpsv VOR_ARGUMENTS(float);
+void cblas_dtpsv VOR_ARGUMENTS(double);
+void cblas_ctpsv VOR_ARGUMENTS(void);
+void cblas_ztpsv VOR_ARGUMENTS(void);
+#undef VOR_ARGUMENTS
+
+/* ---- Level 3: matrix and matrix ----------------------------------------------------------------
+ * May run on several threads; no memory is taken for the order. */
+
+/* ?gemm: C := alpha * op(A) * op(B) + beta * C; op(A) is m by k, op(B) k by n, C m by n. */
+#define VOR_ARGUMENTS(S, T)                                                                        \
+    (CBLAS_ORDER order, CBLAS_TRANSPOSE transa, CBLAS_TRANSPOSE transb, int m, int n, int k,       \
+     S alpha, const T* a, int lda, const T* b, int ldb, S beta, T* c, int ldc)
+void cblas_sgemm VOR_ARGUMENTS(float, float);
+void cblas_dgemm VOR_ARGUMENTS(double, double);
+void cblas_cgemm VOR_ARGUMENTS(const void*, void);
+void cblas_zgemm VOR_ARGUMENTS(const void*, void);
+#undef VOR_ARGUMENTS
+
+/* ?symm, ?hemm: C := alpha * A * B + beta * C for CblasLeft, C := alpha * B * A + beta * C for
+ * CblasRight; B and C m by n, A symmetric or Hermitian, only the triangle of uplo read. */
+#define VOR_ARGUMENTS(S, T)                                                                        \
+    (CBLAS_ORDER order, CBLAS_SIDE side, CBLAS_UPLO uplo, int m, int n, S alpha, const T* a,       \
+     int lda, const T* b, int ldb, S beta, T* c, int ldc)
+void cblas_ssymm VOR_ARGUMENTS(float, float);
+void cblas_dsymm VOR_ARGUMENTS(double, double);
+void cblas_csymm VOR_ARGUMENTS(const void*, void);
+void cblas_zsymm VOR_ARGUMENTS(const void*, void);
+void cblas_chemm VOR_ARGUMENTS(const void*, void);
+void cblas_zhemm VOR_ARGUMENTS(const void*, void);
+#undef VOR_ARGUMENTS
+
+/* ?syrk: C := alpha * op(A) * op(A)^T + beta * C, C symmetric of order n, op(A) n by k; the complex ones
+ * know no CblasConjTrans. ?herk: C := alpha * op(A) * op(A)^H + beta * C, C Hermitian, alpha and beta
+ * real; no CblasTrans. Only the triangle of uplo is read and written. */
+#define VOR_ARGUMENTS(S, T)                                                                        \
+    (CBLAS_ORDER order, CBLAS_UPLO uplo, CBLAS_TRANSPOSE trans, int n, int k, S alpha, const T* a, \
+     int lda, S beta, T* c, int ldc)
+void cblas_ssyrk VOR_ARGUMENTS(float, float);
+void cblas_dsyrk VOR_ARGUMENTS(double, double);
+void cblas_csyrk VOR_ARGUMENTS(const void*, void);
+void cblas_zsyrk VOR_ARGUMENTS(const void*, void);
+void cblas_cherk VOR_ARGUMENTS(float, void);
+void cblas_zherk VOR_ARGUMENTS(double, void);
+#undef VOR_ARGUMENTS
+
+/* ?syr2k: C := alpha * op(A) * op(B)^T + alpha * op(B) * op(A)^T + beta * C; ?her2k: C := alpha * op(A) *
+ * op(B)^H + conj(alpha) * op(B) * op(A)^H + beta * C, beta real (its type is V). Transposes and
+ * triangle as for ?syrk and ?herk. */
+#define VOR_ARGUMENTS(S, V, T)                                                                     \
+    (CBLAS_ORDER order, CBLAS_UPLO uplo, CBLAS_TRANSPOSE trans, int n, int k, S alpha, const T* a, \
+     int lda, const T* b, int ldb, V beta, T* c, int ldc)
+void cblas_ssyr2k VOR_ARGUMENTS(float, float, float);
+void cblas_dsyr2k VOR_ARGUMENTS(double, double, double);
+void cblas_csyr2k VOR_ARGUMENTS(const void*, const void*, void);
+void cblas_zsyr2k VOR_ARGUMENTS(const void*, const void*, void);
+void cblas_cher2k VOR_ARGUMENTS(const void*, float, void);
+void cblas_zher2k VOR_ARGUMENTS(const void*, double, void);
+#undef VOR_ARGUMENTS
+
+/* ?trmm: B := alpha * op(A) * B for CblasLeft, B := alpha * B * op(A) for CblasRight; B m by n, A
+ * triangular. ?trsm: the same with op(A)^-1; nothing is tested for singularity. */
+#define VOR_ARGUMENTS(S, T)                                                                        \
+    (CBLAS_ORDER order, CBLAS_SIDE side, CBLAS_UPLO uplo, CBLAS_TRANSPOSE transa, CBLAS_DIAG diag, \
+     int m, int n, S alpha, const T* a, int lda, T* b, int ldb)
+void cblas_strmm VOR_ARGUMENTS(float, float);
+void cblas_dtrmm VOR_ARGUMENTS(double, double);
+void cblas_ctrmm VOR_ARGUMENTS(const void*, void);
+void cblas_ztrmm VOR_ARGUMENTS(const void*, void);
+void cblas_strsm VOR_ARGUMENTS(float, float);
+void cblas_dtrsm VOR_ARGUMENTS(double, double);
+void cblas_ctrsm VOR_ARGUMENTS(const void*, void);
+void cblas_ztrsm VOR_ARGUMENTS(const void*, void);
+#undef VOR_ARGUMENTS
+
 VOR_END_C
 
 #endif
