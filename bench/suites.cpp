@@ -10,6 +10,7 @@ Suite all_cases() {
         level1_cases,
         gemm_cases,
         service_cases,
+        dfti_cases,
     };
     Suite all;
     for (const auto family : families) {
