@@ -257,7 +257,6 @@ VOR_SPELLINGS(void, sroti, SROTI,
 VOR_SPELLINGS(void, droti, DROTI,
               (const int* n, double* x, const int* indx, double* y, const double* c,
                const double* s))
-
 /* ---- Matrices --------------------------------------------------------------------------------
  * Level 2 (Dongarra, Du Croz, Hammarling, Hanson: An Extended Set of Fortran BLAS, ACM TOMS 14 (1988)
  * 1-17) and Level 3 (Dongarra, Du Croz, Duff, Hammarling: A Set of Level 3 BLAS, ACM TOMS 16 (1990)
@@ -459,57 +458,27 @@ VOR_SPELLINGS(void, zgemm, ZGEMM, VOR_ARGUMENTS(VOR_DCOMPLEX))
  * diagonal is not looked for: it gives infinities and NaNs. alpha = 0: B := 0. Blocked
  * right-looking substitution. Each right side is solved with a small backward error; doubles are summed
  * in extended precision inside a block. Threads share out the right sides. */
-VOR_SPELLINGS(void, strsm, STRSM,
-              (const char* side, const char* uplo, const char* transa, const char* diag,
-               const int* m, const int* n, const float* alpha, const float* a, const int* lda,
-               float* b,
-               const int* ldb VOR_LENGTH(side) VOR_LENGTH(uplo) VOR_LENGTH(transa)
-                   VOR_LENGTH(diag)))
-VOR_SPELLINGS(void, dtrsm, DTRSM,
-              (const char* side, const char* uplo, const char* transa, const char* diag,
-               const int* m, const int* n, const double* alpha, const double* a, const int* lda,
-               double* b,
-               const int* ldb VOR_LENGTH(side) VOR_LENGTH(uplo) VOR_LENGTH(transa)
-                   VOR_LENGTH(diag)))
-VOR_SPELLINGS(void, ctrsm, CTRSM,
-              (const char* side, const char* uplo, const char* transa, const char* diag,
-               const int* m, const int* n, const VOR_SCOMPLEX* alpha, const VOR_SCOMPLEX* a,
-               const int* lda, VOR_SCOMPLEX* b,
-               const int* ldb VOR_LENGTH(side) VOR_LENGTH(uplo) VOR_LENGTH(transa)
-                   VOR_LENGTH(diag)))
-VOR_SPELLINGS(void, ztrsm, ZTRSM,
-              (const char* side, const char* uplo, const char* transa, const char* diag,
-               const int* m, const int* n, const VOR_DCOMPLEX* alpha, const VOR_DCOMPLEX* a,
-               const int* lda, VOR_DCOMPLEX* b,
-               const int* ldb VOR_LENGTH(side) VOR_LENGTH(uplo) VOR_LENGTH(transa)
-                   VOR_LENGTH(diag)))
+#define VOR_ARGUMENTS(T)                                                                           \
+    (const char* side, const char* uplo, const char* transa, const char* diag, const int* m,       \
+     const int* n, const T* alpha, const T* a, const int* lda, T* b,                               \
+     const int* ldb VOR_LENGTH(side) VOR_LENGTH(uplo) VOR_LENGTH(transa) VOR_LENGTH(diag))
+VOR_SPELLINGS(void, strsm, STRSM, VOR_ARGUMENTS(float))
+VOR_SPELLINGS(void, dtrsm, DTRSM, VOR_ARGUMENTS(double))
+VOR_SPELLINGS(void, ctrsm, CTRSM, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, ztrsm, ZTRSM, VOR_ARGUMENTS(VOR_DCOMPLEX))
+#undef VOR_ARGUMENTS
 
 /* ?trmm: B := alpha * op(A) * B for side 'L', B := alpha * B * op(A) for side 'R'. Shapes, letters and
  * unread memory as for ?trsm. */
-VOR_SPELLINGS(void, strmm, STRMM,
-              (const char* side, const char* uplo, const char* transa, const char* diag,
-               const int* m, const int* n, const float* alpha, const float* a, const int* lda,
-               float* b,
-               const int* ldb VOR_LENGTH(side) VOR_LENGTH(uplo) VOR_LENGTH(transa)
-                   VOR_LENGTH(diag)))
-VOR_SPELLINGS(void, dtrmm, DTRMM,
-              (const char* side, const char* uplo, const char* transa, const char* diag,
-               const int* m, const int* n, const double* alpha, const double* a, const int* lda,
-               double* b,
-               const int* ldb VOR_LENGTH(side) VOR_LENGTH(uplo) VOR_LENGTH(transa)
-                   VOR_LENGTH(diag)))
-VOR_SPELLINGS(void, ctrmm, CTRMM,
-              (const char* side, const char* uplo, const char* transa, const char* diag,
-               const int* m, const int* n, const VOR_SCOMPLEX* alpha, const VOR_SCOMPLEX* a,
-               const int* lda, VOR_SCOMPLEX* b,
-               const int* ldb VOR_LENGTH(side) VOR_LENGTH(uplo) VOR_LENGTH(transa)
-                   VOR_LENGTH(diag)))
-VOR_SPELLINGS(void, ztrmm, ZTRMM,
-              (const char* side, const char* uplo, const char* transa, const char* diag,
-               const int* m, const int* n, const VOR_DCOMPLEX* alpha, const VOR_DCOMPLEX* a,
-               const int* lda, VOR_DCOMPLEX* b,
-               const int* ldb VOR_LENGTH(side) VOR_LENGTH(uplo) VOR_LENGTH(transa)
-                   VOR_LENGTH(diag)))
+#define VOR_ARGUMENTS(T)                                                                           \
+    (const char* side, const char* uplo, const char* transa, const char* diag, const int* m,       \
+     const int* n, const T* alpha, const T* a, const int* lda, T* b,                               \
+     const int* ldb VOR_LENGTH(side) VOR_LENGTH(uplo) VOR_LENGTH(transa) VOR_LENGTH(diag))
+VOR_SPELLINGS(void, strmm, STRMM, VOR_ARGUMENTS(float))
+VOR_SPELLINGS(void, dtrmm, DTRMM, VOR_ARGUMENTS(double))
+VOR_SPELLINGS(void, ctrmm, CTRMM, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, ztrmm, ZTRMM, VOR_ARGUMENTS(VOR_DCOMPLEX))
+#undef VOR_ARGUMENTS
 
 /* ?symm, ?hemm: C := alpha * A * B + beta * C for side 'L', C := alpha * B * A + beta * C for side 'R'.
  *
@@ -517,34 +486,17 @@ VOR_SPELLINGS(void, ztrmm, ZTRMM,
  * the triangle named by uplo is read, and of a Hermitian diagonal only the real parts. Threads share
  * out the columns (left) or the rows (right) of C. When scratch memory is short the work goes
  * on in smaller blocks. */
-VOR_SPELLINGS(void, ssymm, SSYMM,
-              (const char* side, const char* uplo, const int* m, const int* n, const float* alpha,
-               const float* a, const int* lda, const float* b, const int* ldb, const float* beta,
-               float* c, const int* ldc VOR_LENGTH(side) VOR_LENGTH(uplo)))
-VOR_SPELLINGS(void, dsymm, DSYMM,
-              (const char* side, const char* uplo, const int* m, const int* n, const double* alpha,
-               const double* a, const int* lda, const double* b, const int* ldb, const double* beta,
-               double* c, const int* ldc VOR_LENGTH(side) VOR_LENGTH(uplo)))
-VOR_SPELLINGS(void, csymm, CSYMM,
-              (const char* side, const char* uplo, const int* m, const int* n,
-               const VOR_SCOMPLEX* alpha, const VOR_SCOMPLEX* a, const int* lda,
-               const VOR_SCOMPLEX* b, const int* ldb, const VOR_SCOMPLEX* beta, VOR_SCOMPLEX* c,
-               const int* ldc VOR_LENGTH(side) VOR_LENGTH(uplo)))
-VOR_SPELLINGS(void, zsymm, ZSYMM,
-              (const char* side, const char* uplo, const int* m, const int* n,
-               const VOR_DCOMPLEX* alpha, const VOR_DCOMPLEX* a, const int* lda,
-               const VOR_DCOMPLEX* b, const int* ldb, const VOR_DCOMPLEX* beta, VOR_DCOMPLEX* c,
-               const int* ldc VOR_LENGTH(side) VOR_LENGTH(uplo)))
-VOR_SPELLINGS(void, chemm, CHEMM,
-              (const char* side, const char* uplo, const int* m, const int* n,
-               const VOR_SCOMPLEX* alpha, const VOR_SCOMPLEX* a, const int* lda,
-               const VOR_SCOMPLEX* b, const int* ldb, const VOR_SCOMPLEX* beta, VOR_SCOMPLEX* c,
-               const int* ldc VOR_LENGTH(side) VOR_LENGTH(uplo)))
-VOR_SPELLINGS(void, zhemm, ZHEMM,
-              (const char* side, const char* uplo, const int* m, const int* n,
-               const VOR_DCOMPLEX* alpha, const VOR_DCOMPLEX* a, const int* lda,
-               const VOR_DCOMPLEX* b, const int* ldb, const VOR_DCOMPLEX* beta, VOR_DCOMPLEX* c,
-               const int* ldc VOR_LENGTH(side) VOR_LENGTH(uplo)))
+#define VOR_ARGUMENTS(T)                                                                           \
+    (const char* side, const char* uplo, const int* m, const int* n, const T* alpha, const T* a,   \
+     const int* lda, const T* b, const int* ldb, const T* beta, T* c,                              \
+     const int* ldc VOR_LENGTH(side) VOR_LENGTH(uplo))
+VOR_SPELLINGS(void, ssymm, SSYMM, VOR_ARGUMENTS(float))
+VOR_SPELLINGS(void, dsymm, DSYMM, VOR_ARGUMENTS(double))
+VOR_SPELLINGS(void, csymm, CSYMM, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, zsymm, ZSYMM, VOR_ARGUMENTS(VOR_DCOMPLEX))
+VOR_SPELLINGS(void, chemm, CHEMM, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, zhemm, ZHEMM, VOR_ARGUMENTS(VOR_DCOMPLEX))
+#undef VOR_ARGUMENTS
 
 /* ?syrk: C := alpha * op(A) * op(A)^T + beta * C, op(A) n by k: A for trans 'N', A^T for 'T' (real
  * types also 'C').
@@ -553,65 +505,77 @@ VOR_SPELLINGS(void, zhemm, ZHEMM,
  *
  * Only the triangle of C named by uplo is read and written; the diagonal of a Hermitian C comes out
  * real. alpha = 0 or k = 0: C := beta * C. */
-VOR_SPELLINGS(void, ssyrk, SSYRK,
-              (const char* uplo, const char* trans, const int* n, const int* k, const float* alpha,
-               const float* a, const int* lda, const float* beta, float* c,
-               const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
-VOR_SPELLINGS(void, dsyrk, DSYRK,
-              (const char* uplo, const char* trans, const int* n, const int* k, const double* alpha,
-               const double* a, const int* lda, const double* beta, double* c,
-               const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
-VOR_SPELLINGS(void, csyrk, CSYRK,
-              (const char* uplo, const char* trans, const int* n, const int* k,
-               const VOR_SCOMPLEX* alpha, const VOR_SCOMPLEX* a, const int* lda,
-               const VOR_SCOMPLEX* beta, VOR_SCOMPLEX* c,
-               const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
-VOR_SPELLINGS(void, zsyrk, ZSYRK,
-              (const char* uplo, const char* trans, const int* n, const int* k,
-               const VOR_DCOMPLEX* alpha, const VOR_DCOMPLEX* a, const int* lda,
-               const VOR_DCOMPLEX* beta, VOR_DCOMPLEX* c,
-               const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
-VOR_SPELLINGS(void, cherk, CHERK,
-              (const char* uplo, const char* trans, const int* n, const int* k, const float* alpha,
-               const VOR_SCOMPLEX* a, const int* lda, const float* beta, VOR_SCOMPLEX* c,
-               const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
-VOR_SPELLINGS(void, zherk, ZHERK,
-              (const char* uplo, const char* trans, const int* n, const int* k, const double* alpha,
-               const VOR_DCOMPLEX* a, const int* lda, const double* beta, VOR_DCOMPLEX* c,
-               const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
+#define VOR_ARGUMENTS(T, S)                                                                        \
+    (const char* uplo, const char* trans, const int* n, const int* k, const S* alpha, const T* a,  \
+     const int* lda, const S* beta, T* c, const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans))
+VOR_SPELLINGS(void, ssyrk, SSYRK, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, dsyrk, DSYRK, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, csyrk, CSYRK, VOR_ARGUMENTS(VOR_SCOMPLEX, VOR_SCOMPLEX))
+VOR_SPELLINGS(void, zsyrk, ZSYRK, VOR_ARGUMENTS(VOR_DCOMPLEX, VOR_DCOMPLEX))
+VOR_SPELLINGS(void, cherk, CHERK, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, zherk, ZHERK, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+#undef VOR_ARGUMENTS
 
 /* ?syr2k: C := alpha * op(A) * op(B)^T + alpha * op(B) * op(A)^T + beta * C.
  * ?her2k: C := alpha * op(A) * op(B)^H + conj(alpha) * op(B) * op(A)^H + beta * C with real beta.
  *
  * Letters, the triangle and the diagonal of C as for ?syrk and ?herk. */
-VOR_SPELLINGS(void, ssyr2k, SSYR2K,
-              (const char* uplo, const char* trans, const int* n, const int* k, const float* alpha,
-               const float* a, const int* lda, const float* b, const int* ldb, const float* beta,
-               float* c, const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
-VOR_SPELLINGS(void, dsyr2k, DSYR2K,
-              (const char* uplo, const char* trans, const int* n, const int* k, const double* alpha,
-               const double* a, const int* lda, const double* b, const int* ldb, const double* beta,
-               double* c, const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
-VOR_SPELLINGS(void, csyr2k, CSYR2K,
-              (const char* uplo, const char* trans, const int* n, const int* k,
-               const VOR_SCOMPLEX* alpha, const VOR_SCOMPLEX* a, const int* lda,
-               const VOR_SCOMPLEX* b, const int* ldb, const VOR_SCOMPLEX* beta, VOR_SCOMPLEX* c,
-               const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
-VOR_SPELLINGS(void, zsyr2k, ZSYR2K,
-              (const char* uplo, const char* trans, const int* n, const int* k,
-               const VOR_DCOMPLEX* alpha, const VOR_DCOMPLEX* a, const int* lda,
-               const VOR_DCOMPLEX* b, const int* ldb, const VOR_DCOMPLEX* beta, VOR_DCOMPLEX* c,
-               const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
-VOR_SPELLINGS(void, cher2k, CHER2K,
-              (const char* uplo, const char* trans, const int* n, const int* k,
-               const VOR_SCOMPLEX* alpha, const VOR_SCOMPLEX* a, const int* lda,
-               const VOR_SCOMPLEX* b, const int* ldb, const float* beta, VOR_SCOMPLEX* c,
-               const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
-VOR_SPELLINGS(void, zher2k, ZHER2K,
-              (const char* uplo, const char* trans, const int* n, const int* k,
-               const VOR_DCOMPLEX* alpha, const VOR_DCOMPLEX* a, const int* lda,
-               const VOR_DCOMPLEX* b, const int* ldb, const double* beta, VOR_DCOMPLEX* c,
-               const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
+#define VOR_ARGUMENTS(T, S)                                                                        \
+    (const char* uplo, const char* trans, const int* n, const int* k, const T* alpha, const T* a,  \
+     const int* lda, const T* b, const int* ldb, const S* beta, T* c,                              \
+     const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans))
+VOR_SPELLINGS(void, ssyr2k, SSYR2K, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, dsyr2k, DSYR2K, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, csyr2k, CSYR2K, VOR_ARGUMENTS(VOR_SCOMPLEX, VOR_SCOMPLEX))
+VOR_SPELLINGS(void, zsyr2k, ZSYR2K, VOR_ARGUMENTS(VOR_DCOMPLEX, VOR_DCOMPLEX))
+VOR_SPELLINGS(void, cher2k, CHER2K, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, zher2k, ZHER2K, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+#undef VOR_ARGUMENTS
+
+/* ---- Rotation sequences, inner products --------------------------------------------------------- */
+
+/* ?lasr_l<pivot><direction>: applies m - 1 plane rotations with cosines c and sines s, m - 1 each, to
+ * the rows of A, m by n, in place. Rotation j turns rows j and j+1 (pivot v, variable), 0 and j+1
+ * (t, top) or j and m-1 (b, bottom), all counted from 0:
+ *     upper row := c[j] * upper + s[j] * lower,  lower row := c[j] * lower - s[j] * upper
+ * direction f: j ascending, b: descending. c and s are real for complex A too. m < 2 or n < 1:
+ * nothing happens. */
+#define VOR_ARGUMENTS(T, S)                                                                        \
+    (const int* m, const int* n, const S* c, const S* s, T* a, const int* lda)
+VOR_SPELLINGS(void, slasr_lvf, SLASR_LVF, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, slasr_lvb, SLASR_LVB, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, slasr_ltf, SLASR_LTF, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, slasr_ltb, SLASR_LTB, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, slasr_lbf, SLASR_LBF, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, slasr_lbb, SLASR_LBB, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, dlasr_lvf, DLASR_LVF, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, dlasr_lvb, DLASR_LVB, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, dlasr_ltf, DLASR_LTF, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, dlasr_ltb, DLASR_LTB, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, dlasr_lbf, DLASR_LBF, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, dlasr_lbb, DLASR_LBB, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, clasr_lvf, CLASR_LVF, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, clasr_lvb, CLASR_LVB, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, clasr_ltf, CLASR_LTF, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, clasr_ltb, CLASR_LTB, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, clasr_lbf, CLASR_LBF, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, clasr_lbb, CLASR_LBB, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, zlasr_lvf, ZLASR_LVF, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+VOR_SPELLINGS(void, zlasr_lvb, ZLASR_LVB, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+VOR_SPELLINGS(void, zlasr_ltf, ZLASR_LTF, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+VOR_SPELLINGS(void, zlasr_ltb, ZLASR_LTB, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+VOR_SPELLINGS(void, zlasr_lbf, ZLASR_LBF, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+VOR_SPELLINGS(void, zlasr_lbb, ZLASR_LBB, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+#undef VOR_ARGUMENTS
+
+/* xssexy, xdsexy: C := A^T * B for two tall matrices A and B, k by m, stored without gaps (leading
+ * dimension k); C is m by m without gaps. With OpenMP threads k is cut into one part more than there
+ * are threads, and the partial products are added in the order of the parts: the result depends on
+ * the number of threads, not on who did what. Memory for the parts short: one thread does it all. */
+VOR_SPELLINGS(void, xssexy, XSSEXY,
+              (const int* k, const int* m, const float* a, const float* b, float* c))
+VOR_SPELLINGS(void, xdsexy, XDSEXY,
+              (const int* k, const int* m, const double* a, const double* b, double* c))
 
 VOR_END_C
 

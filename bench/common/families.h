@@ -9,6 +9,7 @@ namespace vor::bench {
 Suite dfti_cases();
 Suite level1_cases();
 Suite gemm_cases();
+Suite level2_cases();
 Suite service_cases();
 
 } // namespace vor::bench

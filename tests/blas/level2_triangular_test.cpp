@@ -4,6 +4,10 @@
 
 using namespace vor::test;
 
+extern "C" void vor_blas_dtrmv_in(const char* uplo, const char* trans, const char* diag,
+                                  const int* n, const double* a, const int* lda, double* x,
+                                  const int* incx);
+
 namespace {
 
 template <class T>
@@ -87,6 +91,25 @@ TYPED_TEST(Level2Triangular, ProductsAndSolves) {
                                             trans, diag, inc);
                         }
                 }
+}
+
+// The diagonal block of a product serves orders beyond its routine's blocks, too.
+TEST(Level2Kernels, TriangularBlocksOfAnyOrder) {
+    Random random(23);
+    for (const int n : {1, 2, 99, 100, 101, 201})
+        for (const char uplo : {'U', 'L'})
+            for (const char trans : {'N', 'T'}) {
+                Stored<double> a(random, triangle(uplo, n, n + 1));
+                auto x = Steps<double>::random(random, n, 2);
+                const auto before = x;
+                vor_blas_dtrmv_in(&uplo, &trans, "N", &n, a.data(), &a.ld(), x.data(), &x.inc());
+                const Dense op = under(trans, triangular(a, 'N'));
+                ErrorMeter<double> worst;
+                for (int i = 0; i < n; ++i)
+                    meter(worst, x[i], product_row(1.0, op, i, before, 0.0, 0.0));
+                EXPECT_LE(worst.worst(), 1) << uplo << trans << n; // one rounding
+                EXPECT_TRUE(a.unchanged() && x.intact());
+            }
 }
 
 TYPED_TEST(Level2Triangular, EmptyVectorsAreLeftAlone) {

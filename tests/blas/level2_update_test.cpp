@@ -58,6 +58,22 @@ TYPED_TEST(Level2Update, General) {
             }
 }
 
+// The members of ger without conjugation.
+template <class T>
+void check_geru(void (*geru)(const int*, const int*, const T*, const T*, const int*, const T*,
+                             const int*, T*, const int*)) {
+    const int m = 5, n = 3, one = 1;
+    const T alpha = element<T>(0.5, 2), x = element<T>(2, 1), y = element<T>(3, -1);
+    std::vector<T> xs(m, x), ys(n, y), a(m * n, element<T>(1, 1));
+    geru(&m, &n, &alpha, xs.data(), &one, ys.data(), &one, a.data(), &m);
+    const Wide want = Wide(1, 1) + times(wide(alpha), times(wide(x), wide(y)));
+    for (const T& entry : a) EXPECT_EQ(wide(entry), want);
+}
+TEST(Level2Geru, GeneralWithoutConjugation) {
+    check_geru<vor::cfloat>(cgeru);
+    check_geru<vor::cdouble>(zgeru_);
+}
+
 TYPED_TEST(Level2Update, Triangles) {
     using T = TypeParam;
     using Real = vor::real_t<T>;
