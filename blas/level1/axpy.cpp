@@ -12,7 +12,7 @@ namespace {
 using namespace vor;
 
 template <class T, class A>
-void axpy_strided(int n, const A& alpha, const T* x, int incx, T* y, int incy) {
+void axpy_strided(int n, A alpha, const T* x, int incx, T* y, int incy) {
     x = walk_start(x, n, incx);
     y = walk_start(y, n, incy);
     in_rounds<4>(
@@ -26,7 +26,7 @@ void axpy_strided(int n, const A& alpha, const T* x, int incx, T* y, int incy) {
 
 // Unit steps; Group elements a round, x fetched Ahead bytes before it is used.
 template <int Group, int Ahead, class T, class A>
-void axpy_extended(int n, const A& alpha, const T* x, T* y) {
+void axpy_extended(int n, A alpha, const T* x, T* y) {
     in_rounds<Group>(
         n, [&] { prefetch(x, Ahead); }, [&] { add_product(alpha, *x++, *y++); });
 }

@@ -18,17 +18,7 @@ inline __m128 load_words(const word* p) {
     return load<Aligned>(reinterpret_cast<const float*>(p));
 }
 
-// An element on its way through the x87 stack: exact, but a signalling NaN becomes a quiet one.
-inline extended push(const float& x) {
-    extended value;
-    asm("flds %1" : "=t"(value) : "m"(x));
-    return value;
-}
-inline extended push(const double& x) {
-    extended value;
-    asm("fldl %1" : "=t"(value) : "m"(x));
-    return value;
-}
+// A complex element likewise.
 inline cextended push(const cfloat& x) {
     return {push(x.re), push(x.im)};
 }
