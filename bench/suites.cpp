@@ -8,6 +8,7 @@ namespace vor::bench {
 Suite all_cases() {
     const std::vector<Suite (*)()> families = {
         level1_cases,
+        gemm_cases,
         service_cases,
     };
     Suite all;

@@ -7,6 +7,7 @@
 namespace vor::bench {
 
 Suite level1_cases();
+Suite gemm_cases();
 Suite service_cases();
 
 } // namespace vor::bench

@@ -1,19 +1,11 @@
 // Inner kernels of cgemm: contract in gemm_kernels.h.
 #include "blas/kernel/gemm_kernels.h"
+#include "blas/kernel/gemm_lanes.h"
 #include "serv/entry.h"
-
-#include <xmmintrin.h>
 
 namespace {
 
 constexpr int kPair = 2;
-
-// The four lanes of each of four vectors added as (0 + 2) + (1 + 3): one sum in each lane.
-inline __m128 sums_of_lanes(__m128 x0, __m128 x1, __m128 x2, __m128 x3) {
-    const __m128 low = _mm_add_ps(_mm_unpacklo_ps(x0, x1), _mm_unpackhi_ps(x0, x1));
-    const __m128 high = _mm_add_ps(_mm_unpacklo_ps(x2, x3), _mm_unpackhi_ps(x2, x3));
-    return _mm_add_ps(_mm_movelh_ps(low, high), _mm_movehl_ps(high, low));
-}
 
 template <int K>
 inline void pair(const float* a, const float* b, float* c) {
@@ -36,7 +28,7 @@ inline void pair(const float* a, const float* b, float* c) {
         im1 = _mm_add_ps(im1, _mm_mul_ps(_mm_load_ps(a + 16 * q + 8), x));
         re1 = _mm_sub_ps(re1, _mm_mul_ps(_mm_load_ps(a + 16 * q + 12), x));
     }
-    _mm_store_ps(c, _mm_add_ps(sums_of_lanes(re0, im0, re1, im1), _mm_load_ps(c)));
+    _mm_store_ps(c, _mm_add_ps(vor::sums_of_lanes(re0, im0, re1, im1), _mm_load_ps(c)));
 }
 
 template <int M, int K>

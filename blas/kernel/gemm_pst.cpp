@@ -1,13 +1,11 @@
-// Post-passes of dgemm, zgemm and sgemm: C(i, j) := alpha * sum + C(i, j), contract in gemm_kernels.h.
+// Post-passes in extended precision, those of dgemm and zgemm and the two of sgemm with a transposed
+// B: C(i, j) := alpha * sum + C(i, j), contract in gemm_kernels.h.
 //
-// A sum takes its terms in ascending order of l, from 0. d, z and the two s forms with a transposed B
-// sum in extended precision and round once, into C; of a complex term the products with the real part
-// of b enter before those with its imaginary part. The two other s forms round to single precision at every step.
+// A sum takes its terms in ascending order of l, from 0, and is rounded once, into C; of a complex term the products with the real part
+// of b enter before those with its imaginary part.
 #include "blas/kernel/gemm_kernels.h"
 #include "blas/kernel/gemm_operand.h"
 #include "serv/entry.h"
-
-#include <xmmintrin.h>
 
 namespace {
 
@@ -119,18 +117,6 @@ void complex_rows(int m, int n, int k, cdouble alpha, Operand<cdouble> a, Operan
     if (j < n) complex_tile<1, 1, ConjA, ConjB>(k, alpha, last, b.from(0, j), c + j * ldc, ldc);
 }
 
-// ---- Single precision.
-
-void single(int m, int n, int k, float alpha, Operand<float> a, Operand<float> b, float* c,
-            int ldc) {
-    for (int j = 0; j < n; ++j)
-        for (int i = 0; i < m; ++i) {
-            float sum = 0;
-            for (int l = 0; l < k; ++l) sum += a(i, l) * b(l, j);
-            c[i + j * ldc] = sum * alpha + c[i + j * ldc];
-        }
-}
-
 } // namespace
 
 #define POST(name, T, way, op_a, op_b)                                                             \
@@ -148,8 +134,6 @@ POST(dpst_tnm, double, extended, transposed, plain)
 POST(dpst_ttm, double, extended, transposed, transposed)
 POST(spst_ntk, float, extended, plain, transposed)
 POST(spst_ttk, float, extended, transposed, transposed)
-POST(spst_nnk, float, single, plain, plain)
-POST(spst_tnk, float, single, transposed, plain)
 
 #define COMPLEX_POST(letters, op_a, op_b)                                                          \
     VOR_ENGINE void vor_blas_zpst_##letters PARAMS_XGEMM(cdouble) {                                \

@@ -43,9 +43,11 @@ struct Tail {
 template <class T>
 struct Blocking;
 
+constexpr int kLeastDepth = 16; // of any panel
+
 template <>
 struct Blocking<float> {
-    static constexpr int rows = 256, columns = 256, depth = 64;
+    static constexpr int rows = 256, columns = 256, depth = 64, least_rows = 16;
     static constexpr int tail_columns = 256, tail_rows = 32, padded_from = 58;
     static constexpr unsigned a_bytes = 8320, b_bytes = 0x10080, alignment = 32;
     static constexpr Kernel<float> panels[] = {{32, vor_blas_sin32_64}, {16, vor_blas_sin16_64}};
@@ -56,7 +58,7 @@ struct Blocking<float> {
 
 template <>
 struct Blocking<double> {
-    static constexpr int rows = 128, columns = 128, depth = 64;
+    static constexpr int rows = 128, columns = 128, depth = 64, least_rows = 4;
     static constexpr int tail_columns = 256, tail_rows = 32, padded_from = 58;
     static constexpr unsigned a_bytes = 8208, b_bytes = 0x20010, alignment = 1;
     static constexpr Kernel<double> panels[] = {
@@ -68,7 +70,7 @@ struct Blocking<double> {
 
 template <>
 struct Blocking<cdouble> {
-    static constexpr int rows = 128, columns = 64, depth = 32;
+    static constexpr int rows = 128, columns = 64, depth = 32, least_rows = 4;
     static constexpr int tail_columns = 128, tail_rows = 32, padded_from = depth;
     static constexpr unsigned a_bytes = 8208, b_bytes = 0x10010, alignment = 1;
     static constexpr Kernel<cdouble> panels[] = {
@@ -244,9 +246,11 @@ private:
     void block(Part x) {
         scale(x.m, x.n, *p.beta, p.c_at(x.i, x.j), p.ldc);
         for (; x.l + x.k <= p.k; x.l += x.k) {
-            const Columns<T> b = columns(x);
             Part rest = x;
-            for (const auto& kernel : Block::panels) rest = panels(rest, kernel, b);
+            if (x.m >= Block::least_rows) {
+                const Columns<T> b = columns(x);
+                for (const auto& kernel : Block::panels) rest = panels(rest, kernel, b);
+            }
             if (rest.m > 0) edge(p, rest);
         }
     }
@@ -306,7 +310,8 @@ private:
         if constexpr (!vor::is_complex<T>) {
             const Kernel<T> kernel = Block::panels[0];
             const int depth = p.k - done;
-            memset(a_panel_, 0, sizeof(T) * static_cast<size_t>(kernel.rows * Block::depth));
+            if (p.m >= kernel.rows)
+                memset(a_panel_, 0, sizeof(T) * static_cast<size_t>(kernel.rows * Block::depth));
             chunks(0, done, depth, [&](Part x) {
                 if (x.m >= kernel.rows) pack_b_padded(p, x, Block::depth, b_panel_, ldp_);
                 for (; x.m >= kernel.rows; x.i += kernel.rows, x.m -= kernel.rows) {
@@ -333,12 +338,24 @@ bool trivial(const Product<T>& p) {
     return true;
 }
 
-// With both panels the passes, else the post-passes alone.
+// The post-passes alone.
 template <class T>
-void multiply(const Product<T>& p, T* a_panel, T* b_panel, const int* ldp) {
-    if (a_panel && b_panel) return Engine<T>(p, a_panel, b_panel, ldp).run();
+void multiply_plain(const Product<T>& p) {
     scale(p.m, p.n, *p.beta, p.c, p.ldc);
     if (p.k > 0) post(p, Part{0, p.m, 0, p.n, 0, p.k});
+}
+
+// A product without panels, of one chunk of rows: its passes come down to one post-pass.
+template <class T>
+bool small(const Product<T>& p) {
+    return p.k < kLeastDepth && p.m <= Blocking<T>::tail_rows;
+}
+
+// The passes, if they are any different from the post-passes and if there are panels for them.
+template <class T>
+void multiply(const Product<T>& p, T* a_panel, T* b_panel, const int* ldp) {
+    if (!a_panel || !b_panel || small(p)) return multiply_plain(p);
+    Engine<T>(p, a_panel, b_panel, ldp).run();
 }
 
 // The two scratch panels of one call.
@@ -393,6 +410,10 @@ ENGINE(z, cdouble)
 VOR_ENGINE void vor_blas_xsgemm PARAMS_XGEMM(float) {
     const Product<float> product = PRODUCT(float);
     if (trivial(product)) return;
+    // Without panels there is no need for scratch, and small products would mostly wait for it.
+    if (small(product)) return multiply_plain(product);
+    if (product.m < Blocking<float>::least_rows)
+        return Engine<float>(product, nullptr, nullptr, nullptr).run();
     const Panels<float> panels;
     multiply(product, panels.a(), panels.b(), &kPanelLd<float>);
 }

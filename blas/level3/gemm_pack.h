@@ -16,10 +16,10 @@
 //   zgtrbt, zgtrbc  op(B) = B transposed, B conjugated and transposed
 //
 // The c layout splits the parts, so that one 16-byte vector holds the real or the imaginary parts of
-// four consecutive l. With q = l / 4, t = l mod 4, in floats (imaginary parts 4 floats later):
+// four consecutive l; k is a multiple of 4. With q = l / 4, t = l mod 4, in floats (imaginary parts 4 floats later):
 //
-//   A  (i, l) at i / 2 * 4 * k + q * 16 + i mod 2 * 8 + t; k and m rounded up to what fills whole
-//      vectors and pairs; times alpha (cgtran, cgtrat, cgtrac)
+//   A  (i, l) at i / 2 * 4 * k + q * 16 + i mod 2 * 8 + t; m even; times alpha (cgtran, cgtrat,
+//      cgtrac)
 //   B  (l, j) at j * 2 * ldp + q * 8 + t (cgcopybn, cgcopybt, cgcopybc)
 //   C  rows in groups of ldb8 = 8: (i, j) at (i / 8 * n + j) * 8 + i mod 8, complex elements;
 //      ccopycf0 fills it with zeros and does not read C, ccopycf1 copies C, ccopycf multiplies C by

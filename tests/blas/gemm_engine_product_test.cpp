@@ -117,8 +117,8 @@ TYPED_TEST(GemmEngine, WorksWithoutScratch) {
         }
 }
 
-// d and z take their two panels whatever the arguments; s once there is something to multiply, c once
-// the product is worth blocking.
+// d and z take their two panels whatever the arguments; s once a panel can be filled, c once the product
+// is worth blocking.
 TYPED_TEST(GemmEngine, TakesScratchWhenItSays) {
     const bool always = std::is_same_v<vor::real_t<TypeParam>, double>;
     const bool one = std::is_same_v<TypeParam, vor::cfloat>;
@@ -128,8 +128,9 @@ TYPED_TEST(GemmEngine, TakesScratchWhenItSays) {
         int calls;
     } cases[] = {{{0, 2, 2}, 1, always ? 2 : 0},
                  {{3, 9, 9}, 0, always ? 2 : 0},
-                 {{3, 9, 9}, 1, one ? 0 : 2},
-                 {{4, 4, 4}, 1, one ? 1 : 2}};
+                 {{3, 9, 9}, 1, always ? 2 : 0},
+                 {{4, 4, 4}, 1, always ? 2 : one},
+                 {{32, 1, 16}, 1, one ? 0 : 2}};
     for (const auto& [size, alpha, calls] : cases) {
         VOR_FreeBuffers();
         Allocations allocations;
