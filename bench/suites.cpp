@@ -9,6 +9,7 @@ Suite all_cases() {
     const std::vector<Suite (*)()> families = {
         level1_cases,
         gemm_cases,
+        level3_cases,
         service_cases,
     };
     Suite all;

@@ -8,6 +8,7 @@ namespace vor::bench {
 
 Suite level1_cases();
 Suite gemm_cases();
+Suite level3_cases();
 Suite service_cases();
 
 } // namespace vor::bench
