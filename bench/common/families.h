@@ -10,6 +10,7 @@ Suite dfti_cases();
 Suite level1_cases();
 Suite gemm_cases();
 Suite level2_cases();
+Suite level3_cases();
 Suite service_cases();
 
 } // namespace vor::bench

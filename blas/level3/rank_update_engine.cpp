@@ -57,10 +57,7 @@ public:
                 square(i, length, b_at(i), ldb, dense.data(), dense.size());
             });
         } else {
-            walk(0, n, kWideBlock, [&](int first, int count) {
-                constexpr int kSize = kDots ? kDotBlock : vor::kSmallBlock;
-                walk(first, count, kSize, [&](int i, int length) { triangle(i, length); });
-            });
+            halve(0, n, kWideBlock);
         }
     }
 
@@ -78,6 +75,17 @@ private:
             this->rectangle(vor::multiply<T>, upper ? first : behind,
                             upper ? i - first : end - behind, i, length, vor::real_element<T>(1));
         }
+    }
+
+    // The blocks of a rank-k update: of `size`, each in halves down to the smallest.
+    void halve(int first, int count, int size) {
+        constexpr int kSmallest = kDots ? kDotBlock : vor::kSmallBlock;
+        walk(first, count, size, [&](int i, int length) {
+            if (size == kSmallest)
+                triangle(i, length);
+            else
+                halve(i, length, size / 2);
+        });
     }
 
     // The stored part of column j among the rows i to i + length.

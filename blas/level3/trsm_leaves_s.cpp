@@ -70,26 +70,30 @@ void add_two_dots(int n, const float* a0, const float* a1, const float* x, float
     singles(n);
 }
 
-// The left leaf, op(A) = A^T: equation i runs along a column of A.
+// Equation i and the next one, if there is one, for the right side at b; op(A) = A^T, so that an equation
+// runs along a column of A.
+void solve_two(const Leaf<float>& leaf, const float* r, int i, float* b) {
+    const int partner = std::min(i + 1, leaf.order - 1);
+    // Where the finished unknowns begin in memory: they lie in one piece.
+    const int first = leaf.step > 0 ? 0 : 1 - i;
+    float sum0 = 0, sum1 = 0;
+    add_two_dots(i, leaf.coefficient(i, 0) + first, leaf.coefficient(partner, 0) + first, b + first,
+                 sum0, sum1);
+    float& x0 = b[i * leaf.step];
+    x0 = (x0 - sum0) * r[i];
+    if (partner == i) return;
+    float& x1 = b[partner * leaf.step];
+    x1 = (x1 - (sum1 + *leaf.coefficient(partner, i) * x0)) * r[partner];
+}
+
+// A few right sides by turns: the next equations of one need what the last ones have stored, and the
+// others fill the wait.
 void solve_left_transposed(const Leaf<float>& leaf, const float* r) {
-    const bool ascending = leaf.step > 0;
-    for (int q = 0; q < leaf.others; ++q) {
-        float* const b = leaf.side(q);
-        for (int i = 0; i < leaf.order; i += 2) {
-            // The last equation may stand alone: then it is its own partner.
-            const int partner = std::min(i + 1, leaf.order - 1);
-            // Where the finished unknowns begin in memory: they lie in one piece.
-            const int first = ascending ? 0 : 1 - i;
-            float sum0 = 0, sum1 = 0;
-            add_two_dots(i, leaf.coefficient(i, 0) + first, leaf.coefficient(partner, 0) + first,
-                         b + first, sum0, sum1);
-            float& x0 = b[i * leaf.step];
-            x0 = (x0 - sum0) * r[i];
-            if (partner == i) continue;
-            float& x1 = b[partner * leaf.step];
-            x1 = (x1 - (sum1 + *leaf.coefficient(partner, i) * x0)) * r[partner];
-        }
-    }
+    constexpr int kTurn = 16;
+    for (int q = 0; q < leaf.others; q += kTurn)
+        for (int i = 0; i < leaf.order; i += 2)
+            for (int c = q; c < std::min(q + kTurn, leaf.others); ++c)
+                solve_two(leaf, r, i, leaf.side(c));
 }
 
 } // namespace
