@@ -20,6 +20,11 @@
 
 VOR_BEGIN_C
 
+#ifdef __GNUC__
+__extension__
+#endif
+    typedef unsigned long long vor_dword; /* two words in one */
+
 /* ---- Objects -------------------------------------------------------------------------------- */
 
 enum { TavsBigNumNEG = 0, TavsBigNumPOS = 1 };
@@ -170,7 +175,7 @@ int cpMAC_BNU(const unsigned* a, int an, const unsigned* b, int bn, unsigned* r,
  * null. b is shifted on the way and restored; it is not 0. */
 void cpDiv_BNU(unsigned* a, int an, unsigned* b, int bn, unsigned* q, int* qn, int* rn);
 /* Remainder * 2^32 + quotient of hi * 2^32 + lo by d, d > hi. */
-unsigned long long cpDiv64u32u(unsigned lo, unsigned hi, unsigned d);
+vor_dword cpDiv64u32u(unsigned lo, unsigned hi, unsigned d);
 
 /* inv = 1/a mod m by the extended method of Euclid, 0 < a < m. 0, or -118 if there is no inverse. m
  * takes the remainders on the way, and is rebuilt from the cofactors. m and wa have mn + 1 words of

@@ -80,7 +80,7 @@ void cpDiv_BNU(word* a, int an, word* b, int bn, word* q, int* qn, int* rn) {
     if (q) *qn = trimmed(q, top + 1);
 }
 
-unsigned long long cpDiv64u32u(word lo, word hi, word d) {
+vor_dword cpDiv64u32u(word lo, word hi, word d) {
     const QuotientRemainder result = divide_2_by_1(hi, lo, d);
     return dword{result.remainder} << 32 | result.quotient;
 }
