@@ -6,18 +6,12 @@ using namespace vor::gmp;
 
 namespace {
 
-// |r| = |x| + |y|, operands of nx >= ny limbs; r has room for nx + 1 limbs.
-int add_magnitudes(limb_t* r, const limb_t* x, int nx, const limb_t* y, int ny) {
-    int size;
-    cpAdd_BNUs(x, nx, y, ny, r, &size, nx + 1);
-    return size;
-}
-
 // Signed sum of a and b, where b counts with the sign `b_minus`.
 void add(vor_mpz* r, const vor_mpz* a, const vor_mpz* b, bool b_minus, const char* function) {
     int an = value_size(a), bn = value_size(b);
-    bool a_minus = negative(a);
-    limb_t* const d = grow(r, uint64_t{1} + (an > bn ? an : bn), function);
+    const bool a_minus = negative(a);
+    const int longer = an > bn ? an : bn;
+    limb_t* const d = grow(r, uint64_t{1} + longer, function);
     const limb_t *x = a->_mp_d, *y = b->_mp_d;
     if (an == 0 || bn == 0) {
         const bool only_b = an == 0;
@@ -27,7 +21,9 @@ void add(vor_mpz* r, const vor_mpz* a, const vor_mpz* b, bool b_minus, const cha
         return;
     }
     if (a_minus == b_minus) {
-        r->_mp_size = with_sign(add_magnitudes(d, x, an, y, bn), a_minus);
+        int sum_size;
+        cpAdd_BNUs(x, an, y, bn, d, &sum_size, longer + 1);
+        r->_mp_size = with_sign(sum_size, a_minus);
         return;
     }
     if (an == bn) { // equal top limbs cancel without being subtracted

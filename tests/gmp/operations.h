@@ -16,5 +16,6 @@ using Operations = std::map<std::string, Operation>;
 const Operations& operations();
 
 void add_big_number_operations(Operations& all);
+void add_record_operations(Operations& all);
 
 } // namespace vor::test

@@ -15,6 +15,7 @@ import sys
 
 PRIMES = (4294967291, 4294967279, 4294967231)
 MASK = (1 << 64) - 1
+WORD = (1 << 32) - 1
 
 
 def rnd(seed, bits):
@@ -61,6 +62,16 @@ def montgomery(f):
     return operation
 
 
+def sign(x):
+    return (x > 0) - (x < 0)
+
+
+def first_one(a, i):
+    """Of infinite two's complement: the first 1 at or after bit i; WORD if there is none."""
+    rest = a >> i
+    return i + (rest & -rest).bit_length() - 1 if rest else WORD
+
+
 OPERATIONS = {
     "bn_add": lambda a, b: [a + b],
     "bn_sub": lambda a, b: [a - b],
@@ -73,6 +84,44 @@ OPERATIONS = {
     "mont_form": montgomery(lambda n, R, a: a * R % n),
     "mont_mul": montgomery(lambda n, R, a, b: a * b * pow(R, -1, n) % n),
     "mont_exp": montgomery(lambda n, R, x, e: pow(x * pow(R, -1, n), e, n) * R % n),
+    "add": lambda a, b: [a + b],
+    "sub": lambda a, b: [a - b],
+    "mul": lambda a, b: [a * b],
+    "and": lambda a, b: [a & b],
+    "ior": lambda a, b: [a | b],
+    "xor": lambda a, b: [a ^ b],
+    "set": lambda a: [a],
+    "neg": lambda a: [-a],
+    "abs": lambda a: [abs(a)],
+    "com": lambda a: [~a],
+    "add_ui": lambda a, v: [a + v],
+    "sub_ui": lambda a, v: [a - v],
+    "ui_sub": lambda a, v: [v - a],
+    "mul_ui": lambda a, v: [a * v],
+    "mul_si": lambda a, v: [a * v],
+    "mul_2exp": lambda a, k: [a << k],
+    "pow_ui": lambda a, e: [a ** e],
+    "ui_pow_ui": lambda v, e: [v ** e],
+    "addmul": lambda r, a, b: [r + a * b],
+    "submul": lambda r, a, b: [r - a * b],
+    "addmul_ui": lambda r, a, v: [r + a * v],
+    "submul_ui": lambda r, a, v: [r - a * v],
+    "limb_product": lambda a, b: [a * b],
+    "limb_addmul": lambda r, a, b: [r + a * b],
+    "compare": lambda a, b: [sign(a - b), sign(abs(a) - abs(b)), sign(a)],
+    "compare_word": lambda a, v: [sign(a - v), sign(abs(a) - v)],
+    "compare_signed": lambda a, v: [sign(a - v)],
+    "fits": lambda a: [int(low <= a <= high) for low, high in (
+        (-1 << 31, (1 << 31) - 1), (0, WORD), (-1 << 15, (1 << 15) - 1), (0, (1 << 16) - 1))],
+    "low_word": lambda a: [abs(a) & WORD, sign(a) * (abs(a) & WORD) & WORD,
+                           (abs(a).bit_length() + 31) // 32],
+    "size_in_power_of_two": lambda a, b: [
+        max(1, -(-abs(a).bit_length() // (b.bit_length() - 1)))],
+    "setbit": lambda a, i: [a | 1 << i],
+    "clrbit": lambda a, i: [a & ~(1 << i)],
+    "bit": lambda a, i: [a >> i & 1, first_one(~a, i), first_one(a, i)],
+    "popcount": lambda a: [WORD if a < 0 else bin(a).count("1")],
+    "hamdist": lambda a, b: [WORD if (a < 0) != (b < 0) else bin(a ^ b).count("1")],
 }
 
 
@@ -151,9 +200,77 @@ def big_number_cases(seeds):
             yield "mont_exp", n, n, "2"
 
 
+def record_cases(seeds):
+    words = ["0", "1", "7fffffff", "80000000", "ffffffff"]
+    # 8 limbs are what a record has at first, 9 make it grow.
+    operands = words + [x for n in (2, 8, 9, 20) for x in shapes(seeds, n)]
+    for i, a in enumerate(operands):
+        for x in (a, "-" + a):
+            for op in ("set", "neg", "abs", "com", "fits", "low_word", "popcount"):
+                yield op, x
+            for v in words + ["3"]:
+                for op in ("add_ui", "sub_ui", "ui_sub", "mul_ui", "compare_word"):
+                    yield op, x, v
+            for v in ("0", "1", "-1", "7fffffff", "-80000000"):
+                yield "mul_si", x, v
+                yield "compare_signed", x, v
+            n = parse(a).bit_length()
+            for k in {0, 1, 31, 32, 33, n, max(n - 1, 0), n + 64}:
+                for op in ("mul_2exp", "setbit", "clrbit", "bit"):
+                    yield op, x, "%x" % k
+            for base in ("2", "4", "8", "10", "20"):
+                yield "size_in_power_of_two", x, base
+            for e in ("0", "1", "2", "5", "c"):
+                yield "pow_ui", x, e
+        for b in operands[i % 2::2] + [a]:
+            for x, y in signed(a, b):
+                for op in ("add", "sub", "and", "ior", "xor", "compare", "hamdist"):
+                    yield op, x, y
+            yield "mul", a, "-" + b
+            yield "addmul", a, b, a
+            yield "submul", a, a, "-" + b
+            yield "addmul_ui", "-" + a, b, "ffffffff"
+            yield "submul_ui", a, a, "%x" % (parse(b) & WORD)
+            yield "limb_addmul", a, b, operands[(i + 3) % len(operands)]
+    for v, e in (("0", "0"), ("0", "5"), ("2", "40"), ("ffffffff", "7")):
+        yield "ui_pow_ui", v, e
+    # Equal but for the lowest limb; all ones plus one; a difference that loses all limbs but one.
+    for n in (2, 9, 33):
+        x = rnd(n, 32 * n)
+        yield "sub", "%x" % x, "%x" % (x ^ 1)
+        yield "add", "ones(%d)" % (32 * n), "1"
+        yield "sub", "bit(%d)" % (32 * n), "ones(%d)" % (32 * n)
+        yield "limb_addmul", "ones(%d)" % (64 * n), "ones(%d)" % (32 * n), "ones(%d)" % (32 * n)
+        yield "limb_addmul", "ones(%d)" % (128 * n), "1", "ones(%d)" % (32 * n)
+
+
+def product_cases(seeds):
+    # Both sides of the schoolbook limits, odd and even halves on each level of recursion, the sizes
+    # at which scratch leaves the stack.
+    equal = [1, 2, 3, 4, 8, 15, 16, 17, 18, 19, 31, 32, 33, 34, 35, 63, 64, 65, 66, 67, 127, 128, 129,
+             130, 131, 255, 256, 257, 258, 300]
+    unequal = [(17, 15), (17, 16), (16, 15), (18, 17), (40, 20), (41, 20), (61, 20), (60, 20),
+               (81, 20), (100, 1), (100, 2), (39, 20), (21, 20), (256, 255), (256, 256), (257, 256),
+               (300, 17), (200, 99)]
+    for n, m in [(n, n) for n in equal] + unequal:
+        for a, b in zip(shapes(seeds, n) + ["ones(%d)" % (32 * n)],
+                        shapes(seeds, m) + [seeds.rnd(32 * m)]):
+            yield "limb_product", a, b
+            yield "mul", "-" + a, b
+        yield "mul", "ones(%d)" % (32 * n), "bit(%d)" % (32 * m - 1)
+        # Halves whose sums carry, and whose middle term does.
+        half = "%x" % sum(WORD << 32 * i for i in range(m // 2, m))
+        if m > 1:
+            yield "limb_product", "ones(%d)" % (32 * n), half
+            yield "limb_product", "%x" % (1 << 32 * n - 1 | ((1 << 32 * (n // 2)) - 1)), half
+
+
 def table():
     seeds = Seeds()
-    for case in big_number_cases(seeds):
+    # Of the families that cross every operand with every other, one in three.
+    crossed = [case for family in (big_number_cases, record_cases) for case in family(seeds)]
+    cases = crossed[::3] + list(product_cases(seeds))
+    for case in dict.fromkeys(cases):
         answer = OPERATIONS[case[0]](*map(parse, case[1:]))
         yield " ".join(case) + " = " + " ".join(map(digest, answer))
 

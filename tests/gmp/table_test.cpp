@@ -12,6 +12,7 @@ const Operations& operations() {
     static const Operations all = [] {
         Operations map;
         add_big_number_operations(map);
+        add_record_operations(map);
         return map;
     }();
     return all;
