@@ -78,6 +78,41 @@
     (unsigned* hi, unsigned* lo, unsigned ah, unsigned al, unsigned bh, unsigned bl)
 #define ARGS_TWO_LIMBS (hi, lo, ah, al, bh, bl)
 
+#define PARAMS_DIV_Q (vor_mpz * q, const vor_mpz* n, const vor_mpz* d)
+#define ARGS_DIV_Q (q, n, d)
+#define PARAMS_DIV_R (vor_mpz * r, const vor_mpz* n, const vor_mpz* d)
+#define ARGS_DIV_R (r, n, d)
+#define PARAMS_DIV_Q_WORD (vor_mpz * q, const vor_mpz* n, unsigned d)
+#define ARGS_DIV_Q_WORD (q, n, d)
+#define PARAMS_DIV_R_WORD (vor_mpz * r, const vor_mpz* n, unsigned d)
+#define ARGS_DIV_R_WORD (r, n, d)
+#define PARAMS_DIV_WORD (const vor_mpz* n, unsigned d)
+#define ARGS_DIV_WORD (n, d)
+
+#define PARAMS_DIVMOD_1 (unsigned* q, const unsigned* n, int nn, unsigned d)
+#define ARGS_DIVMOD_1 (q, n, nn, d)
+#define PARAMS_MOD_1 (const unsigned* n, int nn, unsigned d)
+#define ARGS_MOD_1 (n, nn, d)
+#define PARAMS_DIVQR_LONG                                                                          \
+    (unsigned* q, unsigned* r, const unsigned* n, int nn, const unsigned* d, int dn)
+#define ARGS_DIVQR_LONG (q, r, n, nn, d, dn)
+#define PARAMS_DIVQR_DC                                                                            \
+    (unsigned* q, int* qsize, unsigned* r, int* rsize, const unsigned* n, int nn,                  \
+     const unsigned* d, int dn)
+#define ARGS_DIVQR_DC (q, qsize, r, rsize, n, nn, d, dn)
+#define PARAMS_DIVQR_SQ (unsigned* q, int* qsize, unsigned* n, int nn, const unsigned* d, int dn)
+#define ARGS_DIVQR_SQ (q, qsize, n, nn, d, dn)
+#define PARAMS_DIVQ_SQ (unsigned* q, const unsigned* n, int nn, const unsigned* d, int dn)
+#define ARGS_DIVQ_SQ (q, n, nn, d, dn)
+#define PARAMS_BLOCK (unsigned* q, unsigned* a, const unsigned* b, int n)
+#define ARGS_BLOCK (q, a, b, n)
+#define PARAMS_DIV_3_BY_2 (const unsigned* p, unsigned d1, unsigned d0, unsigned v)
+#define ARGS_DIV_3_BY_2 (p, d1, d0, v)
+#define PARAMS_DIV_2_BY_1 (unsigned nh, unsigned nl, unsigned d)
+#define ARGS_DIV_2_BY_1 (nh, nl, d)
+#define PARAMS_DIV_PREINV (unsigned* r, unsigned nh, unsigned nl, unsigned d, unsigned v)
+#define ARGS_DIV_PREINV (r, nh, nl, d, v)
+
 // X(result, lower-case name, upper-case name, argument list)
 #define VOR_GMP_MEMORY_OPERATIONS(X)                                                               \
     X(vor_gmp_allocator, __gmp_allocate_func_ptr, __GMP_ALLOCATE_FUNC_PTR, NONE)                   \
@@ -171,12 +206,67 @@
     X(unsigned, __gmpz_popcount, __GMPZ_POPCOUNT, CX)                                              \
     X(unsigned, __gmpz_hamdist, __GMPZ_HAMDIST, AB)
 
+#define VOR_GMP_DIVISION_OPERATIONS(X)                                                             \
+    X(unsigned, mpn_divmod_1, MPN_DIVMOD_1, DIVMOD_1)                                              \
+    X(unsigned, mpn_mod_1, MPN_MOD_1, MOD_1)                                                       \
+    X(unsigned, mpl_divqr_long, MPL_DIVQR_LONG, DIVQR_LONG)                                        \
+    X(void, mpl_divqr_dc, MPL_DIVQR_DC, DIVQR_DC)                                                  \
+    X(int, mpl_divqr_sq, MPL_DIVQR_SQ, DIVQR_SQ)                                                   \
+    X(int, mpl_divq_sq, MPL_DIVQ_SQ, DIVQ_SQ)                                                      \
+    X(void, vor_gmp_div_n4_d2, VOR_GMP_DIV_N4_D2, BLOCK)                                           \
+    X(void, vor_gmp_div_n3_d2, VOR_GMP_DIV_N3_D2, BLOCK)                                           \
+    X(unsigned, mpl_divq_3_by_2, MPL_DIVQ_3_BY_2, DIV_3_BY_2)                                      \
+    X(unsigned, mpl_udiv_qqrnnd, MPL_UDIV_QQRNND, DIV_2_BY_1)                                      \
+    X(unsigned, vor_gmp_udiv_qrnnd_preinv, VOR_GMP_UDIV_QRNND_PREINV, DIV_PREINV)                  \
+    X(void, vor_gmp_div_qr, VOR_GMP_DIV_QR, QRND)                                                  \
+    X(void, vor_gmp_div_q, VOR_GMP_DIV_Q, DIV_Q)                                                   \
+    X(void, vor_gmp_div_r, VOR_GMP_DIV_R, DIV_R)                                                   \
+    X(void, vor_gmp_divqr_2exp, VOR_GMP_DIVQR_2EXP, QRNV)                                          \
+    X(void, __gmpz_tdiv_qr, __GMPZ_TDIV_QR, QRND)                                                  \
+    X(void, __gmpz_tdiv_q, __GMPZ_TDIV_Q, DIV_Q)                                                   \
+    X(void, __gmpz_tdiv_r, __GMPZ_TDIV_R, DIV_R)                                                   \
+    X(unsigned, __gmpz_tdiv_qr_ui, __GMPZ_TDIV_QR_UI, QRNV)                                        \
+    X(unsigned, __gmpz_tdiv_q_ui, __GMPZ_TDIV_Q_UI, DIV_Q_WORD)                                    \
+    X(unsigned, __gmpz_tdiv_r_ui, __GMPZ_TDIV_R_UI, DIV_R_WORD)                                    \
+    X(unsigned, __gmpz_tdiv_ui, __GMPZ_TDIV_UI, DIV_WORD)                                          \
+    X(void, __gmpz_tdiv_q_2exp, __GMPZ_TDIV_Q_2EXP, DIV_Q_WORD)                                    \
+    X(void, __gmpz_tdiv_r_2exp, __GMPZ_TDIV_R_2EXP, DIV_R_WORD)                                    \
+    X(void, __gmpz_fdiv_qr, __GMPZ_FDIV_QR, QRND)                                                  \
+    X(void, __gmpz_fdiv_q, __GMPZ_FDIV_Q, DIV_Q)                                                   \
+    X(void, __gmpz_fdiv_r, __GMPZ_FDIV_R, DIV_R)                                                   \
+    X(unsigned, __gmpz_fdiv_qr_ui, __GMPZ_FDIV_QR_UI, QRNV)                                        \
+    X(unsigned, __gmpz_fdiv_q_ui, __GMPZ_FDIV_Q_UI, DIV_Q_WORD)                                    \
+    X(unsigned, __gmpz_fdiv_r_ui, __GMPZ_FDIV_R_UI, DIV_R_WORD)                                    \
+    X(unsigned, __gmpz_fdiv_ui, __GMPZ_FDIV_UI, DIV_WORD)                                          \
+    X(void, __gmpz_fdiv_q_2exp, __GMPZ_FDIV_Q_2EXP, DIV_Q_WORD)                                    \
+    X(void, __gmpz_fdiv_r_2exp, __GMPZ_FDIV_R_2EXP, DIV_R_WORD)                                    \
+    X(void, __gmpz_cdiv_qr, __GMPZ_CDIV_QR, QRND)                                                  \
+    X(void, __gmpz_cdiv_q, __GMPZ_CDIV_Q, DIV_Q)                                                   \
+    X(void, __gmpz_cdiv_r, __GMPZ_CDIV_R, DIV_R)                                                   \
+    X(unsigned, __gmpz_cdiv_qr_ui, __GMPZ_CDIV_QR_UI, QRNV)                                        \
+    X(unsigned, __gmpz_cdiv_q_ui, __GMPZ_CDIV_Q_UI, DIV_Q_WORD)                                    \
+    X(unsigned, __gmpz_cdiv_r_ui, __GMPZ_CDIV_R_UI, DIV_R_WORD)                                    \
+    X(unsigned, __gmpz_cdiv_ui, __GMPZ_CDIV_UI, DIV_WORD)                                          \
+    X(void, __gmpz_cdiv_q_2exp, __GMPZ_CDIV_Q_2EXP, DIV_Q_WORD)                                    \
+    X(void, __gmpz_cdiv_r_2exp, __GMPZ_CDIV_R_2EXP, DIV_R_WORD)                                    \
+    X(void, __gmpz_mod, __GMPZ_MOD, DIV_R)                                                         \
+    X(unsigned, __gmpz_mod_ui, __GMPZ_MOD_UI, DIV_R_WORD)                                          \
+    X(void, __gmpz_divexact, __GMPZ_DIVEXACT, DIV_Q)                                               \
+    X(void, __gmpz_divexact_ui, __GMPZ_DIVEXACT_UI, DIV_Q_WORD)                                    \
+    X(int, __gmpz_divisible_p, __GMPZ_DIVISIBLE_P, AB)                                             \
+    X(int, __gmpz_divisible_ui_p, __GMPZ_DIVISIBLE_UI_P, DIV_WORD)                                 \
+    X(int, __gmpz_divisible_2exp_p, __GMPZ_DIVISIBLE_2EXP_P, DIV_WORD)                             \
+    X(int, __gmpz_congruent_p, __GMPZ_CONGRUENT_P, ABD)                                            \
+    X(int, __gmpz_congruent_ui_p, __GMPZ_CONGRUENT_UI_P, AVV)                                      \
+    X(int, __gmpz_congruent_2exp_p, __GMPZ_CONGRUENT_2EXP_P, ABV)
+
 #define VOR_GMP_OPERATIONS(X)                                                                      \
     VOR_GMP_MEMORY_OPERATIONS(X)                                                                   \
     VOR_GMP_LIMB_OPERATIONS(X)                                                                     \
     VOR_GMP_ARITHMETIC_OPERATIONS(X)                                                               \
     VOR_GMP_BASIC_OPERATIONS(X)                                                                    \
-    VOR_GMP_BIT_OPERATIONS(X)
+    VOR_GMP_BIT_OPERATIONS(X)                                                                      \
+    VOR_GMP_DIVISION_OPERATIONS(X)
 
 // Y(result, mixed-case name, lower-case name, upper-case name, argument list)
 #define VOR_GMP_MIXED_OPERATIONS(Y)                                                                \

@@ -147,6 +147,90 @@ VOR_SPELLINGS(void, __gmpz_mul_2exp, __GMPZ_MUL_2EXP,
 VOR_SPELLINGS(void, __gmpz_pow_ui, __GMPZ_POW_UI, (vor_mpz * r, const vor_mpz* a, unsigned e))
 VOR_SPELLINGS(void, __gmpz_ui_pow_ui, __GMPZ_UI_POW_UI, (vor_mpz * r, unsigned v, unsigned e))
 
+/* ---- Division ----------------------------------------------------------------------------------- */
+/* n = q * d + r. Rounding of the quotient, and sign of the remainder:
+ *   tdiv  toward zero           r has the sign of n
+ *   fdiv  toward minus infinity r has the sign of d
+ *   cdiv  toward plus infinity  r has the sign opposite to d
+ * q and r may be n or d, but not one record. The forms with a word d return the magnitude of their
+ * remainder. The _2exp forms divide by 2^bits. */
+
+VOR_SPELLINGS(void, __gmpz_tdiv_qr, __GMPZ_TDIV_QR,
+              (vor_mpz * q, vor_mpz* r, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(void, __gmpz_tdiv_q, __GMPZ_TDIV_Q, (vor_mpz * q, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(void, __gmpz_tdiv_r, __GMPZ_TDIV_R, (vor_mpz * r, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(unsigned, __gmpz_tdiv_qr_ui, __GMPZ_TDIV_QR_UI,
+              (vor_mpz * q, vor_mpz* r, const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(unsigned, __gmpz_tdiv_q_ui, __GMPZ_TDIV_Q_UI,
+              (vor_mpz * q, const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(unsigned, __gmpz_tdiv_r_ui, __GMPZ_TDIV_R_UI,
+              (vor_mpz * r, const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(unsigned, __gmpz_tdiv_ui, __GMPZ_TDIV_UI, (const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(void, __gmpz_tdiv_q_2exp, __GMPZ_TDIV_Q_2EXP,
+              (vor_mpz * q, const vor_mpz* n, unsigned bits))
+VOR_SPELLINGS(void, __gmpz_tdiv_r_2exp, __GMPZ_TDIV_R_2EXP,
+              (vor_mpz * r, const vor_mpz* n, unsigned bits))
+
+VOR_SPELLINGS(void, __gmpz_fdiv_qr, __GMPZ_FDIV_QR,
+              (vor_mpz * q, vor_mpz* r, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(void, __gmpz_fdiv_q, __GMPZ_FDIV_Q, (vor_mpz * q, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(void, __gmpz_fdiv_r, __GMPZ_FDIV_R, (vor_mpz * r, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(unsigned, __gmpz_fdiv_qr_ui, __GMPZ_FDIV_QR_UI,
+              (vor_mpz * q, vor_mpz* r, const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(unsigned, __gmpz_fdiv_q_ui, __GMPZ_FDIV_Q_UI,
+              (vor_mpz * q, const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(unsigned, __gmpz_fdiv_r_ui, __GMPZ_FDIV_R_UI,
+              (vor_mpz * r, const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(unsigned, __gmpz_fdiv_ui, __GMPZ_FDIV_UI, (const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(void, __gmpz_fdiv_q_2exp, __GMPZ_FDIV_Q_2EXP,
+              (vor_mpz * q, const vor_mpz* n, unsigned bits))
+VOR_SPELLINGS(void, __gmpz_fdiv_r_2exp, __GMPZ_FDIV_R_2EXP,
+              (vor_mpz * r, const vor_mpz* n, unsigned bits))
+
+VOR_SPELLINGS(void, __gmpz_cdiv_qr, __GMPZ_CDIV_QR,
+              (vor_mpz * q, vor_mpz* r, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(void, __gmpz_cdiv_q, __GMPZ_CDIV_Q, (vor_mpz * q, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(void, __gmpz_cdiv_r, __GMPZ_CDIV_R, (vor_mpz * r, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(unsigned, __gmpz_cdiv_qr_ui, __GMPZ_CDIV_QR_UI,
+              (vor_mpz * q, vor_mpz* r, const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(unsigned, __gmpz_cdiv_q_ui, __GMPZ_CDIV_Q_UI,
+              (vor_mpz * q, const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(unsigned, __gmpz_cdiv_r_ui, __GMPZ_CDIV_R_UI,
+              (vor_mpz * r, const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(unsigned, __gmpz_cdiv_ui, __GMPZ_CDIV_UI, (const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(void, __gmpz_cdiv_q_2exp, __GMPZ_CDIV_Q_2EXP,
+              (vor_mpz * q, const vor_mpz* n, unsigned bits))
+VOR_SPELLINGS(void, __gmpz_cdiv_r_2exp, __GMPZ_CDIV_R_2EXP,
+              (vor_mpz * r, const vor_mpz* n, unsigned bits))
+
+/* 0 <= r < |d|. */
+VOR_SPELLINGS(void, __gmpz_mod, __GMPZ_MOD, (vor_mpz * r, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(unsigned, __gmpz_mod_ui, __GMPZ_MOD_UI, (vor_mpz * r, const vor_mpz* n, unsigned d))
+/* n / d where d divides n. */
+VOR_SPELLINGS(void, __gmpz_divexact, __GMPZ_DIVEXACT,
+              (vor_mpz * q, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(void, __gmpz_divexact_ui, __GMPZ_DIVEXACT_UI,
+              (vor_mpz * q, const vor_mpz* n, unsigned d))
+/* 1 if d, or 2^bits, divides n; if it divides a - c. */
+VOR_SPELLINGS(int, __gmpz_divisible_p, __GMPZ_DIVISIBLE_P, (const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(int, __gmpz_divisible_ui_p, __GMPZ_DIVISIBLE_UI_P, (const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(int, __gmpz_divisible_2exp_p, __GMPZ_DIVISIBLE_2EXP_P,
+              (const vor_mpz* n, unsigned bits))
+VOR_SPELLINGS(int, __gmpz_congruent_p, __GMPZ_CONGRUENT_P,
+              (const vor_mpz* a, const vor_mpz* c, const vor_mpz* d))
+VOR_SPELLINGS(int, __gmpz_congruent_ui_p, __GMPZ_CONGRUENT_UI_P,
+              (const vor_mpz* a, unsigned c, unsigned d))
+VOR_SPELLINGS(int, __gmpz_congruent_2exp_p, __GMPZ_CONGRUENT_2EXP_P,
+              (const vor_mpz* a, const vor_mpz* c, unsigned bits))
+
+/* The engines of the families, on magnitudes: signs of n and d are ignored, results are not negative. */
+VOR_SPELLINGS(void, vor_gmp_div_qr, VOR_GMP_DIV_QR,
+              (vor_mpz * q, vor_mpz* r, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(void, vor_gmp_div_q, VOR_GMP_DIV_Q, (vor_mpz * q, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(void, vor_gmp_div_r, VOR_GMP_DIV_R, (vor_mpz * r, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(void, vor_gmp_divqr_2exp, VOR_GMP_DIVQR_2EXP,
+              (vor_mpz * q, vor_mpz* r, const vor_mpz* n, unsigned bits))
+
 /* ---- Bits --------------------------------------------------------------------------------------- */
 /* A negative number is an infinite two's complement, with ones on top without end. Bit numbers count
  * from 0 at the bottom; 0xFFFFFFFF is "none". */
@@ -201,6 +285,43 @@ VOR_SPELLINGS(void, mpn_mul_basecase, MPN_MUL_BASECASE,
               (unsigned* r, const unsigned* a, int an, const unsigned* b, int bn))
 /* r = r + a * b, rn limbs on entry, with room for max(rn, an + bn) + 1; its new size, trimmed. */
 int mpn_addmul(unsigned* r, int rn, const unsigned* a, int an, const unsigned* b, int bn);
+
+/* Division by one limb d: nn limbs of quotient, q may be n; the remainder. */
+VOR_SPELLINGS(unsigned, mpn_divmod_1, MPN_DIVMOD_1,
+              (unsigned* q, const unsigned* n, int nn, unsigned d))
+VOR_SPELLINGS(unsigned, mpn_mod_1, MPN_MOD_1, (const unsigned* n, int nn, unsigned d))
+/* Division of nn by dn limbs, nn >= dn, d without a zero limb on top. q apart from n and d, r apart
+ * from q.
+ *   mpl_divqr_long  schoolbook; quotient limbs 0 to nn - dn - 1 into q (for dn = 1 all nn), which may
+ *                   be null, limb nn - dn is the result (0 for dn = 1 without q); r, dn limbs, may
+ *                   be n
+ *   mpl_divqr_dc    recursive; q, nn - dn + 1 limbs, and qsize may be null together
+ *   mpl_divqr_sq    for a short quotient, q of nn - dn + 2 limbs; n becomes the remainder; its size
+ *   mpl_divq_sq     the quotient only, q of nn - dn + 2 limbs; the quotient's size; n is not changed
+ */
+VOR_SPELLINGS(unsigned, mpl_divqr_long, MPL_DIVQR_LONG,
+              (unsigned* q, unsigned* r, const unsigned* n, int nn, const unsigned* d, int dn))
+VOR_SPELLINGS(void, mpl_divqr_dc, MPL_DIVQR_DC,
+              (unsigned* q, int* qsize, unsigned* r, int* rsize, const unsigned* n, int nn,
+               const unsigned* d, int dn))
+VOR_SPELLINGS(int, mpl_divqr_sq, MPL_DIVQR_SQ,
+              (unsigned* q, int* qsize, unsigned* n, int nn, const unsigned* d, int dn))
+VOR_SPELLINGS(int, mpl_divq_sq, MPL_DIVQ_SQ,
+              (unsigned* q, const unsigned* n, int nn, const unsigned* d, int dn))
+/* Steps of the recursion, b normalised (top bit set) and above the top limbs of a, so that the quotient
+ * fits: 4h limbs at a by 2h at b, q of 2h; 3n limbs by 2n, q of n, n even. The remainder replaces the low
+ * limbs of a; the rest of a is scratch. */
+VOR_SPELLINGS(void, vor_gmp_div_n4_d2, VOR_GMP_DIV_N4_D2,
+              (unsigned* q, unsigned* a, const unsigned* b, int h))
+VOR_SPELLINGS(void, vor_gmp_div_n3_d2, VOR_GMP_DIV_N3_D2,
+              (unsigned* q, unsigned* a, const unsigned* b, int n))
+/* Quotient limbs: (p[0], p[-1], p[-2]) by (d1, d0), d1 normalised, v its inverse floor((2^64 - 1) / d1) - 2^32,
+ * at most 2^32 - 1; (nh, nl) by d, nh < d; the same with d normalised and its inverse v. */
+VOR_SPELLINGS(unsigned, mpl_divq_3_by_2, MPL_DIVQ_3_BY_2,
+              (const unsigned* p, unsigned d1, unsigned d0, unsigned v))
+VOR_SPELLINGS(unsigned, mpl_udiv_qqrnnd, MPL_UDIV_QQRNND, (unsigned nh, unsigned nl, unsigned d))
+VOR_SPELLINGS(unsigned, vor_gmp_udiv_qrnnd_preinv, VOR_GMP_UDIV_QRNND_PREINV,
+              (unsigned* r, unsigned nh, unsigned nl, unsigned d, unsigned v))
 
 /* p = p + v, with a carry upward that the caller knows to end. */
 VOR_SPELLINGS(void, mpn_incr_u, MPN_INCR_U, (unsigned* p, unsigned v))

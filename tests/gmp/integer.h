@@ -23,30 +23,16 @@ struct Int {
         while (!words.empty() && words.back() == 0) words.pop_back();
         if (words.empty()) negative = false;
     }
-    // An operand in one of the forms of oracle.py: hexadecimal, ones(n), bit(k), rnd(seed,bits),
-    // each with a minus in front or not.
-    explicit Int(std::string text) {
+    // An operand as oracle.py tells it: atom, atom*atom, each with +atom or -atom behind it or not,
+    // the whole with a minus in front or not.
+    explicit Int(const std::string& text) {
         const bool minus = text[0] == '-';
-        if (minus) text.erase(0, 1);
-        const auto argument = [&](size_t after) { return std::stoul(text.substr(after)); };
-        if (text.starts_with("ones(")) {
-            resize_bits(argument(5));
-            for (size_t i = 0; i < bits_; ++i) words[i / 32] |= 1u << i % 32;
-        } else if (text.starts_with("bit(")) {
-            resize_bits(argument(4) + 1);
-            words.back() |= 1u << (bits_ - 1) % 32;
-        } else if (text.starts_with("rnd(")) {
-            Random random(argument(4));
-            resize_bits(argument(text.find(',') + 1));
-            for (uint32_t& w : words) w = static_cast<uint32_t>(random.bits());
-            if (bits_ % 32) words.back() &= (1u << bits_ % 32) - 1;
-            words.back() |= 1u << (bits_ - 1) % 32;
-        } else {
-            resize_bits(4 * text.size());
-            for (size_t i = 0; i < text.size(); ++i)
-                words[i / 8] |= static_cast<uint32_t>(
-                    std::stoul(text.substr(text.size() - 1 - i, 1), nullptr, 16) << 4 * (i % 8));
-        }
+        const size_t star = text.find('*'), last = text.find_last_of("+-");
+        const bool sum = last != std::string::npos && last > 0;
+        const size_t end = sum ? last : text.size();
+        *this = atom(text.substr(minus, std::min(star, end) - minus));
+        if (star != std::string::npos) multiply(atom(text.substr(star + 1, end - star - 1)));
+        if (sum) add(atom(text.substr(last + 1)), text[last] == '-');
         *this = Int(words.data(), words.size(), minus);
     }
 
@@ -78,11 +64,57 @@ struct Int {
     }
 
 private:
-    void resize_bits(size_t bits) {
-        bits_ = bits;
-        words.assign((bits + 31) / 32, 0);
+    // A number of hexadecimal digits, ones(n), bit(k) or rnd(seed,bits).
+    static Int atom(const std::string& text) {
+        const auto argument = [&](size_t from) { return std::stoul(text.substr(from)); };
+        Int x;
+        const auto with_bits = [&](size_t bits) { x.words.assign((bits + 31) / 32, 0); };
+        const auto set = [&](size_t i, uint32_t value) { x.words[i / 32] |= value << i % 32; };
+        if (text.starts_with("ones(")) {
+            with_bits(argument(5));
+            for (size_t i = 0; i < argument(5); ++i) set(i, 1);
+        } else if (text.starts_with("bit(")) {
+            with_bits(argument(4) + 1);
+            set(argument(4), 1);
+        } else if (text.starts_with("rnd(")) {
+            Random random(argument(4));
+            const size_t bits = argument(text.find(',') + 1);
+            with_bits(bits);
+            for (uint32_t& w : x.words) w = static_cast<uint32_t>(random.bits());
+            if (bits % 32) x.words.back() &= (1u << bits % 32) - 1;
+            set(bits - 1, 1);
+        } else {
+            with_bits(4 * text.size());
+            for (size_t i = 0; i < text.size(); ++i)
+                set(4 * i, static_cast<uint32_t>(
+                               std::stoul(text.substr(text.size() - 1 - i, 1), nullptr, 16)));
+        }
+        return x;
     }
-    size_t bits_ = 0;
+    void multiply(const Int& y) {
+        std::vector<uint32_t> r(words.size() + y.words.size());
+        for (size_t i = 0; i < words.size(); ++i) {
+            uint64_t carry = 0;
+            for (size_t j = 0; j < y.words.size(); ++j) {
+                carry += uint64_t{words[i]} * y.words[j] + r[i + j];
+                r[i + j] = static_cast<uint32_t>(carry);
+                carry >>= 32;
+            }
+            r[i + y.words.size()] = static_cast<uint32_t>(carry);
+        }
+        words = r;
+    }
+    // The sum or the difference, which is not negative.
+    void add(const Int& y, bool subtract) {
+        words.resize(std::max(words.size(), y.words.size()) + 1);
+        int64_t carry = 0;
+        for (size_t i = 0; i < words.size(); ++i) {
+            const int64_t limb = i < y.words.size() ? y.words[i] : 0;
+            carry += words[i] + (subtract ? -limb : limb);
+            words[i] = static_cast<uint32_t>(carry);
+            carry >>= 32;
+        }
+    }
 };
 
 inline std::ostream& operator<<(std::ostream& out, const Int& x) {

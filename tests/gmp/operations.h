@@ -17,5 +17,6 @@ const Operations& operations();
 
 void add_big_number_operations(Operations& all);
 void add_record_operations(Operations& all);
+void add_division_operations(Operations& all);
 
 } // namespace vor::test

@@ -6,8 +6,9 @@
     oracle.py --random SEED COUNT   writes COUNT random questions for --serve
 
 An operand is a hexadecimal number, ones(n) = 2^n - 1, bit(k) = 2^k or rnd(seed,bits), a number of
-exactly that many bits from SplitMix64; a minus may stand in front. A large result stands in the
-table as its sign, its length in bits and its residues modulo three word primes.
+exactly that many bits from SplitMix64; or a product of two of these; each with another one added
+or subtracted behind it; a minus may stand in front of the whole. A large result stands in the table
+as its sign, its length in bits and its residues modulo three word primes.
 """
 import math
 import random
@@ -29,9 +30,7 @@ def rnd(seed, bits):
     return value & ((1 << bits) - 1) | 1 << (bits - 1)
 
 
-def parse(text):
-    if text[0] == "-":
-        return -parse(text[1:])
+def atom(text):
     if text.startswith("ones("):
         return (1 << int(text[5:-1])) - 1
     if text.startswith("bit("):
@@ -39,6 +38,16 @@ def parse(text):
     if text.startswith("rnd("):
         return rnd(*map(int, text[4:-1].split(",")))
     return int(text, 16)
+
+
+def parse(text):
+    if text[0] == "-":
+        return -parse(text[1:])
+    for separator, combine in (("+", lambda x, y: x + y), ("-", lambda x, y: x - y)):
+        if separator in text:
+            head, tail = text.split(separator)
+            return combine(parse(head), atom(tail))
+    return math.prod(map(atom, text.split("*")))
 
 
 def digest(x):
@@ -121,6 +130,15 @@ OPERATIONS = {
     "clrbit": lambda a, i: [a & ~(1 << i)],
     "bit": lambda a, i: [a >> i & 1, first_one(~a, i), first_one(a, i)],
     "popcount": lambda a: [WORD if a < 0 else bin(a).count("1")],
+    "tdiv": truncate,
+    "fdiv": lambda n, d: list(divmod(n, d)),
+    "cdiv": lambda n, d: [-(-n // d), n + -n // d * d],
+    "tdiv_2exp": lambda n, k: truncate(n, 1 << k),
+    "fdiv_2exp": lambda n, k: [n >> k, n & (1 << k) - 1],
+    "cdiv_2exp": lambda n, k: [-(-n >> k), n + (-n >> k << k)],
+    "div_magnitudes": lambda n, d: list(divmod(abs(n), abs(d))),
+    "mod": lambda n, d: [n % abs(d)],
+    "mod_2exp": lambda n, k: list(divmod(abs(n), 1 << k)),
     "hamdist": lambda a, b: [WORD if (a < 0) != (b < 0) else bin(a ^ b).count("1")],
 }
 
@@ -146,6 +164,14 @@ def signed(a, b):
     return [(a, b), (a, "-" + b), ("-" + a, b), ("-" + a, "-" + b)]
 
 
+def multiples(q, d):
+    """q d + d - 1 and its neighbours q d and q d - 1, for q of one atom and d of one or two."""
+    if "+" in d:
+        return ["%x" % (parse(q) * parse(d) + shift) for shift in (parse(d) - 1, 0)]
+    successor = "bit(%d)" % int(q[5:-1]) if q.startswith("ones(") else "%x" % (parse(q) + 1)
+    return [successor + "*" + d + "-1", q + "*" + d, q + "*" + d + "-1"]
+
+
 def big_number_cases(seeds):
     small = ["0", "1", "2", "ffffffff"]
     operands = small + [x for n in (1, 2, 3, 8, 9) for x in shapes(seeds, n)]
@@ -167,11 +193,11 @@ def big_number_cases(seeds):
     # Quotients of every length over divisors of every length, the digits all ones: the estimate is
     # one too large where the divisor starts with a 1 bit and zeros and ends in ones.
     for n in (2, 3, 5, 12):
-        for d in shapes(seeds, n) + ["%x" % ((1 << 32 * n - 1) + (1 << 32 * n - 33) - 1),
-                                     "%x" % ((1 << 32 * n - 32) + 1)]:
+        for d in shapes(seeds, n) + ["bit(%d)+ones(%d)" % (32 * n - 1, 32 * n - 33),
+                                     "bit(%d)+1" % (32 * n - 32)]:
             for q in ("ones(%d)" % (32 * n), "ones(32)", seeds.rnd(77)):
-                yield "bn_div", "%x" % (parse(d) * parse(q) + parse(d) - 1), d
-                yield "bn_div", "%x" % (parse(d) * parse(q)), d
+                for n_of_q in multiples(q, d):
+                    yield "bn_div", n_of_q, d
     # Neighbours in the sequence of Fibonacci keep every quotient at 1; multiples of one number.
     f, g = 1, 1
     for i in range(600):
@@ -265,11 +291,50 @@ def product_cases(seeds):
             yield "limb_product", "%x" % (1 << 32 * n - 1 | ((1 << 32 * (n // 2)) - 1)), half
 
 
+DIVISIONS = ("tdiv", "fdiv", "cdiv", "div_magnitudes", "mod")
+
+
+def division_cases(seeds):
+    for n, d in (x for pair in (("7", "2"), ("6", "3"), ("2", "7"), ("1", "1")) for x in signed(*pair)):
+        for op in DIVISIONS:
+            yield op, n, d
+    # One limb: 1, powers of two, others, with the top bit set and not.
+    word_divisors = ("1", "2", "10000", "80000000", "3", "ffffffff", "80000001", "fffffffe", "a")
+    turn = 0
+    for words in (1, 2, 3, 9):
+        for n in shapes(seeds, words) + ["0"]:
+            for d in word_divisors:
+                turn += 1
+                for x, y in signed(n, d)[turn % 2::2]:
+                    yield DIVISIONS[turn % 5], x, y
+            for k in (0, 1, 8, 31, 32, 33, 64, 32 * words - 1, 32 * words, 32 * words + 40):
+                for op in ("tdiv_2exp", "fdiv_2exp", "cdiv_2exp", "mod_2exp"):
+                    for sign_of in ("", "-"):
+                        yield op, sign_of + n, "%x" % k
+    # Every method, on both sides of its limits: sizes of the divisor and of the quotient.
+    sizes = [(2, 0), (2, 1), (2, 5), (3, 3), (31, 40), (32, 8), (32, 9), (32, 70), (33, 0), (33, 1),
+             (33, 8), (33, 9), (33, 33), (34, 7), (40, 8), (40, 9), (47, 12), (48, 48), (63, 64),
+             (64, 64), (65, 65), (64, 71), (64, 72), (64, 73), (66, 141), (127, 300), (128, 128),
+             (130, 9), (255, 17), (256, 256), (260, 3)]
+    for dn, qn in sizes:
+        divisors = shapes(seeds, dn) + [seeds.rnd(32 * dn), "ones(%d)" % (32 * dn - 31),
+                                        "bit(%d)+ones(%d)" % (32 * dn - 1, 16 * dn)]
+        quotients = ["ones(%d)" % (32 * qn), seeds.rnd(32 * qn + 1), seeds.rnd(max(32 * qn - 20, 1))]
+        for i, d in enumerate(divisors):
+            q = quotients[i % 3] if qn else "1"
+            numbers = multiples(q, d) if "+" not in d else []
+            numbers += [seeds.rnd(32 * (dn + qn)), "ones(%d)" % (32 * (dn + qn))]
+            for n in numbers:
+                turn += 1
+                x, y = signed(n, d)[turn % 4]
+                yield DIVISIONS[turn % 5], x, y
+
+
 def table():
     seeds = Seeds()
     # Of the families that cross every operand with every other, one in three.
     crossed = [case for family in (big_number_cases, record_cases) for case in family(seeds)]
-    cases = crossed[::3] + list(product_cases(seeds))
+    cases = crossed[::3] + list(product_cases(seeds)) + list(division_cases(seeds))
     for case in dict.fromkeys(cases):
         answer = OPERATIONS[case[0]](*map(parse, case[1:]))
         yield " ".join(case) + " = " + " ".join(map(digest, answer))

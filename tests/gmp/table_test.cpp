@@ -13,6 +13,7 @@ const Operations& operations() {
         Operations map;
         add_big_number_operations(map);
         add_record_operations(map);
+        add_division_operations(map);
         return map;
     }();
     return all;
