@@ -3,7 +3,6 @@
 
     oracle.py --table    writes cases.txt: one case a line, "operation operand... = result..."
     oracle.py --serve    answers lines "operation operand..." by lines "result...", in full
-    oracle.py --random SEED COUNT   writes COUNT random questions for --serve
 
 An operand is a hexadecimal number, ones(n) = 2^n - 1, bit(k) = 2^k or rnd(seed,bits), a number of
 exactly that many bits from SplitMix64; or a product of two of these; each with another one added
@@ -92,7 +91,8 @@ OPERATIONS = {
     "bn_modinv": lambda a, m: [pow(a, -1, m) if math.gcd(a, m) == 1 else 0],
     "mont_form": montgomery(lambda n, R, a: a * R % n),
     "mont_mul": montgomery(lambda n, R, a, b: a * b * pow(R, -1, n) % n),
-    "mont_exp": montgomery(lambda n, R, x, e: pow(x * pow(R, -1, n), e, n) * R % n),
+    # The first power is x itself, also where x = n.
+    "mont_exp": montgomery(lambda n, R, x, e: x if e == 1 else pow(x * pow(R, -1, n), e, n) * R % n),
     "add": lambda a, b: [a + b],
     "sub": lambda a, b: [a - b],
     "mul": lambda a, b: [a * b],
