@@ -13,18 +13,250 @@
 
 VOR_BEGIN_C
 
+/* ---- Level 1: vectors ------------------------------------------------------------------------
+ * (Lawson, Hanson, Kincaid, Krogh: Basic Linear Algebra Subprograms for Fortran Usage, ACM TOMS 5
+ * (1979) 308-323.)
+ *
+ * Arguments are not checked and nothing is reported. A step of 0 is no error: the same element is
+ * used n times. No routine allocates or starts threads; all are reentrant. Results are rounded to
+ * their type unless the text says so; docs/numerics.md states the order of each sum, its rounding
+ * and the error bounds. Any alignment of the data is allowed; single-precision data that are not
+ * at multiples of 4 bytes take the paths of other steps. */
+
+/* ?axpy: y := alpha*x + y. With alpha = 0 of either sign (complex: both parts) y stays as it is,
+ * also where x holds a NaN. x and y may be the same vector. */
+VOR_SPELLINGS(void, saxpy, SAXPY,
+              (const int* n, const float* alpha, const float* x, const int* incx, float* y,
+               const int* incy))
+VOR_SPELLINGS(void, daxpy, DAXPY,
+              (const int* n, const double* alpha, const double* x, const int* incx, double* y,
+               const int* incy))
+VOR_SPELLINGS(void, caxpy, CAXPY,
+              (const int* n, const VOR_SCOMPLEX* alpha, const VOR_SCOMPLEX* x, const int* incx,
+               VOR_SCOMPLEX* y, const int* incy))
+VOR_SPELLINGS(void, zaxpy, ZAXPY,
+              (const int* n, const VOR_DCOMPLEX* alpha, const VOR_DCOMPLEX* x, const int* incx,
+               VOR_DCOMPLEX* y, const int* incy))
+
+/* ?copy: y := x. With unit steps the stores bypass the caches and the bits are moved as they are;
+ * with other steps a signalling NaN arrives as a quiet one. The copy is complete, and visible to
+ * every later load, when the routine returns. */
+VOR_SPELLINGS(void, scopy, SCOPY,
+              (const int* n, const float* x, const int* incx, float* y, const int* incy))
+VOR_SPELLINGS(void, dcopy, DCOPY,
+              (const int* n, const double* x, const int* incx, double* y, const int* incy))
+VOR_SPELLINGS(void, ccopy, CCOPY,
+              (const int* n, const VOR_SCOMPLEX* x, const int* incx, VOR_SCOMPLEX* y,
+               const int* incy))
+VOR_SPELLINGS(void, zcopy, ZCOPY,
+              (const int* n, const VOR_DCOMPLEX* x, const int* incx, VOR_DCOMPLEX* y,
+               const int* incy))
+
+/* ?swap: x and y exchange their elements. NaNs as in ?copy. */
+VOR_SPELLINGS(void, sswap, SSWAP,
+              (const int* n, float* x, const int* incx, float* y, const int* incy))
+VOR_SPELLINGS(void, dswap, DSWAP,
+              (const int* n, double* x, const int* incx, double* y, const int* incy))
+VOR_SPELLINGS(void, cswap, CSWAP,
+              (const int* n, VOR_SCOMPLEX* x, const int* incx, VOR_SCOMPLEX* y, const int* incy))
+VOR_SPELLINGS(void, zswap, ZSWAP,
+              (const int* n, VOR_DCOMPLEX* x, const int* incx, VOR_DCOMPLEX* y, const int* incy))
+
+/* ?scal: x := alpha*x. alpha is not tested: 0 times NaN stays NaN. The sign of incx does not matter;
+ * with incx = 0, x[0] is scaled n times. csscal and zdscal scale complex vectors by a real alpha. */
+VOR_SPELLINGS(void, sscal, SSCAL, (const int* n, const float* alpha, float* x, const int* incx))
+VOR_SPELLINGS(void, dscal, DSCAL, (const int* n, const double* alpha, double* x, const int* incx))
+VOR_SPELLINGS(void, cscal, CSCAL,
+              (const int* n, const VOR_SCOMPLEX* alpha, VOR_SCOMPLEX* x, const int* incx))
+VOR_SPELLINGS(void, zscal, ZSCAL,
+              (const int* n, const VOR_DCOMPLEX* alpha, VOR_DCOMPLEX* x, const int* incx))
+VOR_SPELLINGS(void, csscal, CSSCAL,
+              (const int* n, const float* alpha, VOR_SCOMPLEX* x, const int* incx))
+VOR_SPELLINGS(void, zdscal, ZDSCAL,
+              (const int* n, const double* alpha, VOR_DCOMPLEX* x, const int* incx))
+
+/* sdot, ddot: the sum of x[i]*y[i]; 0 for n < 1. sdot with n > 8 and incx = incy = 1 or -1 works in
+ * single precision; otherwise it sums in extended precision and hands the value back unrounded in
+ * st(0): store it to a float for a result of that type. */
+VOR_SPELLINGS(float, sdot, SDOT,
+              (const int* n, const float* x, const int* incx, const float* y, const int* incy))
+VOR_SPELLINGS(double, ddot, DDOT,
+              (const int* n, const double* x, const int* incx, const double* y, const int* incy))
+
+/* dsdot: the same of float vectors, products and sum in extended precision, in the order of the
+ * elements; 0 for n < 1. sdsdot: on top of sb, rounded to float at the end; sb for n < 1. */
+VOR_SPELLINGS(double, dsdot, DSDOT,
+              (const int* n, const float* x, const int* incx, const float* y, const int* incy))
+VOR_SPELLINGS(float, sdsdot, SDSDOT,
+              (const int* n, const float* sb, const float* x, const int* incx, const float* y,
+               const int* incy))
+
+/* ?dotu, ?dotc: result := sum of x[i]*y[i]; result := sum of conj(x[i])*y[i]; 0 for n < 1. The result
+ * goes through the first argument. (With gfortran: a function of a complex type, and -ff2c.) */
+VOR_SPELLINGS(void, cdotu, CDOTU,
+              (VOR_SCOMPLEX * result, const int* n, const VOR_SCOMPLEX* x, const int* incx,
+               const VOR_SCOMPLEX* y, const int* incy))
+VOR_SPELLINGS(void, zdotu, ZDOTU,
+              (VOR_DCOMPLEX * result, const int* n, const VOR_DCOMPLEX* x, const int* incx,
+               const VOR_DCOMPLEX* y, const int* incy))
+VOR_SPELLINGS(void, cdotc, CDOTC,
+              (VOR_SCOMPLEX * result, const int* n, const VOR_SCOMPLEX* x, const int* incx,
+               const VOR_SCOMPLEX* y, const int* incy))
+VOR_SPELLINGS(void, zdotc, ZDOTC,
+              (VOR_DCOMPLEX * result, const int* n, const VOR_DCOMPLEX* x, const int* incx,
+               const VOR_DCOMPLEX* y, const int* incy))
+
+/* ?nrm2: the Euclidean norm; 0 for n < 1. Nothing is scaled: double precision squares in extended
+ * precision, whose range holds every square. Single precision with unit steps (snrm2: incx = 1;
+ * scnrm2: 1 or -1) gives infinity if an element is above about 1.8e19 or the sum of squares above
+ * 3.4e38; other steps do not. */
+VOR_SPELLINGS(float, snrm2, SNRM2, (const int* n, const float* x, const int* incx))
+VOR_SPELLINGS(double, dnrm2, DNRM2, (const int* n, const double* x, const int* incx))
+VOR_SPELLINGS(float, scnrm2, SCNRM2, (const int* n, const VOR_SCOMPLEX* x, const int* incx))
+VOR_SPELLINGS(double, dznrm2, DZNRM2, (const int* n, const VOR_DCOMPLEX* x, const int* incx))
+
+/* ?asum: the sum of abs(x[i]), complex: of abs(re) + abs(im); 0 for n < 1. */
+VOR_SPELLINGS(float, sasum, SASUM, (const int* n, const float* x, const int* incx))
+VOR_SPELLINGS(double, dasum, DASUM, (const int* n, const double* x, const int* incx))
+VOR_SPELLINGS(float, scasum, SCASUM, (const int* n, const VOR_SCOMPLEX* x, const int* incx))
+VOR_SPELLINGS(double, dzasum, DZASUM, (const int* n, const VOR_DCOMPLEX* x, const int* incx))
+
+/* i?amax, i?amin: position, counted from 1, of the first element of largest or smallest magnitude;
+ * the magnitude of a complex element is abs(re) + abs(im). 0 for n < 1 and for incx < 1. A NaN
+ * replaces what four running candidates hold, and is replaced by the next element: with NaNs in x
+ * the result is a position in x, or that of the extreme value, but not specified further. */
+VOR_SPELLINGS(int, isamax, ISAMAX, (const int* n, const float* x, const int* incx))
+VOR_SPELLINGS(int, idamax, IDAMAX, (const int* n, const double* x, const int* incx))
+VOR_SPELLINGS(int, icamax, ICAMAX, (const int* n, const VOR_SCOMPLEX* x, const int* incx))
+VOR_SPELLINGS(int, izamax, IZAMAX, (const int* n, const VOR_DCOMPLEX* x, const int* incx))
+VOR_SPELLINGS(int, isamin, ISAMIN, (const int* n, const float* x, const int* incx))
+VOR_SPELLINGS(int, idamin, IDAMIN, (const int* n, const double* x, const int* incx))
+VOR_SPELLINGS(int, icamin, ICAMIN, (const int* n, const VOR_SCOMPLEX* x, const int* incx))
+VOR_SPELLINGS(int, izamin, IZAMIN, (const int* n, const VOR_DCOMPLEX* x, const int* incx))
+
+/* dcabs1: abs(re) + abs(im). */
+VOR_SPELLINGS(double, dcabs1, DCABS1, (const VOR_DCOMPLEX* z))
+
+/* ?rot: (x, y) := (c*x + s*y, c*y - s*x), element by element; csrot and zdrot with real c and s on
+ * complex vectors. c and s are not tested. x and y must not overlap. */
+VOR_SPELLINGS(void, srot, SROT,
+              (const int* n, float* x, const int* incx, float* y, const int* incy, const float* c,
+               const float* s))
+VOR_SPELLINGS(void, drot, DROT,
+              (const int* n, double* x, const int* incx, double* y, const int* incy,
+               const double* c, const double* s))
+VOR_SPELLINGS(void, csrot, CSROT,
+              (const int* n, VOR_SCOMPLEX* x, const int* incx, VOR_SCOMPLEX* y, const int* incy,
+               const float* c, const float* s))
+VOR_SPELLINGS(void, zdrot, ZDROT,
+              (const int* n, VOR_DCOMPLEX* x, const int* incx, VOR_DCOMPLEX* y, const int* incy,
+               const double* c, const double* s))
+
+/* srotg, drotg: from (a, b) the rotation c, s that takes it to (r, 0). On return a = r and b = z, from
+ * which c and s can be rebuilt: z = s if abs(a) > abs(b), else 1/c, or 1 if c = 0. a = b = 0 gives
+ * c = 1, s = 0, a = b = 0. The sign of r is that of the larger of a and b (of b if they are equal).
+ * srotg takes its square root from the processor's 12-bit estimate and one Newton step: relative
+ * error about 1e-6. */
+VOR_SPELLINGS(void, srotg, SROTG, (float* a, float* b, float* c, float* s))
+VOR_SPELLINGS(void, drotg, DROTG, (double* a, double* b, double* c, double* s))
+
+/* crotg, zrotg: from complex (a, b) the rotation, real c and complex s, that takes it to (r, 0) by
+ * r = c*a + s*b; on return a = r, b is unchanged. a = 0 gives c = 0, s = 1, r = b. crotg takes its
+ * square roots as srotg does: moduli outside 1e-19 to 1.8e19 lose their accuracy. */
+VOR_SPELLINGS(void, crotg, CROTG,
+              (VOR_SCOMPLEX * a, const VOR_SCOMPLEX* b, float* c, VOR_SCOMPLEX* s))
+VOR_SPELLINGS(void, zrotg, ZROTG,
+              (VOR_DCOMPLEX * a, const VOR_DCOMPLEX* b, double* c, VOR_DCOMPLEX* s))
+
+/* ?rotm: (x, y) := H (x, y), element by element. param holds 5 numbers: the flag, then H11, H21, H12,
+ * H22, of which count
+ *     flag -1   all                       flag 1    H11, H22; H12 = 1, H21 = -1
+ *     flag  0   H21, H12; H11 = H22 = 1   flag -2   none: H is the identity, nothing is done */
+VOR_SPELLINGS(void, srotm, SROTM,
+              (const int* n, float* x, const int* incx, float* y, const int* incy,
+               const float* param))
+VOR_SPELLINGS(void, drotm, DROTM,
+              (const int* n, double* x, const int* incx, double* y, const int* incy,
+               const double* param))
+
+/* ?rotmg: the H that takes (sqrt(d1)*x1, sqrt(d2)*y1) to a vector with second part 0, as param of
+ * ?rotm; d1, d2 and x1 are updated. Entries of H that the flag implies are not written. d1 < 0, or a
+ * construction that fails: H, d1, d2, x1 become 0, flag -1. d2*y1 = 0: flag -2, nothing else is
+ * written. d1 and d2 are kept between 2^-24 and 2^24 by scaling with powers of 4096. */
+VOR_SPELLINGS(void, srotmg, SROTMG,
+              (float* d1, float* d2, float* x1, const float* y1, float* param))
+VOR_SPELLINGS(void, drotmg, DROTMG,
+              (double* d1, double* d2, double* x1, const double* y1, double* param))
+
 /* ---- Sparse vectors --------------------------------------------------------------------------
  * A sparse vector is an array x of n values and an array indx of their n positions, counted from 1,
- * in a full vector y.
+ * in a full vector y. Every routine works through the elements 0 .. n-1 in this order, does nothing
+ * for n < 1, and does not check for repeated positions: the later element wins or accumulates.
  * (Dodson, Grimes, Lewis: Sparse Extensions to the Fortran BLAS, ACM TOMS 17 (1991) 253-263.) */
 
-/* ?gthr: x[i] := y[indx[i] - 1], i = 0 .. n-1. x and y must not overlap. Repeated indices are fine. */
+/* ?axpyi: y[indx[i] - 1] += alpha*x[i]. With alpha = 0 (complex: both parts) y stays as it is. */
+VOR_SPELLINGS(void, saxpyi, SAXPYI,
+              (const int* n, const float* alpha, const float* x, const int* indx, float* y))
+VOR_SPELLINGS(void, daxpyi, DAXPYI,
+              (const int* n, const double* alpha, const double* x, const int* indx, double* y))
+VOR_SPELLINGS(void, caxpyi, CAXPYI,
+              (const int* n, const VOR_SCOMPLEX* alpha, const VOR_SCOMPLEX* x, const int* indx,
+               VOR_SCOMPLEX* y))
+VOR_SPELLINGS(void, zaxpyi, ZAXPYI,
+              (const int* n, const VOR_DCOMPLEX* alpha, const VOR_DCOMPLEX* x, const int* indx,
+               VOR_DCOMPLEX* y))
+
+/* sdoti, ddoti: the sum of x[i]*y[indx[i] - 1]; 0 for n < 1. sdoti sums in single precision. */
+VOR_SPELLINGS(float, sdoti, SDOTI, (const int* n, const float* x, const int* indx, const float* y))
+VOR_SPELLINGS(double, ddoti, DDOTI,
+              (const int* n, const double* x, const int* indx, const double* y))
+
+/* ?dotui, ?dotci: result := sum of x[i]*y[indx[i] - 1]; the same with conj(x[i]); 0 for n < 1. */
+VOR_SPELLINGS(void, cdotui, CDOTUI,
+              (VOR_SCOMPLEX * result, const int* n, const VOR_SCOMPLEX* x, const int* indx,
+               const VOR_SCOMPLEX* y))
+VOR_SPELLINGS(void, zdotui, ZDOTUI,
+              (VOR_DCOMPLEX * result, const int* n, const VOR_DCOMPLEX* x, const int* indx,
+               const VOR_DCOMPLEX* y))
+VOR_SPELLINGS(void, cdotci, CDOTCI,
+              (VOR_SCOMPLEX * result, const int* n, const VOR_SCOMPLEX* x, const int* indx,
+               const VOR_SCOMPLEX* y))
+VOR_SPELLINGS(void, zdotci, ZDOTCI,
+              (VOR_DCOMPLEX * result, const int* n, const VOR_DCOMPLEX* x, const int* indx,
+               const VOR_DCOMPLEX* y))
+
+/* ?gthr: x[i] := y[indx[i] - 1]. x and y must not overlap. */
 VOR_SPELLINGS(void, sgthr, SGTHR, (const int* n, const float* y, float* x, const int* indx))
 VOR_SPELLINGS(void, dgthr, DGTHR, (const int* n, const double* y, double* x, const int* indx))
 VOR_SPELLINGS(void, cgthr, CGTHR,
               (const int* n, const VOR_SCOMPLEX* y, VOR_SCOMPLEX* x, const int* indx))
 VOR_SPELLINGS(void, zgthr, ZGTHR,
               (const int* n, const VOR_DCOMPLEX* y, VOR_DCOMPLEX* x, const int* indx))
+
+/* ?gthrz: x[i] := y[indx[i] - 1], y[indx[i] - 1] := 0. Of repeated positions the first takes the
+ * value, the later ones 0. */
+VOR_SPELLINGS(void, sgthrz, SGTHRZ, (const int* n, float* y, float* x, const int* indx))
+VOR_SPELLINGS(void, dgthrz, DGTHRZ, (const int* n, double* y, double* x, const int* indx))
+VOR_SPELLINGS(void, cgthrz, CGTHRZ,
+              (const int* n, VOR_SCOMPLEX* y, VOR_SCOMPLEX* x, const int* indx))
+VOR_SPELLINGS(void, zgthrz, ZGTHRZ,
+              (const int* n, VOR_DCOMPLEX* y, VOR_DCOMPLEX* x, const int* indx))
+
+/* ?sctr: y[indx[i] - 1] := x[i]. */
+VOR_SPELLINGS(void, ssctr, SSCTR, (const int* n, const float* x, const int* indx, float* y))
+VOR_SPELLINGS(void, dsctr, DSCTR, (const int* n, const double* x, const int* indx, double* y))
+VOR_SPELLINGS(void, csctr, CSCTR,
+              (const int* n, const VOR_SCOMPLEX* x, const int* indx, VOR_SCOMPLEX* y))
+VOR_SPELLINGS(void, zsctr, ZSCTR,
+              (const int* n, const VOR_DCOMPLEX* x, const int* indx, VOR_DCOMPLEX* y))
+
+/* ?roti: with k = indx[i] - 1, (x[i], y[k]) := (c*x[i] + s*y[k], c*y[k] - s*x[i]). c = 1 with s = 0
+ * does nothing. */
+VOR_SPELLINGS(void, sroti, SROTI,
+              (const int* n, float* x, const int* indx, float* y, const float* c, const float* s))
+VOR_SPELLINGS(void, droti, DROTI,
+              (const int* n, double* x, const int* indx, double* y, const double* c,
+               const double* s))
 
 VOR_END_C
 

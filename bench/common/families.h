@@ -1,0 +1,12 @@
+// The families of bench cases: one function each, in a file of bench/<folder>/, called by
+// bench/suites.cpp.
+#pragma once
+
+#include "bench/common/suite.h"
+
+namespace vor::bench {
+
+Suite level1_cases();
+Suite service_cases();
+
+} // namespace vor::bench

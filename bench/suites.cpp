@@ -1,0 +1,22 @@
+// All families, in the order in which they are shown.
+#include "bench/common/families.h"
+
+#include <iterator>
+
+namespace vor::bench {
+
+Suite all_cases() {
+    const std::vector<Suite (*)()> families = {
+        level1_cases,
+        service_cases,
+    };
+    Suite all;
+    for (const auto family : families) {
+        Suite cases = family();
+        all.insert(all.end(), std::make_move_iterator(cases.begin()),
+                   std::make_move_iterator(cases.end()));
+    }
+    return all;
+}
+
+} // namespace vor::bench
