@@ -13,16 +13,20 @@ inline limb_t inverse_of(limb_t d) {
 }
 
 // (nh, nl) by d, with nh < d and v the inverse of d (Moeller and Granlund, IEEE Transactions on
-// Computers 60, 2011, tell this family of methods). q = nh + floor(nh v / 2^32) is at most the
-// quotient and at least the quotient - 2.
+// Computers 60, 2011, algorithm 4): the first estimate is at most one too large or one too small,
+// and the fraction of the estimate tells that it is too large without a second product.
 inline bn::QuotientRemainder divide_preinv(limb_t nh, limb_t nl, limb_t d, limb_t v) {
-    limb_t q = static_cast<limb_t>(dlimb_t{nh} * v >> 32) + nh;
-    dlimb_t rest = (dlimb_t{nh} << 32 | nl) - dlimb_t{q} * d;
-    while (rest >= d) {
+    const dlimb_t estimate = dlimb_t{nh} * v + (dlimb_t{nh} << 32 | nl);
+    limb_t q = static_cast<limb_t>(estimate >> 32) + 1;
+    limb_t rest = nl - q * d;
+    const limb_t too_large = 0 - limb_t{rest > static_cast<limb_t>(estimate)};
+    q += too_large;
+    rest += too_large & d;
+    if (__builtin_expect(rest >= d, 0)) {
         rest -= d;
         ++q;
     }
-    return {q, static_cast<limb_t>(rest)};
+    return {q, rest};
 }
 
 // Divides as by zero on the processor: SIGFPE.

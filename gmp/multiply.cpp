@@ -1,5 +1,6 @@
 // The product of limb arrays by a ladder of methods: schoolbook, Karatsuba's, and one place,
 // `product_of_equals`, where a method for long operands is chosen.
+#include "gmp/bn/fixed_product.h"
 #include "gmp/integer.h"
 
 using namespace vor;
@@ -26,21 +27,31 @@ limb_t subtract(limb_t* p, int np, const limb_t* x, int nx) {
 // With a = a0 + a1 B^l, b = b0 + b1 B^l (Karatsuba and Ofman, Doklady Akademii Nauk SSSR 145, 1962):
 //     a b = a0 b0 + (S T - a0 b0 - a1 b1) B^l + a1 b1 B^(2l),   S = a0 + a1, T = b0 + b1
 // S and T have m limbs and a carry each; `high` counts what S T and the differences have in limb 2m.
+void multiply(limb_t* r, const limb_t* a, const limb_t* b, int n);
+
 void karatsuba(limb_t* r, const limb_t* a, const limb_t* b, int n, limb_t* scratch) {
     const int l = n / 2, m = n - l;
     limb_t *const s = scratch, *const t = s + m, *const p = t + m;
     const limb_t ca = sum_of_halves(s, a, l, m), cb = sum_of_halves(t, b, l, m);
     limb_t high = ca & cb;
-    vor_gmp_vor_gmp_mul_n_kara(s, t, p, m);
+    multiply(p, s, t, m);
     if (ca) high += limb::add_n(p + m, p + m, t, m);
     if (cb) high += limb::add_n(p + m, p + m, s, m);
-    vor_gmp_vor_gmp_mul_n_kara(a, b, r, l);
-    vor_gmp_vor_gmp_mul_n_kara(a + l, b + l, r + 2 * l, m);
+    multiply(r, a, b, l);
+    multiply(r + 2 * l, a + l, b + l, m);
     high -= subtract(p, 2 * m, r, 2 * l);
     high -= subtract(p, 2 * m, r + 2 * l, 2 * m);
     high += limb::add_n(r + l, r + l, p, 2 * m);
     // For n = 3 and such the middle term ends below the top of r, and fits: high is 0 there.
     if (high) vor_gmp_mpn_incr_u(r + l + 2 * m, high);
+}
+
+void multiply(limb_t* r, const limb_t* a, const limb_t* b, int n) {
+    if (n == kSchoolbookLength) return limb::mul_fixed<kSchoolbookLength>(r, a, b);
+    if (n < kSchoolbookLength) return cpMul_BNU_FullSize(a, n, b, n, r);
+    const int half = n - n / 2;
+    Limbs<4 * kLocalHalf> scratch(uint64_t{4} * half, "vor_gmp_mul_n_kara");
+    karatsuba(r, a, b, n, scratch);
 }
 
 // r[0 .. 2n) = a * b.
@@ -51,11 +62,7 @@ void product_of_equals(limb_t* r, const limb_t* a, const limb_t* b, int n) {
 } // namespace
 
 VOR_ENGINE void vor_gmp_vor_gmp_mul_n_kara PARAMS_KARATSUBA {
-    if (n <= 0) return;
-    if (n <= kSchoolbookLength) return cpMul_BNU_FullSize(a, n, b, n, r);
-    const int half = n - n / 2;
-    Limbs<4 * kLocalHalf> scratch(uint64_t{4} * half);
-    karatsuba(r, a, b, n, scratch);
+    if (n > 0) multiply(r, a, b, n);
 }
 
 VOR_ENGINE void vor_gmp___gmpn_mul_n PARAMS_LIMBS2 {
