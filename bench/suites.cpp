@@ -9,6 +9,7 @@ Suite all_cases() {
     const std::vector<Suite (*)()> families = {
         level1_cases,
         service_cases,
+        dfti_cases,
     };
     Suite all;
     for (const auto family : families) {

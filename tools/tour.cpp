@@ -23,6 +23,7 @@ struct Chapter {
 
 const Chapter chapters[] = {
     {"Principal components", principal_components, true},
+    {"The period of the sunspots", sunspot_period, false},
 };
 
 void run(const Tour& tour) {

@@ -6,6 +6,7 @@
 
 namespace vor::bench {
 
+Suite dfti_cases();
 Suite level1_cases();
 Suite service_cases();
 

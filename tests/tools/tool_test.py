@@ -103,6 +103,12 @@ class Tour(Case):
                      "setosa", "versicolor", "virginica"):
             self.assertIn(word, text)
 
+    def test_sunspots(self):
+        out = self.run_vor("tour", "--output", "pictures").stdout
+        self.assertRegex(out, r"(?m)^309 yearly numbers of sunspots, from 1700 to 2008$")
+        self.assertRegex(out, r"(?m)^strongest period 11\.04 years, published about 11\.1: agrees$")
+        self.assertIn("period in years", self.svg_text(self.dir / "pictures" / "sunspots.svg"))
+
     def test_own_table(self):
         # Two uncorrelated columns, turned by the angle with cosine 0.6: variances 50/3 and 2/3, then
         # a column that never varies.

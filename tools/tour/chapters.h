@@ -19,5 +19,6 @@ struct Tour {
 
 // False if a result differs from the published one. Each throws Failure on bad data.
 bool principal_components(const Tour& tour);
+bool sunspot_period(const Tour& tour);
 
 } // namespace vor::tool
