@@ -113,6 +113,19 @@
 #define PARAMS_DIV_PREINV (unsigned* r, unsigned nh, unsigned nl, unsigned d, unsigned v)
 #define ARGS_DIV_PREINV (r, nh, nl, d, v)
 
+#define PARAMS_STATE (vor_randstate * state)
+#define ARGS_STATE (state)
+#define PARAMS_STATE_WORD (vor_randstate * state, unsigned v)
+#define ARGS_STATE_WORD (state, v)
+#define PARAMS_STATE_LC (vor_randstate * state, const vor_mpz* a, unsigned c, unsigned bits)
+#define ARGS_STATE_LC (state, a, c, bits)
+#define PARAMS_RAND (unsigned* limbs, vor_randstate* state, unsigned bits)
+#define ARGS_RAND (limbs, state, bits)
+#define PARAMS_RANDOM_BITS (vor_mpz * r, vor_randstate * state, unsigned bits)
+#define ARGS_RANDOM_BITS (r, state, bits)
+#define PARAMS_RANDOM_BELOW (vor_mpz * r, vor_randstate * state, const vor_mpz* n)
+#define ARGS_RANDOM_BELOW (r, state, n)
+
 // X(result, lower-case name, upper-case name, argument list)
 #define VOR_GMP_MEMORY_OPERATIONS(X)                                                               \
     X(vor_gmp_allocator, __gmp_allocate_func_ptr, __GMP_ALLOCATE_FUNC_PTR, NONE)                   \
@@ -260,13 +273,26 @@
     X(int, __gmpz_congruent_ui_p, __GMPZ_CONGRUENT_UI_P, AVV)                                      \
     X(int, __gmpz_congruent_2exp_p, __GMPZ_CONGRUENT_2EXP_P, ABV)
 
+#define VOR_GMP_RANDOM_OPERATIONS(X)                                                               \
+    X(void, __gmp_randinit_default, __GMP_RANDINIT_DEFAULT, STATE)                                 \
+    X(void, __gmp_randinit_lc_2exp, __GMP_RANDINIT_LC_2EXP, STATE_LC)                              \
+    X(int, __gmp_randinit_lc_2exp_size, __GMP_RANDINIT_LC_2EXP_SIZE, STATE_WORD)                   \
+    X(void, __gmp_randseed_ui, __GMP_RANDSEED_UI, STATE_WORD)                                      \
+    X(void, __gmp_randclear, __GMP_RANDCLEAR, STATE)                                               \
+    X(void, _gmp_rand, _GMP_RAND, RAND)                                                            \
+    X(void, __gmpz_urandomb, __GMPZ_URANDOMB, RANDOM_BITS)                                         \
+    X(void, __gmpz_urandomm, __GMPZ_URANDOMM, RANDOM_BELOW)                                        \
+    X(void, __gmpz_rrandomb, __GMPZ_RRANDOMB, RANDOM_BITS)                                         \
+    X(unsigned, mpl_rand_ui, MPL_RAND_UI, STATE_WORD)
+
 #define VOR_GMP_OPERATIONS(X)                                                                      \
     VOR_GMP_MEMORY_OPERATIONS(X)                                                                   \
     VOR_GMP_LIMB_OPERATIONS(X)                                                                     \
     VOR_GMP_ARITHMETIC_OPERATIONS(X)                                                               \
     VOR_GMP_BASIC_OPERATIONS(X)                                                                    \
     VOR_GMP_BIT_OPERATIONS(X)                                                                      \
-    VOR_GMP_DIVISION_OPERATIONS(X)
+    VOR_GMP_DIVISION_OPERATIONS(X)                                                                 \
+    VOR_GMP_RANDOM_OPERATIONS(X)
 
 // Y(result, mixed-case name, lower-case name, upper-case name, argument list)
 #define VOR_GMP_MIXED_OPERATIONS(Y)                                                                \

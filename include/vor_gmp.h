@@ -253,6 +253,42 @@ VOR_SPELLINGS(unsigned, __gmpz_hamdist, __GMPZ_HAMDIST, (const vor_mpz* a, const
 VOR_SPELLINGS(unsigned, vor_gmp_scan0, VOR_GMP_SCAN0, (const unsigned* limbs, int n, unsigned i))
 VOR_SPELLINGS(unsigned, vor_gmp_scan1, VOR_GMP_SCAN1, (const unsigned* limbs, int n, unsigned i))
 
+/* ---- Random numbers ------------------------------------------------------------------------------ */
+
+/* A stream of uniform bits: xoshiro128** (Blackman and Vigna, ACM Transactions on Mathematical
+ * Software 47, 2021). Each state is seeded from the time and a counter: no sequence can be repeated,
+ * and none is fit for secrets. A state lives from an initialiser to __gmp_randclear, for one thread
+ * at a time. */
+typedef struct vor_randstate {
+    void* cell;
+} vor_randstate;
+
+/* One generator: the arguments behind the state are not read. lc_2exp_size returns 0. */
+VOR_SPELLINGS(void, __gmp_randinit_default, __GMP_RANDINIT_DEFAULT, (vor_randstate * state))
+VOR_SPELLINGS(void, __gmp_randinit_lc_2exp, __GMP_RANDINIT_LC_2EXP,
+              (vor_randstate * state, const vor_mpz* a, unsigned c, unsigned bits))
+VOR_SPELLINGS(int, __gmp_randinit_lc_2exp_size, __GMP_RANDINIT_LC_2EXP_SIZE,
+              (vor_randstate * state, unsigned size))
+void __gmp_randinit(vor_randstate* state, ...);
+/* Does nothing. */
+VOR_SPELLINGS(void, __gmp_randseed_ui, __GMP_RANDSEED_UI, (vor_randstate * state, unsigned seed))
+VOR_SPELLINGS(void, __gmp_randclear, __GMP_RANDCLEAR, (vor_randstate * state))
+
+/* r uniform below 2^bits (below 2^32 for bits = 0), below |n| (n = 0: SIGFPE); r below 2^bits with
+ * long runs of equal bits. */
+VOR_SPELLINGS(void, __gmpz_urandomb, __GMPZ_URANDOMB,
+              (vor_mpz * r, vor_randstate* state, unsigned bits))
+VOR_SPELLINGS(void, __gmpz_urandomm, __GMPZ_URANDOMM,
+              (vor_mpz * r, vor_randstate* state, const vor_mpz* n))
+VOR_SPELLINGS(void, __gmpz_rrandomb, __GMPZ_RRANDOMB,
+              (vor_mpz * r, vor_randstate* state, unsigned bits))
+/* As urandomb and rrandomb with 32 * limbs bits, from a state of their own. */
+void __gmpz_random(vor_mpz* r, int limbs);
+void __gmpz_random2(vor_mpz* r, int limbs);
+/* As urandomb, into an array; a draw of 32 bits modulo n (n = 0: SIGFPE). */
+VOR_SPELLINGS(void, _gmp_rand, _GMP_RAND, (unsigned* limbs, vor_randstate* state, unsigned bits))
+VOR_SPELLINGS(unsigned, mpl_rand_ui, MPL_RAND_UI, (vor_randstate * state, unsigned n))
+
 /* ---- Limb arrays --------------------------------------------------------------------------------- */
 
 /* r = a + b, r = a - b over n limbs; r may be a or b. The carry or borrow; 0 for n = 0. */
