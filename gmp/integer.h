@@ -11,6 +11,11 @@
 
 #include <string.h>
 
+// The current allocation functions (memory.cpp).
+extern "C" vor_gmp_allocator vor_gmp_vor_gmp_allocate;
+extern "C" vor_gmp_reallocator vor_gmp_vor_gmp_reallocate;
+extern "C" vor_gmp_deallocator vor_gmp_vor_gmp_free;
+
 namespace vor::gmp {
 
 using limb_t = limb::word;

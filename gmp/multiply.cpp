@@ -1,7 +1,6 @@
-// The product of limb arrays by a ladder of methods: schoolbook, Karatsuba's, and one place,
-// `product_of_equals`, where a method for long operands is chosen.
+// The product of limb arrays by a ladder of methods: schoolbook, Karatsuba's, Fourier transforms.
 #include "gmp/bn/fixed_product.h"
-#include "gmp/integer.h"
+#include "gmp/fourier.h"
 
 using namespace vor;
 using namespace vor::gmp;
@@ -10,6 +9,7 @@ namespace {
 
 constexpr int kSchoolbookSum = 32;    // limbs of both operands together that go by schoolbook
 constexpr int kSchoolbookLength = 16; // below, recursion costs more than the products it saves
+constexpr int kFourierLength = 4096;  // from here on transforms are faster
 constexpr int kLocalHalf = 64;        // longest half whose scratch lives on the stack
 
 // s = x1 + x0, with x = (x0, x1) of l and m limbs, m = l or l + 1; the carry.
@@ -54,11 +54,6 @@ void multiply(limb_t* r, const limb_t* a, const limb_t* b, int n) {
     karatsuba(r, a, b, n, scratch);
 }
 
-// r[0 .. 2n) = a * b.
-void product_of_equals(limb_t* r, const limb_t* a, const limb_t* b, int n) {
-    vor_gmp_vor_gmp_mul_n_kara(a, b, r, n);
-}
-
 } // namespace
 
 VOR_ENGINE void vor_gmp_vor_gmp_mul_n_kara PARAMS_KARATSUBA {
@@ -66,7 +61,20 @@ VOR_ENGINE void vor_gmp_vor_gmp_mul_n_kara PARAMS_KARATSUBA {
 }
 
 VOR_ENGINE void vor_gmp___gmpn_mul_n PARAMS_LIMBS2 {
-    if (n > 0) product_of_equals(r, a, b, n);
+    if (n <= 0) return;
+    if (n < kFourierLength || !fourier_product(r, a, n, b, n)) multiply(r, a, b, n);
+}
+
+// Without transforms the ladder serves, which comes back here with equal lengths only.
+VOR_ENGINE void vor_gmp_vor_gmp_mul_dft PARAMS_FOURIER {
+    const int longer = an > bn ? an : bn, shorter = an > bn ? bn : an;
+    clear_limbs(r, 2 * longer);
+    if (shorter <= 0 || fourier_product(r, a, an, b, bn)) return;
+    if (an == bn) return multiply(r, a, b, an);
+    if (an > bn)
+        vor_gmp___gmpn_mul(r, a, an, b, bn);
+    else
+        vor_gmp___gmpn_mul(r, b, bn, a, an);
 }
 
 // A longer operand is cut into pieces as long as the shorter one. The products of the even pieces

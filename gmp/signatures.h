@@ -66,6 +66,8 @@
 #define ARGS_PRODUCT (r, a, an, b, bn)
 #define PARAMS_KARATSUBA (const unsigned* a, const unsigned* b, unsigned* r, int n)
 #define ARGS_KARATSUBA (a, b, r, n)
+#define PARAMS_FOURIER (const unsigned* a, int an, const unsigned* b, int bn, unsigned* r)
+#define ARGS_FOURIER (a, an, b, bn, r)
 #define PARAMS_INCREMENT (unsigned* p, unsigned v)
 #define ARGS_INCREMENT (p, v)
 #define PARAMS_SCAN (const unsigned* limbs, int n, unsigned i)
@@ -155,6 +157,7 @@
     X(void, mpn_mul_basecase, MPN_MUL_BASECASE, PRODUCT)                                           \
     X(void, __gmpn_mul, __GMPN_MUL, PRODUCT)                                                       \
     X(void, __gmpn_mul_n, __GMPN_MUL_N, LIMBS2)                                                    \
+    X(void, vor_gmp_mul_dft, VOR_GMP_MUL_DFT, FOURIER)                                             \
     X(void, vor_gmp_mul_n_kara, VOR_GMP_MUL_N_KARA, KARATSUBA)
 
 #define VOR_GMP_ARITHMETIC_OPERATIONS(X)                                                           \
