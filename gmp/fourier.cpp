@@ -30,7 +30,7 @@ namespace {
 
 constexpr int kWidestDigit = 16;
 constexpr int kNarrowestDigit = 8; // proves the product of any operands that memory holds
-constexpr long double kErrorLimit = 0.25L;
+constexpr long double kErrorLimit = 0.45L;
 constexpr int kLongestTransform = 1 << 27; // two arrays of doubles for it fill the address space
 
 int64_t digits_in(int limbs, int width) {

@@ -53,47 +53,50 @@ ADD_SUB_N(vor_limb_add_n, "adc")
 ADD_SUB_N(vor_limb_sub_n, "sbb")
 
 // Rows by one word w. Registers: esi a, edi r, ecx the carry word; (ebx, eax, edx) the three words
-// of a pair, ebp the word between. LOAD adds two words of r to a pair, STORE writes two words back.
-// Subtraction is addition to the complement: r - x = ~(~r + x), with the borrow as carry.
+// of a pair, ebp the word between. LOAD adds two words of r to a pair, STORE writes two words back,
+// or takes them from r with the borrow into the carry word.
+// clang-format off
 #define PAIR(at, LOAD, STORE)                                                                      \
     "mov " #at "(%esi), %eax\n mull 32(%esp)\n mov %eax, %ebx\n mov %edx, %ebp\n"                  \
-    "mov " #at "+4(%esi), %eax\n mull 32(%esp)\n add %ebp, %eax\n adc $0, %edx\n" LOAD(            \
-        at) "add %ecx, %ebx\n adc $0, %eax\n mov %edx, %ecx\n adc $0, %ecx\n" STORE(at)
+    "mov " #at "+4(%esi), %eax\n mull 32(%esp)\n add %ebp, %eax\n adc $0, %edx\n"                  \
+    LOAD(at)                                                                                       \
+    "add %ecx, %ebx\n adc $0, %eax\n mov %edx, %ecx\n adc $0, %ecx\n"                              \
+    STORE(at)
 #define SINGLE(LOAD, STORE)                                                                        \
-    "mov (%esi), %eax\n mull 32(%esp)\n" LOAD                                                      \
-    "add %ecx, %eax\n adc $0, %edx\n mov %edx, %ecx\n" STORE
+    "mov (%esi), %eax\n mull 32(%esp)\n"                                                           \
+    LOAD                                                                                           \
+    "add %ecx, %eax\n adc $0, %edx\n mov %edx, %ecx\n"                                             \
+    STORE
 
 #define LOAD_NONE(at)
-#define STORE_PLAIN(at) "mov %ebx, " #at "(%edi)\n mov %eax, " #at "+4(%edi)\n"
 #define LOAD_ADD(at) "add " #at "(%edi), %ebx\n adc " #at "+4(%edi), %eax\n adc $0, %edx\n"
-#define LOAD_COMPLEMENT(at)                                                                        \
-    "mov " #at "(%edi), %ebp\n not %ebp\n add %ebp, %ebx\n"                                        \
-    "mov " #at "+4(%edi), %ebp\n not %ebp\n adc %ebp, %eax\n adc $0, %edx\n"
-#define STORE_COMPLEMENT(at) "not %ebx\n not %eax\n" STORE_PLAIN(at)
+#define STORE_PLAIN(at) "mov %ebx, " #at "(%edi)\n mov %eax, " #at "+4(%edi)\n"
+#define STORE_SUBTRACT(at)                                                                         \
+    "sub %ebx, " #at "(%edi)\n sbb %eax, " #at "+4(%edi)\n adc $0, %ecx\n"
 
 #define ROW(name, LOAD, STORE, LOAD_1, STORE_1)                                                    \
     extern "C" __attribute__((naked)) vor::limb::word name(                                        \
         vor::limb::word*, const vor::limb::word*, int, vor::limb::word) {                          \
-        asm(SAVE "mov 20(%esp), %edi\n mov 24(%esp), %esi\n xor %ecx, %ecx\n"                      \
-                 "testl $1, 28(%esp)\n jz 1f\n" SINGLE(                                            \
-                     LOAD_1, STORE_1) "add $4, %esi\n add $4, %edi\n"                              \
-                                      "1: testl $2, 28(%esp)\n jz 2f\n" PAIR(                      \
-                                          0, LOAD,                                                 \
-                                          STORE) "add $8, %esi\n add $8, %edi\n"                   \
-                                                 "2: shrl $2, 28(%esp)\n jz 4f\n"                  \
-                                                 "3:\n" PAIR(0, LOAD, STORE)                       \
-                                                     PAIR(8, LOAD,                                 \
-                                                          STORE) "add $16, %esi\n add $16, "       \
-                                                                 "%edi\n decl 28(%esp)\n jnz 3b\n" \
-                                                                 "4: mov %ecx, %eax\n" RESTORE     \
-                                                                 "ret\n");                         \
+        asm(SAVE                                                                                   \
+            "mov 20(%esp), %edi\n mov 24(%esp), %esi\n xor %ecx, %ecx\n"                           \
+            "testl $1, 28(%esp)\n jz 1f\n"                                                         \
+            SINGLE(LOAD_1, STORE_1)                                                                \
+            "add $4, %esi\n add $4, %edi\n"                                                        \
+            "1: testl $2, 28(%esp)\n jz 2f\n"                                                      \
+            PAIR(0, LOAD, STORE)                                                                   \
+            "add $8, %esi\n add $8, %edi\n"                                                        \
+            "2: shrl $2, 28(%esp)\n jz 4f\n"                                                       \
+            "3:\n"                                                                                 \
+            PAIR(0, LOAD, STORE) PAIR(8, LOAD, STORE)                                              \
+            "add $16, %esi\n add $16, %edi\n decl 28(%esp)\n jnz 3b\n"                            \
+            "4: mov %ecx, %eax\n"                                                                  \
+            RESTORE "ret\n");                                                                      \
     }
+// clang-format on
 ROW(vor_limb_mul_1, LOAD_NONE, STORE_PLAIN, "", "mov %eax, (%edi)\n")
 ROW(vor_limb_addmul_1, LOAD_ADD, STORE_PLAIN, "add (%edi), %eax\n adc $0, %edx\n",
     "mov %eax, (%edi)\n")
-ROW(vor_limb_submul_1, LOAD_COMPLEMENT, STORE_COMPLEMENT,
-    "mov (%edi), %ebp\n not %ebp\n add %ebp, %eax\n adc $0, %edx\n",
-    "not %eax\n mov %eax, (%edi)\n")
+ROW(vor_limb_submul_1, LOAD_NONE, STORE_SUBTRACT, "", "sub %eax, (%edi)\n adc $0, %ecx\n")
 
 // Column k of the product sums a[i] * b[k - i]. Registers: (ebx, ecx, ebp) the column sum, esi
 // upward in a, edi downward in b. Each product is 13 bytes of code, eight of them a turn; a column
