@@ -141,12 +141,12 @@ private:
     unsigned bytes_;
 };
 
-// x[k] *= y[k], n / 2 + 1 complex numbers.
+// x[k] *= y[k], n / 2 + 1 complex numbers; y may be x.
 void multiply_spectra(double* x, const double* y, int n) {
     for (int i = 0; i < n + 2; i += 2) {
-        const long double re = x[i], im = x[i + 1];
-        x[i] = static_cast<double>(re * y[i] - im * y[i + 1]);
-        x[i + 1] = static_cast<double>(re * y[i + 1] + im * y[i]);
+        const long double a = x[i], b = x[i + 1], c = y[i], d = y[i + 1];
+        x[i] = static_cast<double>(a * c - b * d);
+        x[i + 1] = static_cast<double>(a * d + b * c);
     }
 }
 
