@@ -6,8 +6,11 @@
 
 namespace vor::bench {
 
-Suite dfti_cases();
-Suite level1_cases();
 Suite service_cases();
+Suite level1_cases();
+Suite level2_cases();
+Suite gemm_cases();
+Suite dft_cases();
+Suite dfti_cases();
 
 } // namespace vor::bench
