@@ -7,7 +7,7 @@ namespace vor::bench {
 
 Suite all_cases() {
     const std::vector<Suite (*)()> families = {
-        service_cases, level1_cases, level2_cases, gemm_cases, dft_cases, dfti_cases,
+        service_cases, level1_cases, level2_cases, gemm_cases, dft_cases, dfti_cases, gmp_cases,
     };
     Suite all;
     for (const auto family : families) {

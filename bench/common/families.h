@@ -12,5 +12,6 @@ Suite level2_cases();
 Suite gemm_cases();
 Suite dft_cases();
 Suite dfti_cases();
+Suite gmp_cases();
 
 } // namespace vor::bench
