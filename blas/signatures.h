@@ -168,3 +168,11 @@
     (const char* uplo, const char* trans, const char* diag, const int* n, const T* ap, T* x,       \
      const int* incx, VOR_HIDDEN(uplo), VOR_HIDDEN(trans), VOR_HIDDEN(diag))
 #define ARGS_TPMV (uplo, trans, diag, n, ap, x, incx, uplo_length, trans_length, diag_length)
+
+// Rotation sequences and the inner-product utility.
+#define PARAMS_LASR(T)                                                                             \
+    (const int* m, const int* n, const vor::real_t<T>* c, const vor::real_t<T>* s, T* a,           \
+     const int* lda)
+#define ARGS_LASR (m, n, c, s, a, lda)
+#define PARAMS_SEXY(T) (const int* k, const int* m, const T* a, const T* b, T* c)
+#define ARGS_SEXY (k, m, a, b, c)

@@ -3,6 +3,7 @@
 #define VOR_H
 
 #include "vor_blas.h"
+#include "vor_dfti.h"
 #include "vor_service.h"
 #include "vor_signal.h"
 #include "vor_status.h"

@@ -257,7 +257,6 @@ VOR_SPELLINGS(void, sroti, SROTI,
 VOR_SPELLINGS(void, droti, DROTI,
               (const int* n, double* x, const int* indx, double* y, const double* c,
                const double* s))
-
 /* ---- Matrices --------------------------------------------------------------------------------
  * Level 2 (Dongarra, Du Croz, Hammarling, Hanson: An Extended Set of Fortran BLAS, ACM TOMS 14 (1988)
  * 1-17) and Level 3 (Dongarra, Du Croz, Duff, Hammarling: A Set of Level 3 BLAS, ACM TOMS 16 (1990)
@@ -271,31 +270,231 @@ VOR_SPELLINGS(void, droti, DROTI,
  * scalar is 0 is not read: NaNs in it do not reach the result, nor those in a result that is
  * multiplied by a beta of 0. A result must not overlap an operand. */
 
+/* ---- Level 2: matrix and vector ----------------------------------------------------------------
+ * These run on the calling thread and take no memory. Doubles are summed in extended precision, and
+ * so are floats in ?gemv; the others round floats at every operation. A size of 0, or alpha = 0 with
+ * beta = 1, returns at once. beta = 0 stores without reading y. */
+
+/* ?gemv: y := alpha * op(A) * x + beta * y, A m by n. trans 'N': x has n elements and y m, else the
+ * other way round. */
+#define VOR_ARGUMENTS(T)                                                                           \
+    (const char* trans, const int* m, const int* n, const T* alpha, const T* a, const int* lda,    \
+     const T* x, const int* incx, const T* beta, T* y, const int* incy VOR_LENGTH(trans))
+VOR_SPELLINGS(void, sgemv, SGEMV, VOR_ARGUMENTS(float))
+VOR_SPELLINGS(void, dgemv, DGEMV, VOR_ARGUMENTS(double))
+VOR_SPELLINGS(void, cgemv, CGEMV, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, zgemv, ZGEMV, VOR_ARGUMENTS(VOR_DCOMPLEX))
+#undef VOR_ARGUMENTS
+
+/* ?gbmv: the same for a band matrix: kl diagonals below the main one, ku above it. Column j of the
+ * array holds A(i, j) in row ku + i - j (both from 0), lda >= kl + ku + 1. What lies outside the
+ * matrix is not read. */
+#define VOR_ARGUMENTS(T)                                                                           \
+    (const char* trans, const int* m, const int* n, const int* kl, const int* ku, const T* alpha,  \
+     const T* a, const int* lda, const T* x, const int* incx, const T* beta, T* y,                 \
+     const int* incy VOR_LENGTH(trans))
+VOR_SPELLINGS(void, sgbmv, SGBMV, VOR_ARGUMENTS(float))
+VOR_SPELLINGS(void, dgbmv, DGBMV, VOR_ARGUMENTS(double))
+VOR_SPELLINGS(void, cgbmv, CGBMV, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, zgbmv, ZGBMV, VOR_ARGUMENTS(VOR_DCOMPLEX))
+#undef VOR_ARGUMENTS
+
+/* ?ger, ?geru: A := A + alpha * x * y^T; ?gerc: A := A + alpha * x * y^H; A m by n. A column whose
+ * element of y is 0 is passed over, whatever x holds. */
+#define VOR_ARGUMENTS(T)                                                                           \
+    (const int* m, const int* n, const T* alpha, const T* x, const int* incx, const T* y,          \
+     const int* incy, T* a, const int* lda)
+VOR_SPELLINGS(void, sger, SGER, VOR_ARGUMENTS(float))
+VOR_SPELLINGS(void, dger, DGER, VOR_ARGUMENTS(double))
+VOR_SPELLINGS(void, cgeru, CGERU, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, zgeru, ZGERU, VOR_ARGUMENTS(VOR_DCOMPLEX))
+VOR_SPELLINGS(void, cgerc, CGERC, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, zgerc, ZGERC, VOR_ARGUMENTS(VOR_DCOMPLEX))
+#undef VOR_ARGUMENTS
+
+/* ?symv: y := alpha * A * x + beta * y, A symmetric of order n, ?hemv: Hermitian. Only the triangle of
+ * uplo ('U' upper, 'L' lower) is read, and of a Hermitian diagonal only the real part. */
+#define VOR_ARGUMENTS(T)                                                                           \
+    (const char* uplo, const int* n, const T* alpha, const T* a, const int* lda, const T* x,       \
+     const int* incx, const T* beta, T* y, const int* incy VOR_LENGTH(uplo))
+VOR_SPELLINGS(void, ssymv, SSYMV, VOR_ARGUMENTS(float))
+VOR_SPELLINGS(void, dsymv, DSYMV, VOR_ARGUMENTS(double))
+VOR_SPELLINGS(void, chemv, CHEMV, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, zhemv, ZHEMV, VOR_ARGUMENTS(VOR_DCOMPLEX))
+#undef VOR_ARGUMENTS
+
+/* ?sbmv, ?hbmv: the same for a band with k diagonals on either side of the main one. Column j of the
+ * array holds A(i, j) in row k + i - j (upper) or i - j (lower), lda >= k + 1. */
+#define VOR_ARGUMENTS(T)                                                                           \
+    (const char* uplo, const int* n, const int* k, const T* alpha, const T* a, const int* lda,     \
+     const T* x, const int* incx, const T* beta, T* y, const int* incy VOR_LENGTH(uplo))
+VOR_SPELLINGS(void, ssbmv, SSBMV, VOR_ARGUMENTS(float))
+VOR_SPELLINGS(void, dsbmv, DSBMV, VOR_ARGUMENTS(double))
+VOR_SPELLINGS(void, chbmv, CHBMV, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, zhbmv, ZHBMV, VOR_ARGUMENTS(VOR_DCOMPLEX))
+#undef VOR_ARGUMENTS
+
+/* ?spmv, ?hpmv: the same for a packed triangle: its columns one after the other, n * (n + 1) / 2
+ * elements. */
+#define VOR_ARGUMENTS(T)                                                                           \
+    (const char* uplo, const int* n, const T* alpha, const T* ap, const T* x, const int* incx,     \
+     const T* beta, T* y, const int* incy VOR_LENGTH(uplo))
+VOR_SPELLINGS(void, sspmv, SSPMV, VOR_ARGUMENTS(float))
+VOR_SPELLINGS(void, dspmv, DSPMV, VOR_ARGUMENTS(double))
+VOR_SPELLINGS(void, chpmv, CHPMV, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, zhpmv, ZHPMV, VOR_ARGUMENTS(VOR_DCOMPLEX))
+#undef VOR_ARGUMENTS
+
+/* ?syr: A := A + alpha * x * x^T, A symmetric; ?her: A := A + alpha * x * x^H, A Hermitian, alpha real.
+ * The triangle of uplo is read and written. A column whose element of x is 0 is passed over; a
+ * Hermitian diagonal leaves with imaginary parts 0. alpha = 0 returns at once. */
+#define VOR_ARGUMENTS(T, S)                                                                        \
+    (const char* uplo, const int* n, const S* alpha, const T* x, const int* incx, T* a,            \
+     const int* lda VOR_LENGTH(uplo))
+VOR_SPELLINGS(void, ssyr, SSYR, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, dsyr, DSYR, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, cher, CHER, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, zher, ZHER, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+#undef VOR_ARGUMENTS
+
+/* ?spr, ?hpr: the same for a packed triangle. */
+#define VOR_ARGUMENTS(T, S)                                                                        \
+    (const char* uplo, const int* n, const S* alpha, const T* x, const int* incx,                  \
+     T* ap VOR_LENGTH(uplo))
+VOR_SPELLINGS(void, sspr, SSPR, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, dspr, DSPR, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, chpr, CHPR, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, zhpr, ZHPR, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+#undef VOR_ARGUMENTS
+
+/* ?syr2: A := A + alpha * (x * y^T + y * x^T); ?her2: A := A + alpha * x * y^H + conj(alpha) * y * x^H.
+ * A column is passed over if its elements of x and of y are both 0. */
+#define VOR_ARGUMENTS(T)                                                                           \
+    (const char* uplo, const int* n, const T* alpha, const T* x, const int* incx, const T* y,      \
+     const int* incy, T* a, const int* lda VOR_LENGTH(uplo))
+VOR_SPELLINGS(void, ssyr2, SSYR2, VOR_ARGUMENTS(float))
+VOR_SPELLINGS(void, dsyr2, DSYR2, VOR_ARGUMENTS(double))
+VOR_SPELLINGS(void, cher2, CHER2, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, zher2, ZHER2, VOR_ARGUMENTS(VOR_DCOMPLEX))
+#undef VOR_ARGUMENTS
+
+/* ?spr2, ?hpr2: the same for a packed triangle. */
+#define VOR_ARGUMENTS(T)                                                                           \
+    (const char* uplo, const int* n, const T* alpha, const T* x, const int* incx, const T* y,      \
+     const int* incy, T* ap VOR_LENGTH(uplo))
+VOR_SPELLINGS(void, sspr2, SSPR2, VOR_ARGUMENTS(float))
+VOR_SPELLINGS(void, dspr2, DSPR2, VOR_ARGUMENTS(double))
+VOR_SPELLINGS(void, chpr2, CHPR2, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, zhpr2, ZHPR2, VOR_ARGUMENTS(VOR_DCOMPLEX))
+#undef VOR_ARGUMENTS
+
+/* ?trmv: x := op(A) * x; ?trsv: x := op(A)^-1 * x; A triangular of order n, of which only the triangle
+ * of uplo is read, and its diagonal only for diag 'N' ('U': ones). A solve makes no test for
+ * singularity: a zero on the diagonal gives infinities and NaNs. */
+#define VOR_ARGUMENTS(T)                                                                           \
+    (const char* uplo, const char* trans, const char* diag, const int* n, const T* a,              \
+     const int* lda, T* x, const int* incx VOR_LENGTH(uplo) VOR_LENGTH(trans) VOR_LENGTH(diag))
+VOR_SPELLINGS(void, strmv, STRMV, VOR_ARGUMENTS(float))
+VOR_SPELLINGS(void, dtrmv, DTRMV, VOR_ARGUMENTS(double))
+VOR_SPELLINGS(void, ctrmv, CTRMV, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, ztrmv, ZTRMV, VOR_ARGUMENTS(VOR_DCOMPLEX))
+VOR_SPELLINGS(void, strsv, STRSV, VOR_ARGUMENTS(float))
+VOR_SPELLINGS(void, dtrsv, DTRSV, VOR_ARGUMENTS(double))
+VOR_SPELLINGS(void, ctrsv, CTRSV, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, ztrsv, ZTRSV, VOR_ARGUMENTS(VOR_DCOMPLEX))
+#undef VOR_ARGUMENTS
+
+/* ?tbmv, ?tbsv: the same for a band with k diagonals beside the main one, stored as for ?sbmv. */
+#define VOR_ARGUMENTS(T)                                                                           \
+    (const char* uplo, const char* trans, const char* diag, const int* n, const int* k,            \
+     const T* a, const int* lda, T* x,                                                             \
+     const int* incx VOR_LENGTH(uplo) VOR_LENGTH(trans) VOR_LENGTH(diag))
+VOR_SPELLINGS(void, stbmv, STBMV, VOR_ARGUMENTS(float))
+VOR_SPELLINGS(void, dtbmv, DTBMV, VOR_ARGUMENTS(double))
+VOR_SPELLINGS(void, ctbmv, CTBMV, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, ztbmv, ZTBMV, VOR_ARGUMENTS(VOR_DCOMPLEX))
+VOR_SPELLINGS(void, stbsv, STBSV, VOR_ARGUMENTS(float))
+VOR_SPELLINGS(void, dtbsv, DTBSV, VOR_ARGUMENTS(double))
+VOR_SPELLINGS(void, ctbsv, CTBSV, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, ztbsv, ZTBSV, VOR_ARGUMENTS(VOR_DCOMPLEX))
+#undef VOR_ARGUMENTS
+
+/* ?tpmv, ?tpsv: the same for a packed triangle. */
+#define VOR_ARGUMENTS(T)                                                                           \
+    (const char* uplo, const char* trans, const char* diag, const int* n, const T* ap, T* x,       \
+     const int* incx VOR_LENGTH(uplo) VOR_LENGTH(trans) VOR_LENGTH(diag))
+VOR_SPELLINGS(void, stpmv, STPMV, VOR_ARGUMENTS(float))
+VOR_SPELLINGS(void, dtpmv, DTPMV, VOR_ARGUMENTS(double))
+VOR_SPELLINGS(void, ctpmv, CTPMV, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, ztpmv, ZTPMV, VOR_ARGUMENTS(VOR_DCOMPLEX))
+VOR_SPELLINGS(void, stpsv, STPSV, VOR_ARGUMENTS(float))
+VOR_SPELLINGS(void, dtpsv, DTPSV, VOR_ARGUMENTS(double))
+VOR_SPELLINGS(void, ctpsv, CTPSV, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, ztpsv, ZTPSV, VOR_ARGUMENTS(VOR_DCOMPLEX))
+#undef VOR_ARGUMENTS
+
+/* ---- Level 3: matrix and matrix ---------------------------------------------------------------- */
+
 /* ?gemm: C := alpha * op(A) * op(B) + beta * C; op(A) is m by k, op(B) k by n, C m by n.
  *
  * m < 1 or n < 1: nothing happens. k = 0: C := beta * C. Real and complex doubles are summed in
  * extended precision over stages of k, floats in single precision. May run on several OpenMP threads
  * (see vor_in_serial), which share out the rows or columns of C. When scratch memory is short the
  * product takes a slower way. */
-VOR_SPELLINGS(void, sgemm, SGEMM,
-              (const char* transa, const char* transb, const int* m, const int* n, const int* k,
-               const float* alpha, const float* a, const int* lda, const float* b, const int* ldb,
-               const float* beta, float* c, const int* ldc VOR_LENGTH(transa) VOR_LENGTH(transb)))
-VOR_SPELLINGS(void, dgemm, DGEMM,
-              (const char* transa, const char* transb, const int* m, const int* n, const int* k,
-               const double* alpha, const double* a, const int* lda, const double* b,
-               const int* ldb, const double* beta, double* c,
-               const int* ldc VOR_LENGTH(transa) VOR_LENGTH(transb)))
-VOR_SPELLINGS(void, cgemm, CGEMM,
-              (const char* transa, const char* transb, const int* m, const int* n, const int* k,
-               const VOR_SCOMPLEX* alpha, const VOR_SCOMPLEX* a, const int* lda,
-               const VOR_SCOMPLEX* b, const int* ldb, const VOR_SCOMPLEX* beta, VOR_SCOMPLEX* c,
-               const int* ldc VOR_LENGTH(transa) VOR_LENGTH(transb)))
-VOR_SPELLINGS(void, zgemm, ZGEMM,
-              (const char* transa, const char* transb, const int* m, const int* n, const int* k,
-               const VOR_DCOMPLEX* alpha, const VOR_DCOMPLEX* a, const int* lda,
-               const VOR_DCOMPLEX* b, const int* ldb, const VOR_DCOMPLEX* beta, VOR_DCOMPLEX* c,
-               const int* ldc VOR_LENGTH(transa) VOR_LENGTH(transb)))
+#define VOR_ARGUMENTS(T)                                                                           \
+    (const char* transa, const char* transb, const int* m, const int* n, const int* k,             \
+     const T* alpha, const T* a, const int* lda, const T* b, const int* ldb, const T* beta, T* c,  \
+     const int* ldc VOR_LENGTH(transa) VOR_LENGTH(transb))
+VOR_SPELLINGS(void, sgemm, SGEMM, VOR_ARGUMENTS(float))
+VOR_SPELLINGS(void, dgemm, DGEMM, VOR_ARGUMENTS(double))
+VOR_SPELLINGS(void, cgemm, CGEMM, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, zgemm, ZGEMM, VOR_ARGUMENTS(VOR_DCOMPLEX))
+#undef VOR_ARGUMENTS
+
+/* ---- Rotation sequences, inner products --------------------------------------------------------- */
+
+/* ?lasr_l<pivot><direction>: applies m - 1 plane rotations with cosines c and sines s, m - 1 each, to
+ * the rows of A, m by n, in place. Rotation j turns rows j and j+1 (pivot v, variable), 0 and j+1
+ * (t, top) or j and m-1 (b, bottom), all counted from 0:
+ *     upper row := c[j] * upper + s[j] * lower,  lower row := c[j] * lower - s[j] * upper
+ * direction f: j ascending, b: descending. c and s are real for complex A too. m < 2 or n < 1:
+ * nothing happens. */
+#define VOR_ARGUMENTS(T, S)                                                                        \
+    (const int* m, const int* n, const S* c, const S* s, T* a, const int* lda)
+VOR_SPELLINGS(void, slasr_lvf, SLASR_LVF, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, slasr_lvb, SLASR_LVB, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, slasr_ltf, SLASR_LTF, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, slasr_ltb, SLASR_LTB, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, slasr_lbf, SLASR_LBF, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, slasr_lbb, SLASR_LBB, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, dlasr_lvf, DLASR_LVF, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, dlasr_lvb, DLASR_LVB, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, dlasr_ltf, DLASR_LTF, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, dlasr_ltb, DLASR_LTB, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, dlasr_lbf, DLASR_LBF, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, dlasr_lbb, DLASR_LBB, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, clasr_lvf, CLASR_LVF, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, clasr_lvb, CLASR_LVB, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, clasr_ltf, CLASR_LTF, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, clasr_ltb, CLASR_LTB, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, clasr_lbf, CLASR_LBF, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, clasr_lbb, CLASR_LBB, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, zlasr_lvf, ZLASR_LVF, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+VOR_SPELLINGS(void, zlasr_lvb, ZLASR_LVB, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+VOR_SPELLINGS(void, zlasr_ltf, ZLASR_LTF, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+VOR_SPELLINGS(void, zlasr_ltb, ZLASR_LTB, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+VOR_SPELLINGS(void, zlasr_lbf, ZLASR_LBF, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+VOR_SPELLINGS(void, zlasr_lbb, ZLASR_LBB, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+#undef VOR_ARGUMENTS
+
+/* xssexy, xdsexy: C := A^T * B for two tall matrices A and B, k by m, stored without gaps (leading
+ * dimension k); C is m by m without gaps. With OpenMP threads k is cut into one part more than there
+ * are threads, and the partial products are added in the order of the parts: the result depends on
+ * the number of threads, not on who did what. Memory for the parts short: one thread does it all. */
+VOR_SPELLINGS(void, xssexy, XSSEXY,
+              (const int* k, const int* m, const float* a, const float* b, float* c))
+VOR_SPELLINGS(void, xdsexy, XDSEXY,
+              (const int* k, const int* m, const double* a, const double* b, double* c))
 
 /* ?trsm: B := alpha * op(A)^-1 * B for side 'L', B := alpha * B * op(A)^-1 for side 'R'.
  *

@@ -6,9 +6,12 @@
 
 namespace vor::bench {
 
+Suite service_cases();
 Suite level1_cases();
+Suite level2_cases();
 Suite gemm_cases();
 Suite level3_cases();
-Suite service_cases();
+Suite dft_cases();
+Suite dfti_cases();
 
 } // namespace vor::bench

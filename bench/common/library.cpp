@@ -2,6 +2,7 @@
 #include "bench/common/suite.h"
 
 #include <cstdlib>
+#include <omp.h>
 #include <stdexcept>
 
 namespace vor::bench {
@@ -17,6 +18,9 @@ void* open(const char* file, int how) {
 } // namespace
 
 Library own_library() {
+    // The library may use threads, a case says how many; without a word it is one.
+    setenv("VOR_SERIAL", "NO", 1);
+    omp_set_num_threads(1);
     return {"vor", open("libvor_k1.so", 0)};
 }
 

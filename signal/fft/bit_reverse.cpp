@@ -1,0 +1,181 @@
+// Bit reversal of N = 2^n points.
+//
+// By the swap-form table: an index is a top bit, middle bits and a bottom bit. Reversal exchanges top and
+// bottom and reverses the middle, so one entry of the table (the middle bits i and their reverse j)
+// serves four exchanges: with h = N/2,
+//   2i <-> 2j    h+2i+1 <-> h+2j+1    2i+1 <-> h+2j    2j+1 <-> h+2i
+// and one if i is its own reverse: 2i+1 <-> h+2i.
+//
+// By tiles, for data that does not fit the first-level cache, where the walk of the table would touch a
+// line for each element: an index is three top bits, middle bits and three bottom bits (Carter, Gatlin,
+// Towards an optimal bit-reversal permutation program, FOCS 1998). The 8 x 8 elements of one middle are
+// read from 8 runs and written to the 8 runs of the reversed middle, whole lines both times.
+#include "serv/bits.h"
+#include "signal/fft/kernels.h"
+#include "signal/fft/tables.h"
+
+#include <xmmintrin.h>
+
+namespace {
+
+// One element is moved as bits, by one SSE register or half of one.
+void move(const vor::cdouble& from, vor::cdouble& to) {
+    _mm_storeu_ps(reinterpret_cast<float*>(&to),
+                  _mm_loadu_ps(reinterpret_cast<const float*>(&from)));
+}
+void move(const vor::cfloat& from, vor::cfloat& to) {
+    _mm_storel_pi(reinterpret_cast<__m64*>(&to),
+                  _mm_loadl_pi(_mm_setzero_ps(), reinterpret_cast<const __m64*>(&from)));
+}
+void exchange(vor::cdouble& a, vor::cdouble& b) {
+    float *p = reinterpret_cast<float*>(&a), *q = reinterpret_cast<float*>(&b);
+    const __m128 x = _mm_loadu_ps(p), y = _mm_loadu_ps(q);
+    _mm_storeu_ps(p, y);
+    _mm_storeu_ps(q, x);
+}
+void exchange(vor::cfloat& a, vor::cfloat& b) {
+    __m64 *p = reinterpret_cast<__m64*>(&a), *q = reinterpret_cast<__m64*>(&b);
+    const __m128 x = _mm_loadl_pi(_mm_setzero_ps(), p), y = _mm_loadl_pi(_mm_setzero_ps(), q);
+    _mm_storel_pi(p, y);
+    _mm_storel_pi(q, x);
+}
+
+// Calls pair(2i, 2j) and self(2i) for the entries of the table.
+template <class Pair, class Self>
+void walk(const unsigned* table, Pair pair, Self self) {
+    for (; *table; table += 2) pair(table[0] / 2, table[1] / 2);
+    unsigned entry = *table++; // the zero that ends the pairs is the first that is its own reverse
+    do {
+        self(entry / 2);
+        entry = *table++;
+    } while (entry);
+}
+
+template <class C>
+void walk_in_place(C* data, int n, const unsigned* table) {
+    C* high = data + n / 2;
+    walk(
+        table,
+        [=](unsigned i, unsigned j) {
+            exchange(data[i], data[j]);
+            exchange(high[i + 1], high[j + 1]);
+            exchange(data[i + 1], high[j]);
+            exchange(data[j + 1], high[i]);
+        },
+        [=](unsigned i) { exchange(data[i + 1], high[i]); });
+}
+
+template <class C>
+void walk_to(const C* source, C* destination, int n, const unsigned* table) {
+    const C* high = source + n / 2;
+    C* high_out = destination + n / 2;
+    const auto half = [=](unsigned i, unsigned j) {
+        move(source[i], destination[j]);
+        move(source[i + 1], high_out[j]);
+        move(high[i], destination[j + 1]);
+        move(high[i + 1], high_out[j + 1]);
+    };
+    walk(
+        table,
+        [=](unsigned i, unsigned j) {
+            half(i, j);
+            half(j, i);
+        },
+        [=](unsigned i) { half(i, i); });
+}
+
+// ---- Tiles
+
+constexpr int kTileBits = 3;
+constexpr int kTile = 1 << kTileBits;
+constexpr int kReversed[kTile] = {0, 4, 2, 6, 1, 5, 3, 7};
+constexpr size_t kCachedBytes = 32768; // data up to this size, twice, stays in the cache
+
+// out[reverse(j)][reverse(i)] := in[i][j]; the runs of both are `stride` elements apart.
+void reverse_tile(const vor::cdouble* in, vor::cdouble* out, size_t in_stride, size_t out_stride) {
+    for (int j = 0; j < kTile; ++j) {
+        vor::cdouble* row = out + kReversed[j] * out_stride;
+        for (int i = 0; i < kTile; ++i) move(in[i * in_stride + j], row[kReversed[i]]);
+    }
+}
+
+// Rows i and i + 4 are neighbours in the result, so two elements of each make two pairs of it.
+void reverse_tile(const vor::cfloat* in, vor::cfloat* out, size_t in_stride, size_t out_stride) {
+    for (int j = 0; j < kTile; j += 2) {
+        float* even = &out[kReversed[j] * out_stride].re;
+        float* odd = &out[kReversed[j + 1] * out_stride].re;
+        for (int i = 0; i < kTile / 2; ++i) {
+            const __m128 x = _mm_loadu_ps(&in[i * in_stride + j].re);
+            const __m128 y = _mm_loadu_ps(&in[(i + kTile / 2) * in_stride + j].re);
+            _mm_storeu_ps(even + 2 * kReversed[i], _mm_movelh_ps(x, y));
+            _mm_storeu_ps(odd + 2 * kReversed[i], _mm_movehl_ps(y, x));
+        }
+    }
+}
+
+// The middles of all tiles with their reverses: tile(offset of m, offset of reverse(m)).
+template <class Tile>
+void all_tiles(int n, Tile tile) {
+    const unsigned middles = static_cast<unsigned>(n) / (kTile * kTile);
+    const int bits = vor::trailing_zeros(middles);
+    for (unsigned m = 0; m < middles; ++m) tile(kTile * m, kTile * vor::fft::reverse_bits(m, bits));
+}
+
+template <class C>
+void tiles_to(const C* source, C* destination, int n) {
+    const size_t stride = n / kTile;
+    all_tiles(n, [=](unsigned from, unsigned to) {
+        reverse_tile(source + from, destination + to, stride, stride);
+    });
+}
+
+template <class C>
+void tiles_in_place(C* data, int n) {
+    const size_t stride = n / kTile;
+    all_tiles(n, [=](unsigned from, unsigned to) {
+        if (from > to) return;
+        C held[kTile * kTile];
+        for (int i = 0; i < kTile; ++i)
+            for (int j = 0; j < kTile; ++j) move(data[to + i * stride + j], held[i * kTile + j]);
+        if (from < to) reverse_tile(data + from, data + to, stride, stride);
+        reverse_tile(held, data + from, kTile, stride);
+    });
+}
+
+// ---- Choice
+
+template <class C>
+bool cached(int n) {
+    return n * sizeof(C) <= kCachedBytes;
+}
+
+template <class C>
+void reverse_in_place(C* data, int n, const unsigned* table) {
+    if (n < 4) return;
+    cached<C>(n) ? walk_in_place(data, n, table) : tiles_in_place(data, n);
+}
+
+template <class C>
+void reverse(const C* source, C* destination, int n, const unsigned* table) {
+    if (n < 8) {
+        for (int k = 0; k < n; ++k) {
+            const int reversed = n == 4 && (k == 1 || k == 2) ? 3 - k : k;
+            move(source[k], destination[reversed]);
+        }
+        return;
+    }
+    cached<C>(n) ? walk_to(source, destination, n, table) : tiles_to(source, destination, n);
+}
+
+} // namespace
+
+#define BIT_REVERSAL(Z, C)                                                                         \
+    extern "C" void tavs_BitRev1_##Z(C* data, int n, const unsigned* table) {                      \
+        reverse_in_place(data, n, table);                                                          \
+    }                                                                                              \
+    extern "C" void tavs_BitRev2_##Z(const C* source, C* destination, int n,                       \
+                                     const unsigned* table) {                                      \
+        reverse(source, destination, n, table);                                                    \
+    }
+BIT_REVERSAL(C, vor::cfloat)
+BIT_REVERSAL(Z, vor::cdouble)

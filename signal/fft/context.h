@@ -1,0 +1,86 @@
+// The FFT object: everything that the transforms of one order need, so that none of them computes a
+// sine. Built and freed in object.cpp, its tables in tables.cpp; read only in between.
+#pragma once
+
+#include "serv/element.h"
+#include "vor_signal.h"
+
+struct FftCtx {
+    unsigned idCtx; // vor::fft::Kind; 0 once freed
+    int order;      // n: transforms of N = 2^n points; the complex engine of a real kind has n - 1
+    int doScaleFwd; // 1: the forward transform multiplies by normFactor
+    int doScaleInv; // 1: the inverse transform does
+    union {
+        float single;
+        double wide;
+    } normFactor;       // 1/N, 1/sqrt(N) or 0, in the width of the kind
+    int hint;           // as given; read by nothing
+    int bufSize;        // bytes of work buffer of a transform, 0 for none
+    int isOwned;        // 1: freeing the object frees its tables
+    void* tabBitRev;    // bit reversal, swap form or read form
+    void* tabTwd;       // radix-4 kernel; the block of this and all tables below but the next two
+    void* tabTwdL2;     // radix-2 passes above that kernel
+    void* tabRealRec;   // real kinds: recombination behind the forward complex transform
+    void* tabCcsRec;    // real kinds: recombination in front of the inverse one
+    void* tabTwdBlk[3]; // kernel of the short side, for each block level
+    void* tabMulBlk[3]; // twiddles between rows and columns, for each block level
+};
+
+namespace vor::fft {
+
+enum Kind : unsigned {
+    kComplex32 = 4,
+    kReal32 = 6,
+    kComplex64 = 7,
+    kReal64 = 9,
+};
+
+constexpr int kHighestOrder = 30;
+constexpr int kLowestTableOrder = 4; // smaller transforms are straight-line code
+
+// What the precisions do not share. Engine limit: the highest order that the radix-4 kernel takes
+// whole; its data and table fit the first-level cache.
+template <class R>
+struct Traits;
+
+template <>
+struct Traits<float> {
+    using Complex = cfloat;
+    static constexpr Kind kComplex = kComplex32, kReal = kReal32;
+    static constexpr int kEngineLimit = 10;
+    // The highest order whose bit reversal happens in the kernel's first pass.
+    static constexpr int kReadFormLimit = 9;
+    static float& norm(FftCtx& object) { return object.normFactor.single; }
+    static float norm(const FftCtx& object) { return object.normFactor.single; }
+};
+
+template <>
+struct Traits<double> {
+    using Complex = cdouble;
+    static constexpr Kind kComplex = kComplex64, kReal = kReal64;
+    static constexpr int kEngineLimit = 9;
+    static constexpr int kReadFormLimit = 0;
+    static double& norm(FftCtx& object) { return object.normFactor.wide; }
+    static double norm(const FftCtx& object) { return object.normFactor.wide; }
+};
+
+template <class R>
+using complex_t = typename Traits<R>::Complex;
+
+// The order s of the short side of a transform of order m above the engine limit: it runs as blocks,
+// 2^s rows of 2^(m-s) points. 0: it runs on radix-2 passes instead.
+template <class R>
+constexpr int split(int m) {
+    constexpr signed char kSplit64[] = {0, 0, 0, 4, 5, 6, 7, 7, 8, 9, 9,
+                                        9, 8, 8, 9, 9, 9, 9, 9, 9, 9, 9};
+    constexpr signed char kSplit32[] = {0,  0,  0,  0, 5, 6,  7,  8,  8,  8,  10,
+                                        10, 10, 10, 8, 8, 10, 10, 10, 10, 10, 10};
+    return (sizeof(R) == 8 ? kSplit64 : kSplit32)[m - 9];
+}
+
+// Work buffer bytes of the radix-4 kernel of 2^m points in 32 bits: its data, in whole 16 bytes.
+constexpr int kernel_buffer(int m) {
+    return ((8 << m) + 15) & ~15;
+}
+
+} // namespace vor::fft

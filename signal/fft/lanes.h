@@ -1,0 +1,98 @@
+// Arithmetic on four complex numbers at a time, real parts in one SSE register, imaginary parts in
+// another.
+#pragma once
+
+#include "serv/element.h"
+
+#include <stdint.h>
+#include <xmmintrin.h>
+
+namespace vor::fft {
+
+constexpr unsigned kVectorBytes = 16;
+
+inline bool aligned(const void* p) {
+    return reinterpret_cast<uintptr_t>(p) % kVectorBytes == 0;
+}
+
+struct Four {
+    __m128 re, im;
+};
+
+inline Four operator+(Four a, Four b) {
+    return {_mm_add_ps(a.re, b.re), _mm_add_ps(a.im, b.im)};
+}
+inline Four operator-(Four a, Four b) {
+    return {_mm_sub_ps(a.re, b.re), _mm_sub_ps(a.im, b.im)};
+}
+
+// Keeps a loaded value in its register: the compiler would rather load it again for each use, and two
+// loads a cycle are what bounds the passes.
+inline __m128 held(__m128 x) {
+    asm("" : "+x"(x));
+    return x;
+}
+inline Four held(Four x) {
+    return {held(x.re), held(x.im)};
+}
+
+// x w, or x conj(w).
+template <bool inverse>
+inline Four times(Four x, Four w) {
+    const __m128 rr = _mm_mul_ps(x.re, w.re), ii = _mm_mul_ps(x.im, w.im);
+    const __m128 ri = _mm_mul_ps(x.re, w.im), ir = _mm_mul_ps(x.im, w.re);
+    if constexpr (inverse)
+        return {_mm_add_ps(rr, ii), _mm_sub_ps(ir, ri)};
+    else
+        return {_mm_sub_ps(rr, ii), _mm_add_ps(ri, ir)};
+}
+
+// a + r b and a - r b, with r = -i, or i.
+template <bool inverse>
+inline Four plus_turned(Four a, Four b) {
+    if constexpr (inverse)
+        return {_mm_sub_ps(a.re, b.im), _mm_add_ps(a.im, b.re)};
+    else
+        return {_mm_add_ps(a.re, b.im), _mm_sub_ps(a.im, b.re)};
+}
+template <bool inverse>
+inline Four minus_turned(Four a, Four b) {
+    return plus_turned<!inverse>(a, b);
+}
+
+// ---- Memory. A position is a pointer to the first of the eight floats of a group of four.
+
+inline Four load_lanes(const float* p) {
+    return {_mm_load_ps(p), _mm_load_ps(p + 4)};
+}
+inline Four load_lanes_anywhere(const float* p) {
+    return {_mm_loadu_ps(p), _mm_loadu_ps(p + 4)};
+}
+
+// How a group is stored.
+struct Lanes { // four-lane form, aligned
+    static void store(float* p, Four x) {
+        _mm_store_ps(p, x.re);
+        _mm_store_ps(p + 4, x.im);
+    }
+};
+struct LanesAnywhere {
+    static void store(float* p, Four x) {
+        _mm_storeu_ps(p, x.re);
+        _mm_storeu_ps(p + 4, x.im);
+    }
+};
+struct Interleaved { // at any address
+    static void store(float* p, Four x) {
+        _mm_storeu_ps(p, _mm_unpacklo_ps(x.re, x.im));
+        _mm_storeu_ps(p + 4, _mm_unpackhi_ps(x.re, x.im));
+    }
+};
+
+// The lanes of a become the first element of each, those of b the second, and so on.
+inline void transpose(Four& a, Four& b, Four& c, Four& d) {
+    _MM_TRANSPOSE4_PS(a.re, b.re, c.re, d.re);
+    _MM_TRANSPOSE4_PS(a.im, b.im, c.im, d.im);
+}
+
+} // namespace vor::fft

@@ -1,0 +1,23 @@
+// Steps of the large 32-bit transforms, on data in four-lane form. Data may stand anywhere, tables and
+// lanes on 16-byte boundaries.
+#pragma once
+
+#include "serv/element.h"
+
+extern "C" {
+
+// Radix-2 step that joins two transformed halves of n points in all. The table holds the n/4 twiddles
+// of the first quarter circle. Interleaved result if `interleave` is 1.
+void tavs_cFftFwd_Step_R2_32fc(vor::cfloat* data, int n, const vor::cfloat* table, int interleave);
+void tavs_cFftInv_Step_R2_32fc(vor::cfloat* data, int n, const vor::cfloat* table, int interleave);
+
+// Four adjacent columns of rows of `width` points, times their products (conjugated unless `forward`),
+// into four lanes of `rows` interleaved points.
+void tavs_cFftBlkMergeMpy_32fc(const vor::cfloat* row, int width, vor::cfloat* lanes, int rows,
+                               const vor::cfloat* products, int forward);
+
+// Four lanes in four-lane form back into four adjacent columns, interleaved if `interleave` is 1.
+void tavs_cFftBlkSplit_32fc(const vor::cfloat* lanes, int rows, vor::cfloat* row, int width,
+                            int interleave);
+
+} // extern "C"

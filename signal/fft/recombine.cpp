@@ -1,0 +1,129 @@
+// Recombination between the transform z of M complex points, which holds the real sequence as
+// (x[2m], x[2m+1]), and the conjugate-even spectrum X of N = 2M points, pairwise from both ends inward:
+//   forward  X[k] = (z[k] + conj z[M-k])/2 - i W^k (z[k] - conj z[M-k])/2,  W = exp(-2 pi i / N)
+//   inverse  2z[k] = (X[k] + conj X[M-k]) + i conj(W^k) (X[k] - conj X[M-k])
+// The factors of 1/2 and of the rotation are in the tables. Element 0 is the caller's.
+#include "signal/fft/real_kernels.h"
+
+#include "signal/fft/lanes.h"
+
+namespace {
+
+using namespace vor::fft;
+
+// The arithmetic stands once, for reals and for registers of four values.
+struct Lane4 {
+    __m128 v;
+};
+inline Lane4 operator+(Lane4 a, Lane4 b) {
+    return {_mm_add_ps(a.v, b.v)};
+}
+inline Lane4 operator-(Lane4 a, Lane4 b) {
+    return {_mm_sub_ps(a.v, b.v)};
+}
+inline Lane4 operator*(Lane4 a, Lane4 b) {
+    return {_mm_mul_ps(a.v, b.v)};
+}
+
+template <class V>
+struct Pair {
+    V u, v, x, y; // (u, v) = z[k], (x, y) = z[M-k]
+};
+
+template <class V>
+inline Pair<V> forward(Pair<V> z, V a, V b) {
+    const V d = z.u - z.x, s = z.v + z.y, p = b * d + a * s, q = b * s - a * d;
+    return {z.x + p, q - z.y, z.u - p, q - z.v};
+}
+
+template <class V>
+inline Pair<V> inverse(Pair<V> z, V c, V e) {
+    const V d = z.u - z.x, s = z.v + z.y, p = e * d - c * s, q = c * d + e * s;
+    const V sum = z.u + z.x, difference = z.v - z.y;
+    return {sum + p, difference + q, sum - p, q - difference};
+}
+
+struct Forward {
+    template <class V>
+    static Pair<V> step(Pair<V> z, V re, V im) {
+        return forward(z, re, im);
+    }
+    template <class C>
+    static C middle(C z) {
+        return {z.re, -z.im};
+    }
+};
+struct Inverse {
+    template <class V>
+    static Pair<V> step(Pair<V> z, V re, V im) {
+        return inverse(z, re, im);
+    }
+    template <class C>
+    static C middle(C z) {
+        return {2 * z.re, -2 * z.im};
+    }
+};
+
+template <class Direction, class C>
+void one(const C* source, C* destination, int m, int k, const C* table) {
+    const C low = source[k], high = source[m - k], w = table[k];
+    const auto z =
+        Direction::step(Pair<vor::real_t<C>>{low.re, low.im, high.re, high.im}, w.re, w.im);
+    destination[k] = {z.u, z.v};
+    destination[m - k] = {z.x, z.y};
+}
+
+// Four consecutive complex numbers, and the same in falling order (the first of them at p + 3).
+inline Four load_interleaved(const float* p) {
+    const __m128 a = _mm_loadu_ps(p), b = _mm_loadu_ps(p + 4);
+    return {_mm_shuffle_ps(a, b, _MM_SHUFFLE(2, 0, 2, 0)),
+            _mm_shuffle_ps(a, b, _MM_SHUFFLE(3, 1, 3, 1))};
+}
+inline Four load_falling(const float* p) {
+    const __m128 a = _mm_loadu_ps(p), b = _mm_loadu_ps(p + 4);
+    return {_mm_shuffle_ps(b, a, _MM_SHUFFLE(0, 2, 0, 2)),
+            _mm_shuffle_ps(b, a, _MM_SHUFFLE(1, 3, 1, 3))};
+}
+inline void store_falling(float* p, Four x) {
+    const __m128 low = _mm_unpacklo_ps(x.re, x.im), high = _mm_unpackhi_ps(x.re, x.im);
+    _mm_storeu_ps(p, _mm_shuffle_ps(high, high, _MM_SHUFFLE(1, 0, 3, 2)));
+    _mm_storeu_ps(p + 4, _mm_shuffle_ps(low, low, _MM_SHUFFLE(1, 0, 3, 2)));
+}
+
+// Pairs k to k+3, all below M/2.
+template <class Direction>
+void four(const vor::cfloat* source, vor::cfloat* destination, int m, int k,
+          const vor::cfloat* table) {
+    const Four low = load_interleaved(&source[k].re), w = load_interleaved(&table[k].re);
+    const Four high = load_falling(&source[m - k - 3].re);
+    const auto z = Direction::step(Pair<Lane4>{{low.re}, {low.im}, {high.re}, {high.im}},
+                                   Lane4{w.re}, Lane4{w.im});
+    Interleaved::store(&destination[k].re, {z.u.v, z.v.v});
+    store_falling(&destination[m - k - 3].re, {z.x.v, z.y.v});
+}
+
+template <class Direction, class C>
+void recombine(const C* source, C* destination, int m, const C* table) {
+    if (m < 2) return;
+    const int half = m / 2;
+    int k = 1;
+    if constexpr (sizeof(C) == 8) {
+        for (; k < 4 && k < half; ++k) one<Direction>(source, destination, m, k, table);
+        for (; k + 4 <= half; k += 4) four<Direction>(source, destination, m, k, table);
+    }
+    for (; k < half; ++k) one<Direction>(source, destination, m, k, table);
+    destination[half] = Direction::middle(source[half]);
+}
+
+} // namespace
+
+#define RECOMBINE(X, C)                                                                            \
+    extern "C" void tavs_cRealRecombine_##X(C* data, int m, int, const C* table) {                 \
+        recombine<Forward>(data, data, m, table);                                                  \
+    }                                                                                              \
+    extern "C" void tavs_cCcsRecombine_##X(const C* source, C* destination, int m, int,            \
+                                           const C* table) {                                       \
+        recombine<Inverse>(source, destination, m, table);                                         \
+    }
+RECOMBINE(32f, vor::cfloat)
+RECOMBINE(64f, vor::cdouble)
