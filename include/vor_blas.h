@@ -451,51 +451,6 @@ VOR_SPELLINGS(void, cgemm, CGEMM, VOR_ARGUMENTS(VOR_SCOMPLEX))
 VOR_SPELLINGS(void, zgemm, ZGEMM, VOR_ARGUMENTS(VOR_DCOMPLEX))
 #undef VOR_ARGUMENTS
 
-/* ---- Rotation sequences, inner products --------------------------------------------------------- */
-
-/* ?lasr_l<pivot><direction>: applies m - 1 plane rotations with cosines c and sines s, m - 1 each, to
- * the rows of A, m by n, in place. Rotation j turns rows j and j+1 (pivot v, variable), 0 and j+1
- * (t, top) or j and m-1 (b, bottom), all counted from 0:
- *     upper row := c[j] * upper + s[j] * lower,  lower row := c[j] * lower - s[j] * upper
- * direction f: j ascending, b: descending. c and s are real for complex A too. m < 2 or n < 1:
- * nothing happens. */
-#define VOR_ARGUMENTS(T, S)                                                                        \
-    (const int* m, const int* n, const S* c, const S* s, T* a, const int* lda)
-VOR_SPELLINGS(void, slasr_lvf, SLASR_LVF, VOR_ARGUMENTS(float, float))
-VOR_SPELLINGS(void, slasr_lvb, SLASR_LVB, VOR_ARGUMENTS(float, float))
-VOR_SPELLINGS(void, slasr_ltf, SLASR_LTF, VOR_ARGUMENTS(float, float))
-VOR_SPELLINGS(void, slasr_ltb, SLASR_LTB, VOR_ARGUMENTS(float, float))
-VOR_SPELLINGS(void, slasr_lbf, SLASR_LBF, VOR_ARGUMENTS(float, float))
-VOR_SPELLINGS(void, slasr_lbb, SLASR_LBB, VOR_ARGUMENTS(float, float))
-VOR_SPELLINGS(void, dlasr_lvf, DLASR_LVF, VOR_ARGUMENTS(double, double))
-VOR_SPELLINGS(void, dlasr_lvb, DLASR_LVB, VOR_ARGUMENTS(double, double))
-VOR_SPELLINGS(void, dlasr_ltf, DLASR_LTF, VOR_ARGUMENTS(double, double))
-VOR_SPELLINGS(void, dlasr_ltb, DLASR_LTB, VOR_ARGUMENTS(double, double))
-VOR_SPELLINGS(void, dlasr_lbf, DLASR_LBF, VOR_ARGUMENTS(double, double))
-VOR_SPELLINGS(void, dlasr_lbb, DLASR_LBB, VOR_ARGUMENTS(double, double))
-VOR_SPELLINGS(void, clasr_lvf, CLASR_LVF, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
-VOR_SPELLINGS(void, clasr_lvb, CLASR_LVB, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
-VOR_SPELLINGS(void, clasr_ltf, CLASR_LTF, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
-VOR_SPELLINGS(void, clasr_ltb, CLASR_LTB, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
-VOR_SPELLINGS(void, clasr_lbf, CLASR_LBF, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
-VOR_SPELLINGS(void, clasr_lbb, CLASR_LBB, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
-VOR_SPELLINGS(void, zlasr_lvf, ZLASR_LVF, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
-VOR_SPELLINGS(void, zlasr_lvb, ZLASR_LVB, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
-VOR_SPELLINGS(void, zlasr_ltf, ZLASR_LTF, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
-VOR_SPELLINGS(void, zlasr_ltb, ZLASR_LTB, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
-VOR_SPELLINGS(void, zlasr_lbf, ZLASR_LBF, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
-VOR_SPELLINGS(void, zlasr_lbb, ZLASR_LBB, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
-#undef VOR_ARGUMENTS
-
-/* xssexy, xdsexy: C := A^T * B for two tall matrices A and B, k by m, stored without gaps (leading
- * dimension k); C is m by m without gaps. With OpenMP threads k is cut into one part more than there
- * are threads, and the partial products are added in the order of the parts: the result depends on
- * the number of threads, not on who did what. Memory for the parts short: one thread does it all. */
-VOR_SPELLINGS(void, xssexy, XSSEXY,
-              (const int* k, const int* m, const float* a, const float* b, float* c))
-VOR_SPELLINGS(void, xdsexy, XDSEXY,
-              (const int* k, const int* m, const double* a, const double* b, double* c))
-
 /* ?trsm: B := alpha * op(A)^-1 * B for side 'L', B := alpha * B * op(A)^-1 for side 'R'.
  *
  * B is m by n; A is triangular (uplo 'U' upper, 'L' lower), m by m on the left, n by n on the right;
@@ -656,6 +611,51 @@ VOR_SPELLINGS(void, zher2k, ZHER2K,
                const VOR_DCOMPLEX* alpha, const VOR_DCOMPLEX* a, const int* lda,
                const VOR_DCOMPLEX* b, const int* ldb, const double* beta, VOR_DCOMPLEX* c,
                const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans)))
+
+/* ---- Rotation sequences, inner products --------------------------------------------------------- */
+
+/* ?lasr_l<pivot><direction>: applies m - 1 plane rotations with cosines c and sines s, m - 1 each, to
+ * the rows of A, m by n, in place. Rotation j turns rows j and j+1 (pivot v, variable), 0 and j+1
+ * (t, top) or j and m-1 (b, bottom), all counted from 0:
+ *     upper row := c[j] * upper + s[j] * lower,  lower row := c[j] * lower - s[j] * upper
+ * direction f: j ascending, b: descending. c and s are real for complex A too. m < 2 or n < 1:
+ * nothing happens. */
+#define VOR_ARGUMENTS(T, S)                                                                        \
+    (const int* m, const int* n, const S* c, const S* s, T* a, const int* lda)
+VOR_SPELLINGS(void, slasr_lvf, SLASR_LVF, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, slasr_lvb, SLASR_LVB, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, slasr_ltf, SLASR_LTF, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, slasr_ltb, SLASR_LTB, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, slasr_lbf, SLASR_LBF, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, slasr_lbb, SLASR_LBB, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, dlasr_lvf, DLASR_LVF, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, dlasr_lvb, DLASR_LVB, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, dlasr_ltf, DLASR_LTF, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, dlasr_ltb, DLASR_LTB, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, dlasr_lbf, DLASR_LBF, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, dlasr_lbb, DLASR_LBB, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, clasr_lvf, CLASR_LVF, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, clasr_lvb, CLASR_LVB, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, clasr_ltf, CLASR_LTF, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, clasr_ltb, CLASR_LTB, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, clasr_lbf, CLASR_LBF, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, clasr_lbb, CLASR_LBB, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, zlasr_lvf, ZLASR_LVF, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+VOR_SPELLINGS(void, zlasr_lvb, ZLASR_LVB, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+VOR_SPELLINGS(void, zlasr_ltf, ZLASR_LTF, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+VOR_SPELLINGS(void, zlasr_ltb, ZLASR_LTB, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+VOR_SPELLINGS(void, zlasr_lbf, ZLASR_LBF, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+VOR_SPELLINGS(void, zlasr_lbb, ZLASR_LBB, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+#undef VOR_ARGUMENTS
+
+/* xssexy, xdsexy: C := A^T * B for two tall matrices A and B, k by m, stored without gaps (leading
+ * dimension k); C is m by m without gaps. With OpenMP threads k is cut into one part more than there
+ * are threads, and the partial products are added in the order of the parts: the result depends on
+ * the number of threads, not on who did what. Memory for the parts short: one thread does it all. */
+VOR_SPELLINGS(void, xssexy, XSSEXY,
+              (const int* k, const int* m, const float* a, const float* b, float* c))
+VOR_SPELLINGS(void, xdsexy, XDSEXY,
+              (const int* k, const int* m, const double* a, const double* b, double* c))
 
 VOR_END_C
 
