@@ -16,6 +16,7 @@ Suite all_cases() {
         dft_cases,
         dfti_cases,
         service_cases, level1_cases, level2_cases, gemm_cases, dft_cases, dfti_cases, gmp_cases,
+        service_cases, level1_cases, level2_cases, gemm_cases, level3_cases, dft_cases, dfti_cases,
     };
     // clang-format on
     Suite all;
