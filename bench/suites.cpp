@@ -8,6 +8,10 @@ namespace vor::bench {
 Suite all_cases() {
     const std::vector<Suite (*)()> families = {
         service_cases, level1_cases, level2_cases, gemm_cases, dft_cases, dfti_cases,
+        level1_cases,
+        gemm_cases,
+        level3_cases,
+        service_cases,
     };
     Suite all;
     for (const auto family : families) {
