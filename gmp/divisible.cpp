@@ -1,9 +1,11 @@
-// Divisibility and congruence: 1 or 0.
-#include "gmp/integer.h"
+// Divisibility and congruence: 1 or 0. A zero divisor is seen before a temporary is made: the handler of
+// the signal may leave by a jump.
+#include "gmp/divide_limb.h"
 
 using namespace vor::gmp;
 
 VOR_ENGINE int vor_gmp___gmpz_divisible_p PARAMS_AB {
+    if (value_size(b) == 0) divide_by_zero();
     Temporary rest;
     vor_gmp_vor_gmp_div_r(rest, a, b);
     return rest->_mp_size == 0;
@@ -19,12 +21,14 @@ VOR_ENGINE int vor_gmp___gmpz_divisible_2exp_p PARAMS_DIV_WORD {
 }
 
 VOR_ENGINE int vor_gmp___gmpz_congruent_p PARAMS_ABD {
+    if (value_size(d) == 0) divide_by_zero();
     Temporary difference;
     vor_gmp___gmpz_sub(difference, a, b);
     return vor_gmp___gmpz_divisible_p(difference, d);
 }
 
 VOR_ENGINE int vor_gmp___gmpz_congruent_ui_p PARAMS_AVV {
+    if (d == 0) divide_by_zero();
     Temporary difference;
     vor_gmp___gmpz_sub_ui(difference, a, c);
     return vor_gmp___gmpz_divisible_ui_p(difference, d);

@@ -34,7 +34,7 @@ constexpr long double kErrorLimit = 0.45L;
 constexpr int kLongestTransform = 1 << 27; // two arrays of doubles for it fill the address space
 
 int64_t digits_in(int limbs, int width) {
-    return (int64_t{32} * limbs + width - 1) / width;
+    return int64_t{32} * (limbs / width) + (32 * (limbs % width) + width - 1) / width;
 }
 
 // A transform length of at least n that is 4, 5, 6 or 8 times a power of two: lengths with larger
@@ -141,12 +141,12 @@ private:
     unsigned bytes_;
 };
 
-// x[k] *= y[k], n / 2 + 1 complex numbers.
+// x[k] *= y[k], n / 2 + 1 complex numbers; y may be x.
 void multiply_spectra(double* x, const double* y, int n) {
     for (int i = 0; i < n + 2; i += 2) {
-        const long double re = x[i], im = x[i + 1];
-        x[i] = static_cast<double>(re * y[i] - im * y[i + 1]);
-        x[i + 1] = static_cast<double>(re * y[i + 1] + im * y[i]);
+        const long double a = x[i], b = x[i + 1], c = y[i], d = y[i + 1];
+        x[i] = static_cast<double>(a * c - b * d);
+        x[i + 1] = static_cast<double>(a * d + b * c);
     }
 }
 

@@ -6,13 +6,11 @@
 
 namespace vor::bench {
 
-Suite level1_cases();
-Suite gemm_cases();
-Suite level3_cases();
 Suite service_cases();
 Suite level1_cases();
 Suite level2_cases();
 Suite gemm_cases();
+Suite level3_cases();
 Suite dft_cases();
 Suite dfti_cases();
 

@@ -123,4 +123,14 @@ inline std::ostream& operator<<(std::ostream& out, const Int& x) {
 
 using Ints = std::vector<Int>;
 
+// Limbs that make the largest digits of 16 bits, of both signs and of one, and random ones.
+inline Int long_operand(int n, int kind, uint64_t seed) {
+    Random random(seed);
+    std::vector<uint32_t> limbs(static_cast<size_t>(n));
+    const uint32_t constant[] = {0x7fff7fff, 0x80008000, 0x7fff8000, ~0u};
+    for (uint32_t& x : limbs) x = kind < 4 ? constant[kind] : static_cast<uint32_t>(random.bits());
+    limbs.back() |= 1;
+    return Int(limbs.data(), limbs.size());
+}
+
 } // namespace vor::test

@@ -80,7 +80,31 @@ def first_one(a, i):
     return i + (rest & -rest).bit_length() - 1 if rest else WORD
 
 
+def stream(seed, n):
+    """n words of xoshiro128** from a state of two SplitMix64 outputs."""
+    mask, state, words = WORD, [], []
+    for _ in range(2):
+        seed = (seed + 0x9e3779b97f4a7c15) & MASK
+        z = seed
+        z = ((z ^ (z >> 30)) * 0xbf58476d1ce4e5b9) & MASK
+        z = ((z ^ (z >> 27)) * 0x94d049bb133111eb) & MASK
+        z ^= z >> 31
+        state += [z & mask, z >> 32]
+    rotate = lambda x, k: (x << k | x >> 32 - k) & mask
+    for _ in range(n):
+        words.append(rotate(state[1] * 5 & mask, 7) * 9 & mask)
+        t = state[1] << 9 & mask
+        state[2] ^= state[0]
+        state[3] ^= state[1]
+        state[1] ^= state[2]
+        state[0] ^= state[3]
+        state[2] ^= t
+        state[3] = rotate(state[3], 11)
+    return [sum(word << 32 * i for i, word in enumerate(words))]
+
+
 OPERATIONS = {
+    "stream": stream,
     "bn_add": lambda a, b: [a + b],
     "bn_sub": lambda a, b: [a - b],
     "bn_mul": lambda a, b: [a * b],
@@ -258,6 +282,8 @@ def record_cases(seeds):
             yield "addmul_ui", "-" + a, b, "ffffffff"
             yield "submul_ui", a, a, "%x" % (parse(b) & WORD)
             yield "limb_addmul", a, b, operands[(i + 3) % len(operands)]
+    for seed in ("0", "1", "ffffffff"):
+        yield "stream", seed, "14"
     for v, e in (("0", "0"), ("0", "5"), ("2", "40"), ("ffffffff", "7")):
         yield "ui_pow_ui", v, e
     # Equal but for the lowest limb; all ones plus one; a difference that loses all limbs but one.
@@ -334,7 +360,7 @@ def table():
     seeds = Seeds()
     # Of the families that cross every operand with every other, one in three.
     crossed = [case for family in (big_number_cases, record_cases) for case in family(seeds)]
-    cases = crossed[::3] + list(product_cases(seeds)) + list(division_cases(seeds))
+    cases = crossed[::3] + [c for c in crossed if c[0] == "stream"] + list(product_cases(seeds)) + list(division_cases(seeds))
     for case in dict.fromkeys(cases):
         answer = OPERATIONS[case[0]](*map(parse, case[1:]))
         yield " ".join(case) + " = " + " ".join(map(digest, answer))

@@ -1,3 +1,4 @@
+#include "gmp/generator.h"
 #include "tests/gmp/operations.h"
 #include "tests/gmp/record.h"
 
@@ -201,7 +202,19 @@ void add_queries(Operations& all) {
     };
 }
 
+Ints stream_words(uint32_t seed, int n) {
+    void* stream;
+    EXPECT_EQ(rngNewStream(&stream, 0x100000, seed), 0);
+    std::vector<uint32_t> words(static_cast<size_t>(n));
+    EXPECT_EQ(rngUniformBits(0, stream, n, words.data()), 0);
+    EXPECT_EQ(rngDeleteStream(&stream), 0);
+    return {Int(words.data(), words.size())};
+}
+
 void add_bits(Operations& all) {
+    all["stream"] = [](const Ints& v) {
+        return stream_words(word(v[0]), static_cast<int>(word(v[1])));
+    };
     all["setbit"] = [](const Ints& v) { return change(__gmpz_setbit, v[0], v[1]); };
     all["clrbit"] = [](const Ints& v) { return change(__gmpz_clrbit, v[0], v[1]); };
     all["bit"] = [](const Ints& v) {

@@ -124,6 +124,7 @@ std::string question(Operands& next, const std::string& op) {
         const char* const bases[] = {"2", "4", "8", "10", "20"};
         return op + " " + next.integer(longest) + " " + bases[next.below(5)];
     }
+    if (op == "stream") return op + " " + next.word() + " " + next.small(5);
     if (op == "pow_ui") return op + " " + next.integer(20) + " " + next.small(5);
     if (op == "ui_pow_ui") return op + " " + next.word() + " " + next.small(6);
     if (is({"addmul_ui", "submul_ui"}))
