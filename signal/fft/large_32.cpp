@@ -82,46 +82,147 @@ void halves(const FftCtx& object, C* data, int n, const C* table, int interleave
     step<inverse>(data, n, table, interleave);
 }
 
-// ---- Columns of a block level
+// ---- Columns of a block level: four at a time, one in each lane of the registers, so that the butterflies
+// combine whole rows. The buffer holds a row in 8 floats: four real parts, four imaginary parts.
 
-// Row i of four columns times its products, interleaved, to element i of four lanes.
+constexpr int kRow = 8;
+constexpr int kAhead = 8; // rows of prefetch: the rows of a column lie far apart
+
+inline void prefetch(const float* p) {
+    _mm_prefetch(p, _MM_HINT_T0);
+}
+
+// Rows 0 to 3 times their products, and the transform of 4 points of each column, to the buffer.
+template <bool inverse, class Load>
+inline void merge_four(const float* row, int stride, float* out, const float* product) {
+    const auto times_product = [&](int i) {
+        return times<inverse>(held(Load::load(row + i * stride)), load_lanes(product + i * kRow));
+    };
+    const Four c = times_product(2), d = times_product(3);
+    const Four t = held(c + d), v = held(c - d);
+    const Four b = times_product(1), a = times_product(0);
+    const Four s = a + b, u = a - b;
+    Lanes::store(out, s + t);
+    Lanes::store(out + 2 * kRow, s - t);
+    Lanes::store(out + kRow, plus_turned<inverse>(u, v));
+    Lanes::store(out + 3 * kRow, minus_turned<inverse>(u, v));
+}
+
+// Two transforms of 4 points, one behind the other, become one of 8.
+template <bool inverse>
+inline void join_fours(float* x) {
+    const __m128 root = _mm_set1_ps(0.7071068f);
+    const auto eighth = [&](Four z) -> Four { // by exp(-+ i pi / 4)
+        const Four y = plus_turned<inverse>(z, z);
+        return {_mm_mul_ps(y.re, root), _mm_mul_ps(y.im, root)};
+    };
+    float* y = x + 4 * kRow;
+    const auto store = [=](int k, Four sum, Four difference) {
+        Lanes::store(x + k * kRow, sum);
+        Lanes::store(y + k * kRow, difference);
+    };
+    const Four a = load_lanes(x), b = load_lanes(y);
+    store(0, a + b, a - b);
+    const Four c = load_lanes(x + kRow), d = eighth(load_lanes(y + kRow));
+    store(1, c + d, c - d);
+    const Four e = load_lanes(x + 2 * kRow), f = load_lanes(y + 2 * kRow);
+    store(2, plus_turned<inverse>(e, f), minus_turned<inverse>(e, f));
+    const Four g = load_lanes(x + 3 * kRow), h = eighth(load_lanes(y + 3 * kRow));
+    store(3, plus_turned<inverse>(g, h), minus_turned<inverse>(g, h));
+}
+
 template <bool inverse, class Load>
 void merge(const float* row, int width, float* lanes, int rows, const float* products) {
-    const auto low = [](float* p, __m128 x) { _mm_storel_pi(reinterpret_cast<__m64*>(p), x); };
-    const auto high = [](float* p, __m128 x) { _mm_storeh_pi(reinterpret_cast<__m64*>(p), x); };
-    for (int i = 0; i < rows; ++i, row += 2 * width, lanes += 2, products += 8) {
-        const Four x = times<inverse>(Load::load(row), load_lanes(products));
-        const __m128 first = _mm_unpacklo_ps(x.re, x.im), second = _mm_unpackhi_ps(x.re, x.im);
-        low(lanes, first);
-        high(lanes + 2 * rows, first);
-        low(lanes + 4 * rows, second);
-        high(lanes + 6 * rows, second);
+    const int stride = 2 * width; // floats
+    const bool odd = rows & 0xAAAAAAAA;
+    for (int i = 0; i < rows; i += 4) {
+        for (int j = 0; j < 4; ++j) prefetch(row + (kAhead + j) * stride);
+        merge_four<inverse, Load>(row, stride, lanes, products);
+        row += 4 * stride;
+        lanes += 4 * kRow;
+        products += 4 * kRow;
+        if (odd && i & 4) join_fours<inverse>(lanes - 8 * kRow);
     }
 }
 
-// Element i of four lanes in four-lane form back to row i.
-template <class Form>
-void split_lanes(const float* lanes, int rows, float* row, int width) {
-    for (int i = 0; i < rows; i += 4, lanes += 8) {
-        Four a = load_lanes(lanes), b = load_lanes(lanes + 2 * rows),
-             c = load_lanes(lanes + 4 * rows), d = load_lanes(lanes + 6 * rows);
-        transpose(a, b, c, d);
-        Form::store(row, a);
-        Form::store(row + 2 * width, b);
-        Form::store(row + 4 * width, c);
-        Form::store(row + 6 * width, d);
-        row += 8 * width;
+// The twiddles W^k, W^2k, W^3k of one butterfly in all lanes, out of the staged table of a span.
+struct Twiddles {
+    Four w1, w2, w3;
+    Twiddles(const float* table, int k) {
+        const float* w = table + k / 4 * 24 + k % 4;
+        w1 = spread(w);
+        w2 = spread(w + 8);
+        w3 = spread(w + 16);
     }
+    static Four spread(const float* w) { return {_mm_set1_ps(w[0]), _mm_set1_ps(w[4])}; }
+};
+
+template <bool inverse, class Form>
+inline void column_butterfly(const float* in, int quarter, const Twiddles& w, float* out,
+                             int stride) {
+    const Four c = times<inverse>(held(load_lanes(in + 2 * quarter)), w.w1);
+    const Four d = times<inverse>(held(load_lanes(in + 3 * quarter)), w.w3);
+    const Four t = held(c + d), v = held(c - d);
+    const Four b = times<inverse>(held(load_lanes(in + quarter)), w.w2);
+    const Four a = held(load_lanes(in));
+    const Four s = a + b, u = a - b;
+    Form::store(out, s + t);
+    Form::store(out + 2 * stride, s - t);
+    Form::store(out + stride, plus_turned<inverse>(u, v));
+    Form::store(out + 3 * stride, minus_turned<inverse>(u, v));
+}
+
+// Floats of the staged table in front of the section of `span`, `first` being its shortest.
+constexpr int staged_offset(int first, int span) {
+    int offset = 0;
+    for (; first < span; first *= 4) offset += first / 16 * 24;
+    return offset;
+}
+
+// The passes between the first and the last.
+template <bool inverse>
+void middle_passes(float* lanes, int rows, int first, const float* table) {
+    for (int span = first; span < rows; span *= 4) {
+        const int quarter = span / 4 * kRow;
+        for (int k = 0; k < span / 4; ++k) {
+            const Twiddles w(table, k);
+            for (float *x = lanes + k * kRow, *end = lanes + rows * kRow; x < end; x += span * kRow)
+                column_butterfly<inverse, Lanes>(x, quarter, w, x, quarter);
+        }
+        table += span / 16 * 24;
+    }
+}
+
+// The last pass, back into the rows.
+template <bool inverse, class Form>
+void split_lanes(const float* lanes, int rows, float* row, int width, const float* table) {
+    const int stride = 2 * width, quarter = rows / 4;
+    for (int k = 0; k < quarter; ++k, row += stride, lanes += kRow)
+        column_butterfly<inverse, Form>(lanes, quarter * kRow, Twiddles(table, k), row,
+                                        quarter * stride);
 }
 
 template <bool inverse>
-void columns(C* data, int s, int r, const void* kernel_table, const C* products, int interleave,
+void split_to_rows(const float* lanes, int rows, float* row, int width, const float* table,
+                   int interleave) {
+    if (interleave)
+        split_lanes<inverse, Interleaved>(lanes, rows, row, width, table);
+    else if (aligned(row))
+        split_lanes<inverse, Lanes>(lanes, rows, row, width, table);
+    else
+        split_lanes<inverse, LanesAnywhere>(lanes, rows, row, width, table);
+}
+
+template <bool inverse>
+void columns(C* data, int s, int r, const C* kernel_table, const C* products, int interleave,
              C* lanes) {
-    const int rows = 1 << s, width = 1 << r;
+    const int rows = 1 << s, width = 1 << r, first = 16 << s % 2;
+    const float* table = &kernel_table->re;
+    const C* last_table = kernel_table + staged_offset(first, rows) / 2;
     for (int c = 0; c < width; c += 4, products += 4 * rows) {
         tavs_cFftBlkMergeMpy_32fc(data + c, width, lanes, rows, products, !inverse);
-        for (int t = 0; t < 4; ++t) kernel<inverse>(lanes + t * rows, rows, kernel_table, nullptr);
-        tavs_cFftBlkSplit_32fc(lanes, rows, data + c, width, interleave);
+        middle_passes<inverse>(&lanes->re, rows, first, table);
+        tavs_cFftBlkSplit_32fc(lanes, rows, data + c, width, last_table, !inverse, interleave);
     }
 }
 
@@ -136,7 +237,7 @@ void blocks(const FftCtx& object, C* data, int m, int level, void* buffer) {
         else
             halves<inverse>(object, row, 1 << r, static_cast<const C*>(object.tabTwdL2), 0, buffer);
     }
-    columns<inverse>(data, s, r, object.tabTwdBlk[level],
+    columns<inverse>(data, s, r, static_cast<const C*>(object.tabTwdBlk[level]),
                      static_cast<const C*>(object.tabMulBlk[level]), level == 0,
                      static_cast<C*>(buffer));
 }
@@ -173,14 +274,11 @@ void tavs_cFftBlkMergeMpy_32fc(const C* row, int width, C* lanes, int rows, cons
                 : merge<true, AnyLoad>(x, width, out, rows, w);
 }
 
-void tavs_cFftBlkSplit_32fc(const C* lanes, int rows, C* row, int width, int interleave) {
-    float* out = &row->re;
-    if (interleave)
-        split_lanes<Interleaved>(&lanes->re, rows, out, width);
-    else if (aligned(out))
-        split_lanes<Lanes>(&lanes->re, rows, out, width);
-    else
-        split_lanes<LanesAnywhere>(&lanes->re, rows, out, width);
+void tavs_cFftBlkSplit_32fc(const C* lanes, int rows, C* row, int width, const C* table,
+                            int forward, int interleave) {
+    const float *x = &lanes->re, *w = &table->re;
+    forward ? split_to_rows<false>(x, rows, &row->re, width, w, interleave)
+            : split_to_rows<true>(x, rows, &row->re, width, w, interleave);
 }
 
 void tavs_cFftFwd_Large_32fc(const FftCtx* object, C* data, int order, void* buffer) {
