@@ -157,14 +157,14 @@ struct Twiddles {
     static Four spread(const float* w) { return {_mm_set1_ps(w[0]), _mm_set1_ps(w[4])}; }
 };
 
-template <bool inverse, class Form>
+template <bool inverse, class Load, class Form>
 inline void column_butterfly(const float* in, int quarter, const Twiddles& w, float* out,
                              int stride) {
-    const Four c = times<inverse>(held(load_lanes(in + 2 * quarter)), w.w1);
-    const Four d = times<inverse>(held(load_lanes(in + 3 * quarter)), w.w3);
+    const Four c = times<inverse>(held(Load::load(in + 2 * quarter)), w.w1);
+    const Four d = times<inverse>(held(Load::load(in + 3 * quarter)), w.w3);
     const Four t = held(c + d), v = held(c - d);
-    const Four b = times<inverse>(held(load_lanes(in + quarter)), w.w2);
-    const Four a = held(load_lanes(in));
+    const Four b = times<inverse>(held(Load::load(in + quarter)), w.w2);
+    const Four a = held(Load::load(in));
     const Four s = a + b, u = a - b;
     Form::store(out, s + t);
     Form::store(out + 2 * stride, s - t);
@@ -172,25 +172,23 @@ inline void column_butterfly(const float* in, int quarter, const Twiddles& w, fl
     Form::store(out + 3 * stride, minus_turned<inverse>(u, v));
 }
 
-// Floats of the staged table in front of the section of `span`, `first` being its shortest.
-constexpr int staged_offset(int first, int span) {
-    int offset = 0;
-    for (; first < span; first *= 4) offset += first / 16 * 24;
-    return offset;
+constexpr int section(int span) { // floats of the staged table for the pass of a span
+    return span / 16 * 24;
 }
 
-// The passes between the first and the last.
+// The passes between the first and the last; the table of the last.
 template <bool inverse>
-void middle_passes(float* lanes, int rows, int first, const float* table) {
+const float* middle_passes(float* lanes, int rows, int first, const float* table) {
     for (int span = first; span < rows; span *= 4) {
         const int quarter = span / 4 * kRow;
         for (int k = 0; k < span / 4; ++k) {
             const Twiddles w(table, k);
             for (float *x = lanes + k * kRow, *end = lanes + rows * kRow; x < end; x += span * kRow)
-                column_butterfly<inverse, Lanes>(x, quarter, w, x, quarter);
+                column_butterfly<inverse, AlignedLoad, Lanes>(x, quarter, w, x, quarter);
         }
-        table += span / 16 * 24;
+        table += section(span);
     }
+    return table;
 }
 
 // The last pass, back into the rows.
@@ -198,8 +196,8 @@ template <bool inverse, class Form>
 void split_lanes(const float* lanes, int rows, float* row, int width, const float* table) {
     const int stride = 2 * width, quarter = rows / 4;
     for (int k = 0; k < quarter; ++k, row += stride, lanes += kRow)
-        column_butterfly<inverse, Form>(lanes, quarter * kRow, Twiddles(table, k), row,
-                                        quarter * stride);
+        column_butterfly<inverse, AlignedLoad, Form>(lanes, quarter * kRow, Twiddles(table, k), row,
+                                                     quarter * stride);
 }
 
 template <bool inverse>
@@ -213,17 +211,56 @@ void split_to_rows(const float* lanes, int rows, float* row, int width, const fl
         split_lanes<inverse, LanesAnywhere>(lanes, rows, row, width, table);
 }
 
+// A radix-4 pass of `span` over all columns, in the rows themselves.
+template <bool inverse, class Load, class Form>
+void row_pass(float* data, int rows, int width, int span, const float* table) {
+    const int stride = 2 * width, quarter = span / 4 * stride;
+    for (int k = 0; k < span / 4; ++k) {
+        const Twiddles w(table, k);
+        for (int i = k; i < rows; i += span) {
+            float* const row = data + i * stride;
+            for (float* x = row; x < row + stride; x += 8)
+                column_butterfly<inverse, Load, Form>(x, quarter, w, x, quarter);
+        }
+    }
+}
+
+template <bool inverse>
+void row_passes(float* data, int rows, int width, int span, const float* table, int interleave) {
+    for (; span <= rows; span *= 4) {
+        const bool last = span == rows && interleave;
+        if (aligned(data))
+            last ? row_pass<inverse, AlignedLoad, Interleaved>(data, rows, width, span, table)
+                 : row_pass<inverse, AlignedLoad, Lanes>(data, rows, width, span, table);
+        else
+            last ? row_pass<inverse, AnyLoad, Interleaved>(data, rows, width, span, table)
+                 : row_pass<inverse, AnyLoad, LanesAnywhere>(data, rows, width, span, table);
+        table += section(span);
+    }
+}
+
+// Columns of 2^s rows of 2^r points. A line holds eight columns and is met once for each four, and the
+// rows are so far apart that their lines share few sets of the caches. Blocks of at most 64 rows stay
+// in the second level between the two; the passes above that span run over whole rows.
 template <bool inverse>
 void columns(C* data, int s, int r, const C* kernel_table, const C* products, int interleave,
              C* lanes) {
     const int rows = 1 << s, width = 1 << r, first = 16 << s % 2;
+    const int block = s <= 6 ? rows : 64 >> s % 2;
     const float* table = &kernel_table->re;
-    const C* last_table = kernel_table + staged_offset(first, rows) / 2;
-    for (int c = 0; c < width; c += 4, products += 4 * rows) {
-        tavs_cFftBlkMergeMpy_32fc(data + c, width, lanes, rows, products, !inverse);
-        middle_passes<inverse>(&lanes->re, rows, first, table);
-        tavs_cFftBlkSplit_32fc(lanes, rows, data + c, width, last_table, !inverse, interleave);
+    const float* last_table = table;
+    for (int row = 0; row < rows; row += block) {
+        C* x = data + row * width;
+        const C* product = products + 4 * row;
+        for (int c = 0; c < width; c += 4, product += 4 * rows) {
+            tavs_cFftBlkMergeMpy_32fc(x + c, width, lanes, block, product, !inverse);
+            last_table = middle_passes<inverse>(&lanes->re, block, first, table);
+            tavs_cFftBlkSplit_32fc(lanes, block, x + c, width,
+                                   reinterpret_cast<const C*>(last_table), !inverse,
+                                   interleave && block == rows);
+        }
     }
+    row_passes<inverse>(&data->re, rows, width, 4 * block, last_table + section(block), interleave);
 }
 
 template <bool inverse>
