@@ -126,13 +126,13 @@ void reverse_tile(const vor::cfloat* in, vor::cfloat* out, size_t in_stride, siz
     }
 }
 
-// All middles m with their reverses: tile(offset of m, offset of reverse(m)).
+// All middles m, in the order of the result: tile(offset of reverse(m), offset of m).
 template <class C, class Tile>
 void all_tiles(int n, Tile tile) {
     constexpr int size = kTile<C>;
     const unsigned middles = static_cast<unsigned>(n) / (size * size);
     const int bits = __builtin_ctz(middles);
-    for (unsigned m = 0; m < middles; ++m) tile(size * m, size * vor::fft::reverse_bits(m, bits));
+    for (unsigned m = 0; m < middles; ++m) tile(size * vor::fft::reverse_bits(m, bits), size * m);
 }
 
 template <class C>

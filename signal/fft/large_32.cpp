@@ -15,13 +15,6 @@ using C = vor::cfloat;
 constexpr int kLeafOrder = Traits<float>::kEngineLimit;
 constexpr int kLeaf = 1 << kLeafOrder;
 
-struct AnyLoad {
-    static Four load(const float* p) { return load_lanes_anywhere(p); }
-};
-struct AlignedLoad {
-    static Four load(const float* p) { return load_lanes(p); }
-};
-
 template <bool inverse>
 void kernel(C* data, int n, const void* table, void* buffer) {
     (inverse ? tavs_cRadix4Inv_32fc : tavs_cRadix4Fwd_32fc)(data, n, static_cast<const C*>(table),
@@ -57,11 +50,11 @@ void radix2(C* data, int n, const C* table, int interleave) {
     float* x = &data->re;
     const float* w = &table->re;
     if (aligned(x))
-        interleave ? radix2_step<inverse, AlignedLoad, Interleaved>(x, n, w)
-                   : radix2_step<inverse, AlignedLoad, Lanes>(x, n, w);
+        interleave ? radix2_step<inverse, Lanes, Interleaved>(x, n, w)
+                   : radix2_step<inverse, Lanes, Lanes>(x, n, w);
     else
-        interleave ? radix2_step<inverse, AnyLoad, Interleaved>(x, n, w)
-                   : radix2_step<inverse, AnyLoad, LanesAnywhere>(x, n, w);
+        interleave ? radix2_step<inverse, LanesAnywhere, Interleaved>(x, n, w)
+                   : radix2_step<inverse, LanesAnywhere, LanesAnywhere>(x, n, w);
 }
 
 template <bool inverse>
@@ -95,17 +88,10 @@ inline void prefetch(const float* p) {
 // Rows 0 to 3 times their products, and the transform of 4 points of each column, to the buffer.
 template <bool inverse, class Load>
 inline void merge_four(const float* row, int stride, float* out, const float* product) {
-    const auto times_product = [&](int i) {
+    const auto multiplied = [=](int i) {
         return times<inverse>(held(Load::load(row + i * stride)), load_lanes(product + i * kRow));
     };
-    const Four c = times_product(2), d = times_product(3);
-    const Four t = held(c + d), v = held(c - d);
-    const Four b = times_product(1), a = times_product(0);
-    const Four s = a + b, u = a - b;
-    Lanes::store(out, s + t);
-    Lanes::store(out + 2 * kRow, s - t);
-    Lanes::store(out + kRow, plus_turned<inverse>(u, v));
-    Lanes::store(out + 3 * kRow, minus_turned<inverse>(u, v));
+    butterfly<inverse, Lanes>(multiplied, out, kRow);
 }
 
 // Two transforms of 4 points, one behind the other, become one of 8.
@@ -160,16 +146,11 @@ struct Twiddles {
 template <bool inverse, class Load, class Form>
 inline void column_butterfly(const float* in, int quarter, const Twiddles& w, float* out,
                              int stride) {
-    const Four c = times<inverse>(held(Load::load(in + 2 * quarter)), w.w1);
-    const Four d = times<inverse>(held(Load::load(in + 3 * quarter)), w.w3);
-    const Four t = held(c + d), v = held(c - d);
-    const Four b = times<inverse>(held(Load::load(in + quarter)), w.w2);
-    const Four a = held(Load::load(in));
-    const Four s = a + b, u = a - b;
-    Form::store(out, s + t);
-    Form::store(out + 2 * stride, s - t);
-    Form::store(out + stride, plus_turned<inverse>(u, v));
-    Form::store(out + 3 * stride, minus_turned<inverse>(u, v));
+    const auto multiplied = [&](int i) {
+        const Four x = held(Load::load(in + i * quarter));
+        return i == 0 ? x : times<inverse>(x, i == 1 ? w.w2 : i == 2 ? w.w1 : w.w3);
+    };
+    butterfly<inverse, Form>(multiplied, out, stride);
 }
 
 constexpr int section(int span) { // floats of the staged table for the pass of a span
@@ -184,7 +165,7 @@ const float* middle_passes(float* lanes, int rows, int first, const float* table
         for (int k = 0; k < span / 4; ++k) {
             const Twiddles w(table, k);
             for (float *x = lanes + k * kRow, *end = lanes + rows * kRow; x < end; x += span * kRow)
-                column_butterfly<inverse, AlignedLoad, Lanes>(x, quarter, w, x, quarter);
+                column_butterfly<inverse, Lanes, Lanes>(x, quarter, w, x, quarter);
         }
         table += section(span);
     }
@@ -196,8 +177,8 @@ template <bool inverse, class Form>
 void split_lanes(const float* lanes, int rows, float* row, int width, const float* table) {
     const int stride = 2 * width, quarter = rows / 4;
     for (int k = 0; k < quarter; ++k, row += stride, lanes += kRow)
-        column_butterfly<inverse, AlignedLoad, Form>(lanes, quarter * kRow, Twiddles(table, k), row,
-                                                     quarter * stride);
+        column_butterfly<inverse, Lanes, Form>(lanes, quarter * kRow, Twiddles(table, k), row,
+                                               quarter * stride);
 }
 
 template <bool inverse>
@@ -230,11 +211,11 @@ void row_passes(float* data, int rows, int width, int span, const float* table, 
     for (; span <= rows; span *= 4) {
         const bool last = span == rows && interleave;
         if (aligned(data))
-            last ? row_pass<inverse, AlignedLoad, Interleaved>(data, rows, width, span, table)
-                 : row_pass<inverse, AlignedLoad, Lanes>(data, rows, width, span, table);
+            last ? row_pass<inverse, Lanes, Interleaved>(data, rows, width, span, table)
+                 : row_pass<inverse, Lanes, Lanes>(data, rows, width, span, table);
         else
-            last ? row_pass<inverse, AnyLoad, Interleaved>(data, rows, width, span, table)
-                 : row_pass<inverse, AnyLoad, LanesAnywhere>(data, rows, width, span, table);
+            last ? row_pass<inverse, LanesAnywhere, Interleaved>(data, rows, width, span, table)
+                 : row_pass<inverse, LanesAnywhere, LanesAnywhere>(data, rows, width, span, table);
         table += section(span);
     }
 }
@@ -304,11 +285,11 @@ void tavs_cFftBlkMergeMpy_32fc(const C* row, int width, C* lanes, int rows, cons
     const float *x = &row->re, *w = &products->re;
     float* out = &lanes->re;
     if (aligned(x))
-        forward ? merge<false, AlignedLoad>(x, width, out, rows, w)
-                : merge<true, AlignedLoad>(x, width, out, rows, w);
+        forward ? merge<false, Lanes>(x, width, out, rows, w)
+                : merge<true, Lanes>(x, width, out, rows, w);
     else
-        forward ? merge<false, AnyLoad>(x, width, out, rows, w)
-                : merge<true, AnyLoad>(x, width, out, rows, w);
+        forward ? merge<false, LanesAnywhere>(x, width, out, rows, w)
+                : merge<true, LanesAnywhere>(x, width, out, rows, w);
 }
 
 void tavs_cFftBlkSplit_32fc(const C* lanes, int rows, C* row, int width, const C* table,
