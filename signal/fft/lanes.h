@@ -88,19 +88,19 @@ struct Interleaved { // at any address
     }
 };
 
-// Radix-4 butterfly of four groups `from` floats apart, in bit-reversed order (the second one belongs to
-// the sequence of offset 2), to four groups `to` floats apart. Multiplier i gives group i times its
-// twiddle. In this order of the operations nothing but one value leaves the registers.
-template <bool inverse, class Form, class Multiplier>
-inline void butterfly(Multiplier multiplied, float* out, int to) {
+// Radix-4 butterfly of four groups in bit-reversed order: group 1 belongs to the sequence of offset 2.
+// multiplied(i) gives group i times its twiddle, store(k, X) takes result k. In this order of the
+// operations nothing but one value leaves the registers.
+template <bool inverse, class Multiplied, class Store>
+inline void butterfly(Multiplied multiplied, Store store) {
     const Four c = multiplied(2), d = multiplied(3);
     const Four t = held(c + d), v = held(c - d);
     const Four b = multiplied(1), a = multiplied(0);
     const Four s = a + b, u = a - b;
-    Form::store(out, s + t);
-    Form::store(out + 2 * to, s - t);
-    Form::store(out + to, plus_turned<inverse>(u, v));
-    Form::store(out + 3 * to, minus_turned<inverse>(u, v));
+    store(0, s + t);
+    store(2, s - t);
+    store(1, plus_turned<inverse>(u, v));
+    store(3, minus_turned<inverse>(u, v));
 }
 
 } // namespace vor::fft

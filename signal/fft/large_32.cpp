@@ -85,36 +85,27 @@ inline void prefetch(const float* p) {
     _mm_prefetch(p, _MM_HINT_T0);
 }
 
-// Rows 0 to 3 times their products, and the transform of 4 points of each column, to the buffer.
-template <bool inverse, class Load>
-inline void merge_four(const float* row, int stride, float* out, const float* product) {
+// Rows 0 to 3 times their products, and the transform of 4 points of each column.
+template <bool inverse, class Load, class Store>
+inline void merge_four(const float* row, int stride, const float* product, Store store) {
     const auto multiplied = [=](int i) {
         return times<inverse>(held(Load::load(row + i * stride)), load_lanes(product + i * kRow));
     };
-    butterfly<inverse, Lanes>(multiplied, out, kRow);
+    butterfly<inverse>(multiplied, store);
 }
 
-// Two transforms of 4 points, one behind the other, become one of 8.
+// The radix-2 step that makes a transform of 8 points out of that of 4 at `x` and result k, z, of another.
 template <bool inverse>
-inline void join_fours(float* x) {
-    const __m128 root = _mm_set1_ps(0.7071068f);
-    const auto eighth = [&](Four z) -> Four { // by exp(-+ i pi / 4)
-        const Four y = plus_turned<inverse>(z, z);
-        return {_mm_mul_ps(y.re, root), _mm_mul_ps(y.im, root)};
-    };
-    float* y = x + 4 * kRow;
-    const auto store = [=](int k, Four sum, Four difference) {
-        Lanes::store(x + k * kRow, sum);
-        Lanes::store(y + k * kRow, difference);
-    };
-    const Four a = load_lanes(x), b = load_lanes(y);
-    store(0, a + b, a - b);
-    const Four c = load_lanes(x + kRow), d = eighth(load_lanes(y + kRow));
-    store(1, c + d, c - d);
-    const Four e = load_lanes(x + 2 * kRow), f = load_lanes(y + 2 * kRow);
-    store(2, plus_turned<inverse>(e, f), minus_turned<inverse>(e, f));
-    const Four g = load_lanes(x + 3 * kRow), h = eighth(load_lanes(y + 3 * kRow));
-    store(3, plus_turned<inverse>(g, h), minus_turned<inverse>(g, h));
+inline void join(float* x, int k, Four z) {
+    x += k * kRow;
+    if (k & 1) { // by exp(-+ i pi / 4)
+        const __m128 root = _mm_set1_ps(0.7071068f);
+        z = plus_turned<inverse>(z, z);
+        z = {_mm_mul_ps(z.re, root), _mm_mul_ps(z.im, root)};
+    }
+    const Four a = load_lanes(x);
+    Lanes::store(x, k < 2 ? a + z : plus_turned<inverse>(a, z));
+    Lanes::store(x + 4 * kRow, k < 2 ? a - z : minus_turned<inverse>(a, z));
 }
 
 template <bool inverse, class Load>
@@ -123,11 +114,16 @@ void merge(const float* row, int width, float* lanes, int rows, const float* pro
     const bool odd = rows & 0xAAAAAAAA;
     for (int i = 0; i < rows; i += 4) {
         for (int j = 0; j < 4; ++j) prefetch(row + (kAhead + j) * stride);
-        merge_four<inverse, Load>(row, stride, lanes, products);
+        if (odd && i & 4)
+            merge_four<inverse, Load>(row, stride, products, [=](int k, Four z) {
+                join<inverse>(lanes - 4 * kRow, k, z);
+            });
+        else
+            merge_four<inverse, Load>(row, stride, products,
+                                      [=](int k, Four x) { Lanes::store(lanes + k * kRow, x); });
         row += 4 * stride;
         lanes += 4 * kRow;
         products += 4 * kRow;
-        if (odd && i & 4) join_fours<inverse>(lanes - 8 * kRow);
     }
 }
 
@@ -150,7 +146,7 @@ inline void column_butterfly(const float* in, int quarter, const Twiddles& w, fl
         const Four x = held(Load::load(in + i * quarter));
         return i == 0 ? x : times<inverse>(x, i == 1 ? w.w2 : i == 2 ? w.w1 : w.w3);
     };
-    butterfly<inverse, Form>(multiplied, out, stride);
+    butterfly<inverse>(multiplied, [=](int i, Four x) { Form::store(out + i * stride, x); });
 }
 
 constexpr int section(int span) { // floats of the staged table for the pass of a span

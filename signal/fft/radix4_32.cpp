@@ -113,7 +113,7 @@ inline void four_butterflies(const float* in, int quarter, const float* w, float
         if (i == 0) return x;
         return times<inverse>(x, load_lanes(w + (i == 1 ? kRecord : i == 2 ? 0 : 2 * kRecord)));
     };
-    butterfly<inverse, Form>(multiplied, out, quarter);
+    butterfly<inverse>(multiplied, [=](int k, Four x) { Form::store(out + k * quarter, x); });
 }
 
 // Radix-4 pass of a span over four-lane data.
