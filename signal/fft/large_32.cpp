@@ -108,21 +108,26 @@ inline void join(float* x, int k, Four z) {
     Lanes::store(x + 4 * kRow, k < 2 ? a - z : minus_turned<inverse>(a, z));
 }
 
+// The groups of four columns stand `rows` rows apart in the buffer, their products `apart` floats.
 template <bool inverse, class Load>
-void merge(const float* row, int width, float* lanes, int rows, const float* products) {
+void merge(const float* row, int width, float* lanes, int rows, const float* products, int apart,
+           int groups) {
     const int stride = 2 * width; // floats
     const bool odd = rows & 0xAAAAAAAA;
     for (int i = 0; i < rows; i += 4) {
         for (int j = 0; j < 4; ++j) prefetch(row + (kAhead + j) * stride);
-        if (odd && i & 4)
-            merge_four<inverse, Load>(row, stride, products, [=](int k, Four z) {
-                join<inverse>(lanes - 4 * kRow, k, z);
-            });
-        else
-            merge_four<inverse, Load>(row, stride, products,
-                                      [=](int k, Four x) { Lanes::store(lanes + k * kRow, x); });
+        for (int g = 0; g < groups; ++g) {
+            float* const out = lanes + (g * rows + i) * kRow;
+            const float* const product = products + g * apart;
+            if (odd && i & 4)
+                merge_four<inverse, Load>(row + g * kRow, stride, product, [=](int k, Four z) {
+                    join<inverse>(out - 4 * kRow, k, z);
+                });
+            else
+                merge_four<inverse, Load>(row + g * kRow, stride, product,
+                                          [=](int k, Four x) { Lanes::store(out + k * kRow, x); });
+        }
         row += 4 * stride;
-        lanes += 4 * kRow;
         products += 4 * kRow;
     }
 }
@@ -155,12 +160,13 @@ constexpr int section(int span) { // floats of the staged table for the pass of 
 
 // The passes between the first and the last; the table of the last.
 template <bool inverse>
-const float* middle_passes(float* lanes, int rows, int first, const float* table) {
+const float* middle_passes(float* lanes, int groups, int rows, int first, const float* table) {
     for (int span = first; span < rows; span *= 4) {
         const int quarter = span / 4 * kRow;
         for (int k = 0; k < span / 4; ++k) {
             const Twiddles w(table, k);
-            for (float *x = lanes + k * kRow, *end = lanes + rows * kRow; x < end; x += span * kRow)
+            for (float *x = lanes + k * kRow, *end = lanes + groups * rows * kRow; x < end;
+                 x += span * kRow)
                 column_butterfly<inverse, Lanes, Lanes>(x, quarter, w, x, quarter);
         }
         table += section(span);
@@ -170,22 +176,26 @@ const float* middle_passes(float* lanes, int rows, int first, const float* table
 
 // The last pass, back into the rows.
 template <bool inverse, class Form>
-void split_lanes(const float* lanes, int rows, float* row, int width, const float* table) {
+void split_lanes(const float* lanes, int rows, float* row, int width, const float* table,
+                 int groups) {
     const int stride = 2 * width, quarter = rows / 4;
-    for (int k = 0; k < quarter; ++k, row += stride, lanes += kRow)
-        column_butterfly<inverse, Lanes, Form>(lanes, quarter * kRow, Twiddles(table, k), row,
-                                               quarter * stride);
+    for (int k = 0; k < quarter; ++k, row += stride, lanes += kRow) {
+        const Twiddles w(table, k);
+        for (int g = 0; g < groups; ++g)
+            column_butterfly<inverse, Lanes, Form>(lanes + g * rows * kRow, quarter * kRow, w,
+                                                   row + g * kRow, quarter * stride);
+    }
 }
 
 template <bool inverse>
 void split_to_rows(const float* lanes, int rows, float* row, int width, const float* table,
-                   int interleave) {
+                   int groups, int interleave) {
     if (interleave)
-        split_lanes<inverse, Interleaved>(lanes, rows, row, width, table);
+        split_lanes<inverse, Interleaved>(lanes, rows, row, width, table, groups);
     else if (aligned(row))
-        split_lanes<inverse, Lanes>(lanes, rows, row, width, table);
+        split_lanes<inverse, Lanes>(lanes, rows, row, width, table, groups);
     else
-        split_lanes<inverse, LanesAnywhere>(lanes, rows, row, width, table);
+        split_lanes<inverse, LanesAnywhere>(lanes, rows, row, width, table, groups);
 }
 
 // A radix-4 pass of `span` over all columns, in the rows themselves.
@@ -221,19 +231,22 @@ void row_passes(float* data, int rows, int width, int span, const float* table, 
 // in the second level between the two; the passes above that span run over whole rows.
 template <bool inverse>
 void columns(C* data, int s, int r, const C* kernel_table, const C* products, int interleave,
-             C* lanes) {
+             C* lanes, int buffer) {
     const int rows = 1 << s, width = 1 << r, first = 16 << s % 2;
     const int block = s <= 6 ? rows : 64 >> s % 2;
     const float* table = &kernel_table->re;
     const float* last_table = table;
+    // One line at a time, where the buffer, made for four whole columns, has room for eight.
+    const int groups = buffer >= 2 * block * kRow ? 2 : 1;
     for (int row = 0; row < rows; row += block) {
         C* x = data + row * width;
         const C* product = products + 4 * row;
-        for (int c = 0; c < width; c += 4, product += 4 * rows) {
-            tavs_cFftBlkMergeMpy_32fc(x + c, width, lanes, block, product, !inverse);
-            last_table = middle_passes<inverse>(&lanes->re, block, first, table);
+        for (int c = 0; c < width; c += 4 * groups, product += groups * 4 * rows) {
+            tavs_cFftBlkMergeMpy_32fc(x + c, width, lanes, block, product, 4 * rows, groups,
+                                      !inverse);
+            last_table = middle_passes<inverse>(&lanes->re, groups, block, first, table);
             tavs_cFftBlkSplit_32fc(lanes, block, x + c, width,
-                                   reinterpret_cast<const C*>(last_table), !inverse,
+                                   reinterpret_cast<const C*>(last_table), groups, !inverse,
                                    interleave && block == rows);
         }
     }
@@ -253,7 +266,7 @@ void blocks(const FftCtx& object, C* data, int m, int level, void* buffer) {
     }
     columns<inverse>(data, s, r, static_cast<const C*>(object.tabTwdBlk[level]),
                      static_cast<const C*>(object.tabMulBlk[level]), level == 0,
-                     static_cast<C*>(buffer));
+                     static_cast<C*>(buffer), object.bufSize / static_cast<int>(sizeof(float)));
 }
 
 template <bool inverse>
@@ -277,22 +290,22 @@ void tavs_cFftInv_Step_R2_32fc(C* data, int n, const C* table, int interleave) {
 }
 
 void tavs_cFftBlkMergeMpy_32fc(const C* row, int width, C* lanes, int rows, const C* products,
-                               int forward) {
+                               int apart, int groups, int forward) {
     const float *x = &row->re, *w = &products->re;
     float* out = &lanes->re;
     if (aligned(x))
-        forward ? merge<false, Lanes>(x, width, out, rows, w)
-                : merge<true, Lanes>(x, width, out, rows, w);
+        forward ? merge<false, Lanes>(x, width, out, rows, w, 2 * apart, groups)
+                : merge<true, Lanes>(x, width, out, rows, w, 2 * apart, groups);
     else
-        forward ? merge<false, LanesAnywhere>(x, width, out, rows, w)
-                : merge<true, LanesAnywhere>(x, width, out, rows, w);
+        forward ? merge<false, LanesAnywhere>(x, width, out, rows, w, 2 * apart, groups)
+                : merge<true, LanesAnywhere>(x, width, out, rows, w, 2 * apart, groups);
 }
 
-void tavs_cFftBlkSplit_32fc(const C* lanes, int rows, C* row, int width, const C* table,
+void tavs_cFftBlkSplit_32fc(const C* lanes, int rows, C* row, int width, const C* table, int groups,
                             int forward, int interleave) {
     const float *x = &lanes->re, *w = &table->re;
-    forward ? split_to_rows<false>(x, rows, &row->re, width, w, interleave)
-            : split_to_rows<true>(x, rows, &row->re, width, w, interleave);
+    forward ? split_to_rows<false>(x, rows, &row->re, width, w, groups, interleave)
+            : split_to_rows<true>(x, rows, &row->re, width, w, groups, interleave);
 }
 
 void tavs_cFftFwd_Large_32fc(const FftCtx* object, C* data, int order, void* buffer) {
