@@ -75,11 +75,12 @@ void halves(const FftCtx& object, C* data, int n, const C* table, int interleave
     step<inverse>(data, n, table, interleave);
 }
 
-// ---- Columns of a block level: four at a time, one in each lane of the registers, so that the butterflies
-// combine whole rows. The buffer holds a row in 8 floats: four real parts, four imaginary parts.
+// ---- Columns of a block level: groups of four, one in each lane of the registers, so that the butterflies
+// combine whole rows. The buffer holds a row of a group in 8 floats: four real parts, four imaginary parts.
 
 constexpr int kRow = 8;
-constexpr int kAhead = 8; // rows of prefetch: the rows of a column lie far apart
+constexpr int kGroups = 2; // at a time: the columns of one line
+constexpr int kAhead = 8;  // rows of prefetch: the rows of a column lie far apart
 
 inline void prefetch(const float* p) {
     _mm_prefetch(p, _MM_HINT_T0);
@@ -110,13 +111,12 @@ inline void join(float* x, int k, Four z) {
 
 // The groups of four columns stand `rows` rows apart in the buffer, their products `apart` floats.
 template <bool inverse, class Load>
-void merge(const float* row, int width, float* lanes, int rows, const float* products, int apart,
-           int groups) {
+void merge(const float* row, int width, float* lanes, int rows, const float* products, int apart) {
     const int stride = 2 * width; // floats
     const bool odd = rows & 0xAAAAAAAA;
     for (int i = 0; i < rows; i += 4) {
         for (int j = 0; j < 4; ++j) prefetch(row + (kAhead + j) * stride);
-        for (int g = 0; g < groups; ++g) {
+        for (int g = 0; g < kGroups; ++g) {
             float* const out = lanes + (g * rows + i) * kRow;
             const float* const product = products + g * apart;
             if (odd && i & 4)
@@ -160,12 +160,12 @@ constexpr int section(int span) { // floats of the staged table for the pass of 
 
 // The passes between the first and the last; the table of the last.
 template <bool inverse>
-const float* middle_passes(float* lanes, int groups, int rows, int first, const float* table) {
+const float* middle_passes(float* lanes, int rows, int first, const float* table) {
     for (int span = first; span < rows; span *= 4) {
         const int quarter = span / 4 * kRow;
         for (int k = 0; k < span / 4; ++k) {
             const Twiddles w(table, k);
-            for (float *x = lanes + k * kRow, *end = lanes + groups * rows * kRow; x < end;
+            for (float *x = lanes + k * kRow, *end = lanes + kGroups * rows * kRow; x < end;
                  x += span * kRow)
                 column_butterfly<inverse, Lanes, Lanes>(x, quarter, w, x, quarter);
         }
@@ -176,12 +176,11 @@ const float* middle_passes(float* lanes, int groups, int rows, int first, const 
 
 // The last pass, back into the rows.
 template <bool inverse, class Form>
-void split_lanes(const float* lanes, int rows, float* row, int width, const float* table,
-                 int groups) {
+void split_lanes(const float* lanes, int rows, float* row, int width, const float* table) {
     const int stride = 2 * width, quarter = rows / 4;
     for (int k = 0; k < quarter; ++k, row += stride, lanes += kRow) {
         const Twiddles w(table, k);
-        for (int g = 0; g < groups; ++g)
+        for (int g = 0; g < kGroups; ++g)
             column_butterfly<inverse, Lanes, Form>(lanes + g * rows * kRow, quarter * kRow, w,
                                                    row + g * kRow, quarter * stride);
     }
@@ -189,13 +188,13 @@ void split_lanes(const float* lanes, int rows, float* row, int width, const floa
 
 template <bool inverse>
 void split_to_rows(const float* lanes, int rows, float* row, int width, const float* table,
-                   int groups, int interleave) {
+                   int interleave) {
     if (interleave)
-        split_lanes<inverse, Interleaved>(lanes, rows, row, width, table, groups);
+        split_lanes<inverse, Interleaved>(lanes, rows, row, width, table);
     else if (aligned(row))
-        split_lanes<inverse, Lanes>(lanes, rows, row, width, table, groups);
+        split_lanes<inverse, Lanes>(lanes, rows, row, width, table);
     else
-        split_lanes<inverse, LanesAnywhere>(lanes, rows, row, width, table, groups);
+        split_lanes<inverse, LanesAnywhere>(lanes, rows, row, width, table);
 }
 
 // A radix-4 pass of `span` over all columns, in the rows themselves.
@@ -226,27 +225,32 @@ void row_passes(float* data, int rows, int width, int span, const float* table, 
     }
 }
 
-// Columns of 2^s rows of 2^r points. A line holds eight columns and is met once for each four, and the
-// rows are so far apart that their lines share few sets of the caches. Blocks of at most 64 rows stay
-// in the second level between the two; the passes above that span run over whole rows.
+// Rows of one block: their lines, which share few sets of the caches because the rows lie a power of two
+// apart, stay in the second level until they are written, and eight columns of them fit the buffer of
+// `floats`, which has room for four whole columns.
+int block_rows(int s, int floats) {
+    int rows = s % 2 ? 32 : 64;
+    while (rows > 1 << s || kGroups * rows * kRow > floats) rows /= 4;
+    return rows;
+}
+
+// Columns of 2^s rows of 2^r points: blocks of rows through the buffer, then the passes of longer span
+// over whole rows.
 template <bool inverse>
 void columns(C* data, int s, int r, const C* kernel_table, const C* products, int interleave,
-             C* lanes, int buffer) {
+             C* lanes, int floats) {
     const int rows = 1 << s, width = 1 << r, first = 16 << s % 2;
-    const int block = s <= 6 ? rows : 64 >> s % 2;
+    const int block = block_rows(s, floats);
     const float* table = &kernel_table->re;
     const float* last_table = table;
-    // One line at a time, where the buffer, made for four whole columns, has room for eight.
-    const int groups = buffer >= 2 * block * kRow ? 2 : 1;
     for (int row = 0; row < rows; row += block) {
         C* x = data + row * width;
         const C* product = products + 4 * row;
-        for (int c = 0; c < width; c += 4 * groups, product += groups * 4 * rows) {
-            tavs_cFftBlkMergeMpy_32fc(x + c, width, lanes, block, product, 4 * rows, groups,
-                                      !inverse);
-            last_table = middle_passes<inverse>(&lanes->re, groups, block, first, table);
+        for (int c = 0; c < width; c += 4 * kGroups, product += 4 * kGroups * rows) {
+            tavs_cFftBlkMergeMpy_32fc(x + c, width, lanes, block, product, 4 * rows, !inverse);
+            last_table = middle_passes<inverse>(&lanes->re, block, first, table);
             tavs_cFftBlkSplit_32fc(lanes, block, x + c, width,
-                                   reinterpret_cast<const C*>(last_table), groups, !inverse,
+                                   reinterpret_cast<const C*>(last_table), !inverse,
                                    interleave && block == rows);
         }
     }
@@ -290,22 +294,22 @@ void tavs_cFftInv_Step_R2_32fc(C* data, int n, const C* table, int interleave) {
 }
 
 void tavs_cFftBlkMergeMpy_32fc(const C* row, int width, C* lanes, int rows, const C* products,
-                               int apart, int groups, int forward) {
+                               int apart, int forward) {
     const float *x = &row->re, *w = &products->re;
     float* out = &lanes->re;
     if (aligned(x))
-        forward ? merge<false, Lanes>(x, width, out, rows, w, 2 * apart, groups)
-                : merge<true, Lanes>(x, width, out, rows, w, 2 * apart, groups);
+        forward ? merge<false, Lanes>(x, width, out, rows, w, 2 * apart)
+                : merge<true, Lanes>(x, width, out, rows, w, 2 * apart);
     else
-        forward ? merge<false, LanesAnywhere>(x, width, out, rows, w, 2 * apart, groups)
-                : merge<true, LanesAnywhere>(x, width, out, rows, w, 2 * apart, groups);
+        forward ? merge<false, LanesAnywhere>(x, width, out, rows, w, 2 * apart)
+                : merge<true, LanesAnywhere>(x, width, out, rows, w, 2 * apart);
 }
 
-void tavs_cFftBlkSplit_32fc(const C* lanes, int rows, C* row, int width, const C* table, int groups,
+void tavs_cFftBlkSplit_32fc(const C* lanes, int rows, C* row, int width, const C* table,
                             int forward, int interleave) {
     const float *x = &lanes->re, *w = &table->re;
-    forward ? split_to_rows<false>(x, rows, &row->re, width, w, groups, interleave)
-            : split_to_rows<true>(x, rows, &row->re, width, w, groups, interleave);
+    forward ? split_to_rows<false>(x, rows, &row->re, width, w, interleave)
+            : split_to_rows<true>(x, rows, &row->re, width, w, interleave);
 }
 
 void tavs_cFftFwd_Large_32fc(const FftCtx* object, C* data, int order, void* buffer) {
