@@ -25,6 +25,8 @@ add_library(vor::vor ALIAS vor_k1)
 target_include_directories(vor_k1
     PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:include>
     PRIVATE ${PROJECT_SOURCE_DIR})
+# The compiler compares whole argument lists with the public prototypes.
+target_compile_definitions(vor_k1 PRIVATE VOR_HIDDEN_LENGTHS)
 target_compile_options(vor_k1 PRIVATE
     # The processor level. Callers may come with a stack aligned to 4 bytes only.
     -march=pentium3 -mfpmath=sse -mtune=generic -mstackrealign

@@ -3,6 +3,8 @@
 #define VOR_H
 
 #include "vor_blas.h"
+#include "vor_cblas.h"
+#include "vor_dfti.h"
 #include "vor_service.h"
 #include "vor_signal.h"
 #include "vor_status.h"

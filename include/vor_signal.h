@@ -89,7 +89,112 @@ TavStatus tavsCrossCorr_64f(const double* src1, int len1, const double* src2, in
 
 /* ---- DFT objects: lengths of any kind --------------------------------------------------------- */
 
+/* Discrete Fourier transforms of any length N from 1 to 2^31 - 1, on W = exp(-2 pi i / N):
+ *
+ *   forward   X[k] = scale * sum over n of x[n] W^(n k)
+ *   inverse   x[n] = scale * sum over k of X[k] W^(-n k)
+ *
+ * Object life. InitAlloc builds all tables of one length, one kind of data and one scaling flag, and
+ * writes the object's pointer on success only; Free gives everything back. Between the two the object
+ * is read, never written: any number of threads may transform on one object at the same time, each
+ * with a work buffer of its own, or with none. The calls of one kind refuse objects of another.
+ *
+ * Scale. 1/N forward (TAV_FFT_DIV_FWD_BY_N), 1/N inverse (TAV_FFT_DIV_INV_BY_N), 1/sqrt(N) both
+ * ways (TAV_FFT_DIV_BY_SQRTN), 1 both ways (TAV_FFT_NODIV_BY_ANY). `hint` is stored and passed on.
+ *
+ * Method. N up to 4: straight-line code. Powers of two: an FFT object. N with no prime factor above
+ * 149 that is not prime itself: mixed-radix stages (Cooley and Tukey, Math. Comp. 19, 1965). Other N
+ * up to 150 (180 for real odd N): a direct sum over symmetric pairs. The rest: convolution with a
+ * chirp (Bluestein, IEEE Trans. Audio Electroacoust. 18, 1970). Real data of even N run as N/2
+ * complex values.
+ *
+ * Work buffer. GetBufSize tells its size in bytes, which may be 0; the buffer may stand at any
+ * address. A transform that is given a null pointer takes the buffer itself and gives it back.
+ *
+ * Data. Source and destination hold N elements, at any alignment, and may be the same array;
+ * otherwise they do not overlap, and the source is left as it was. Values are the same in place and
+ * out of place. The spectrum of N reals is stored in one of three formats, all real arrays:
+ *
+ *   Perm   N values      re X[0], for even N re X[N/2], then re X[k], im X[k] for 0 < k < N/2
+ *   Pack   N values      re X[0], then re X[k], im X[k] for 0 < k < N/2, then for even N re X[N/2]
+ *   CCS    N + 2 values, N + 1 for odd N: re X[0], 0, re X[1], im X[1], ..., for even N re X[N/2], 0
+ *
+ * Out-of-order objects take the same calls for complex data. From N = 2001 (32-bit) or 5001 (64-bit)
+ * on, lengths that run by stages give the forward result in digit-reversed order and take that order
+ * in the inverse, which saves both reorderings, as in convolutions: with the prime factors of N in
+ * ascending order, twos in pairs, f_0, f_1, ..., f_m (a single two goes first), the frequency
+ * k = k_m + f_m (k_(m-1) + f_(m-1) (... + f_1 k_0)) stands at k_0 + f_0 (k_1 + f_1 (... + k_m)).
+ * Other lengths are in natural order.
+ *
+ * Status, in the order of the tests. InitAlloc: tavStsNullPtrErr (object null), tavStsSizeErr (N
+ * below 1), tavStsMemAllocErr (no memory for the object), tavStsFftFlagErr, tavStsMemAllocErr (no
+ * memory for the tables). Free and GetBufSize: tavStsNullPtrErr, tavStsContextMatchErr. Transforms:
+ * tavStsNullPtrErr (object), tavStsContextMatchErr, tavStsNullPtrErr (source or destination),
+ * tavStsMemAllocErr (a work buffer of their own). After an error nothing was written. */
 typedef struct DftCtx DftCtx;
+
+TavStatus tavsDFTInitAlloc_C_32fc(DftCtx** object, int length, int flag, int hint);
+TavStatus tavsDFTInitAlloc_C_64fc(DftCtx** object, int length, int flag, int hint);
+TavStatus tavsDFTInitAlloc_R_32f(DftCtx** object, int length, int flag, int hint);
+TavStatus tavsDFTInitAlloc_R_64f(DftCtx** object, int length, int flag, int hint);
+TavStatus tavsDFTOutOrdInitAlloc_C_32fc(DftCtx** object, int length, int flag, int hint);
+TavStatus tavsDFTOutOrdInitAlloc_C_64fc(DftCtx** object, int length, int flag, int hint);
+TavStatus tavsDFTFree_C_32fc(DftCtx* object);
+TavStatus tavsDFTFree_C_64fc(DftCtx* object);
+TavStatus tavsDFTFree_R_32f(DftCtx* object);
+TavStatus tavsDFTFree_R_64f(DftCtx* object);
+TavStatus tavsDFTOutOrdFree_C_32fc(DftCtx* object);
+TavStatus tavsDFTOutOrdFree_C_64fc(DftCtx* object);
+TavStatus tavsDFTGetBufSize_C_32fc(const DftCtx* object, int* bytes);
+TavStatus tavsDFTGetBufSize_C_64fc(const DftCtx* object, int* bytes);
+TavStatus tavsDFTGetBufSize_R_32f(const DftCtx* object, int* bytes);
+TavStatus tavsDFTGetBufSize_R_64f(const DftCtx* object, int* bytes);
+TavStatus tavsDFTOutOrdGetBufSize_C_32fc(const DftCtx* object, int* bytes);
+TavStatus tavsDFTOutOrdGetBufSize_C_64fc(const DftCtx* object, int* bytes);
+
+/* Complex to complex. */
+TavStatus tavsDFTFwd_CToC_32fc(const VOR_SCOMPLEX* source, VOR_SCOMPLEX* destination,
+                               const DftCtx* object, void* buffer);
+TavStatus tavsDFTFwd_CToC_64fc(const VOR_DCOMPLEX* source, VOR_DCOMPLEX* destination,
+                               const DftCtx* object, void* buffer);
+TavStatus tavsDFTInv_CToC_32fc(const VOR_SCOMPLEX* source, VOR_SCOMPLEX* destination,
+                               const DftCtx* object, void* buffer);
+TavStatus tavsDFTInv_CToC_64fc(const VOR_DCOMPLEX* source, VOR_DCOMPLEX* destination,
+                               const DftCtx* object, void* buffer);
+TavStatus tavsDFTOutOrdFwd_CToC_32fc(const VOR_SCOMPLEX* source, VOR_SCOMPLEX* destination,
+                                     const DftCtx* object, void* buffer);
+TavStatus tavsDFTOutOrdFwd_CToC_64fc(const VOR_DCOMPLEX* source, VOR_DCOMPLEX* destination,
+                                     const DftCtx* object, void* buffer);
+TavStatus tavsDFTOutOrdInv_CToC_32fc(const VOR_SCOMPLEX* source, VOR_SCOMPLEX* destination,
+                                     const DftCtx* object, void* buffer);
+TavStatus tavsDFTOutOrdInv_CToC_64fc(const VOR_DCOMPLEX* source, VOR_DCOMPLEX* destination,
+                                     const DftCtx* object, void* buffer);
+
+/* Real to spectrum and back. */
+TavStatus tavsDFTFwd_RToPerm_32f(const float* source, float* destination, const DftCtx* object,
+                                 void* buffer);
+TavStatus tavsDFTFwd_RToPerm_64f(const double* source, double* destination, const DftCtx* object,
+                                 void* buffer);
+TavStatus tavsDFTFwd_RToPack_32f(const float* source, float* destination, const DftCtx* object,
+                                 void* buffer);
+TavStatus tavsDFTFwd_RToPack_64f(const double* source, double* destination, const DftCtx* object,
+                                 void* buffer);
+TavStatus tavsDFTFwd_RToCCS_32f(const float* source, float* destination, const DftCtx* object,
+                                void* buffer);
+TavStatus tavsDFTFwd_RToCCS_64f(const double* source, double* destination, const DftCtx* object,
+                                void* buffer);
+TavStatus tavsDFTInv_PermToR_32f(const float* source, float* destination, const DftCtx* object,
+                                 void* buffer);
+TavStatus tavsDFTInv_PermToR_64f(const double* source, double* destination, const DftCtx* object,
+                                 void* buffer);
+TavStatus tavsDFTInv_PackToR_32f(const float* source, float* destination, const DftCtx* object,
+                                 void* buffer);
+TavStatus tavsDFTInv_PackToR_64f(const double* source, double* destination, const DftCtx* object,
+                                 void* buffer);
+TavStatus tavsDFTInv_CCSToR_32f(const float* source, float* destination, const DftCtx* object,
+                                void* buffer);
+TavStatus tavsDFTInv_CCSToR_64f(const double* source, double* destination, const DftCtx* object,
+                                void* buffer);
 
 VOR_END_C
 

@@ -40,6 +40,14 @@ typedef struct vor_dcomplex {
 #define VOR_END_C
 #endif
 
+/* The hidden length of a character argument, behind the last declared one. The prototypes leave it
+ * out; a program that passes lengths (translated Fortran) defines VOR_HIDDEN_LENGTHS. */
+#ifdef VOR_HIDDEN_LENGTHS
+#define VOR_LENGTH(name) , int name##_length
+#else
+#define VOR_LENGTH(name)
+#endif
+
 /* Declares one routine under its four spellings. */
 #define VOR_SPELLINGS(result, lower, upper, arguments)                                             \
     result lower arguments;                                                                        \

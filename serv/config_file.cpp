@@ -5,6 +5,7 @@
 // directory that holds vor.cfg), else "vor.cfg" in the same way, then the elements of $PATH.
 #include "serv/config_file.h"
 #include "serv/settings.h"
+#include "vor_service.h"
 
 #include <ctype.h>
 #include <stdio.h>
@@ -68,21 +69,24 @@ FILE* open_file(const char* path) {
     return file;
 }
 
-FILE* open_config() {
+// Text that the reader works on; too much for the stack of a small thread.
+struct Texts {
+    char path[kText], clean[kText], raw[kText];
+};
+
+FILE* open_config(char (&path)[kText]) {
     const char* from_environment = getenv("VOR_CFG_FILE");
     const bool given = from_environment && *from_environment;
-    const char* path = given ? from_environment : "vor.cfg";
+    const char* start = given ? from_environment : "vor.cfg";
     static constexpr char kInside[] = "/vor.cfg";
-    if (strlen(path) + sizeof kInside <= kText) { // a longer value is passed over
+    if (strlen(start) + sizeof kInside <= kText) { // a longer value is passed over
+        strcpy(path, start);
         if (FILE* file = open_file(path)) return file;
-        char inside[kText];
-        strcpy(inside, path);
-        strcat(inside, kInside);
-        if (FILE* file = open_file(inside)) return file;
+        strcat(path, kInside);
+        if (FILE* file = open_file(path)) return file;
     }
-    char found[kText];
-    return SearchPath(nullptr, "vor.cfg", nullptr, kText, found, nullptr) ? fopen(found, "rt")
-                                                                          : nullptr;
+    if (!SearchPath(nullptr, "vor.cfg", nullptr, kText, path, nullptr)) return nullptr;
+    return fopen(path, "rt");
 }
 
 // The text behind `key` at the start of the cleaned line; null if the line has another key.
@@ -112,16 +116,8 @@ void take_settings(const char* clean) {
     }
 }
 
-} // namespace
-
-int vor::read_config_file(int keep_defaults) {
-    copy_names(dll_cfg_names, dll_def_names);
-    copy_names(dll_cfg_names_v, dll_def_names_v);
-    copy_names(dll_cfg_names_l, dll_def_names_l);
-    copy_names(dll_cfg_names_ias, dll_def_names_ias);
-    FILE* file = open_config();
-    if (!file) return -1;
-    char clean[kText], raw[kText];
+void read_lines(FILE* file, int keep_defaults, Texts& texts) {
+    char *clean = texts.clean, *raw = texts.raw;
     while (fgets(clean, kText, file)) {
         strcpy(raw, clean);
         remove_cr(raw);
@@ -134,8 +130,24 @@ int vor::read_config_file(int keep_defaults) {
         if (keep_defaults == 0) take_names(clean, raw);
         take_settings(clean);
     }
-    fclose(file);
-    return 0;
+}
+
+} // namespace
+
+int vor::read_config_file(int keep_defaults) {
+    copy_names(dll_cfg_names, dll_def_names);
+    copy_names(dll_cfg_names_v, dll_def_names_v);
+    copy_names(dll_cfg_names_l, dll_def_names_l);
+    copy_names(dll_cfg_names_ias, dll_def_names_ias);
+    Texts* texts = static_cast<Texts*>(malloc(sizeof(Texts)));
+    if (!texts) return -1;
+    FILE* file = open_config(texts->path);
+    if (file) {
+        read_lines(file, keep_defaults, *texts);
+        fclose(file);
+    }
+    free(texts);
+    return file ? 0 : -1;
 }
 
 extern "C" int dll_cpu_version() {
@@ -146,11 +158,13 @@ extern "C" unsigned SearchPath(const char*, const char* name, const char*, unsig
                                char**) {
     const char* path = getenv("PATH");
     if (!path) path = "";
-    const size_t room = strlen(path) + kText;
-    char* elements = static_cast<char*>(malloc(room));
+    static constexpr char kHere[] = ":./:"; // the current directory is the last element
+    const size_t length_of_all = strlen(path) + sizeof kHere;
+    char* elements = static_cast<char*>(malloc(length_of_all + kText));
     if (!elements) return 0;
     strcpy(elements, path);
-    strcat(elements, ":./:");
+    strcat(elements, kHere);
+    char* const tried = elements + length_of_all; // kText bytes
     unsigned length = 0;
     char* next = elements;
     while (char* colon = strchr(next, ':')) {
@@ -160,11 +174,12 @@ extern "C" unsigned SearchPath(const char*, const char* name, const char*, unsig
         remove_trailing_space(element);
         const size_t end = strlen(element);
         if (end == 0 || end + 1 + strlen(name) >= kText) continue; // no element, or no room
-        strcpy(buffer, element);
-        if (element[end - 1] != '.' && element[end - 1] != '/') strcat(buffer, "/");
-        strcat(buffer, name);
-        if (FILE* file = open_file(buffer)) {
+        strcpy(tried, element);
+        if (element[end - 1] != '.' && element[end - 1] != '/') strcat(tried, "/");
+        strcat(tried, name);
+        if (FILE* file = open_file(tried)) {
             fclose(file);
+            strcpy(buffer, tried);
             length = static_cast<unsigned>(strlen(buffer));
             break;
         }

@@ -35,7 +35,7 @@ int disable_fast_mm = -1;
 int NUMA = -1;
 
 bool caching() {
-    if (env_readed == -1) VOR_read_env();
+    if (__atomic_load_n(&env_readed, __ATOMIC_ACQUIRE) == -1) VOR_read_env();
     return disable_fast_mm != 1;
 }
 
@@ -108,9 +108,10 @@ void* allocate_locked(unsigned size, unsigned thread) {
         return mem[reused];
     }
     const unsigned grown = grow(size);
+    void* block = malloc(grown); // before a slot is made free: a failure leaves the table as it is
+    if (!block) return nullptr;
     const unsigned slot = free_slot();
-    void* block = malloc(grown);
-    if (!block || slot == kSlots) return block;
+    if (slot == kSlots) return block;
     fill(slot, block, grown, thread);
     ++mem_banks_really_used;
     if (slot == mem_banks_used) ++mem_banks_used;
@@ -196,8 +197,10 @@ extern "C" void vor_serv_deallocate(void* block) {
 VOR_ENGINE void vor_serv_freebuffers() {
     if (!caching()) return;
     vor_serv_lock();
+    // A block of no bytes counts in no total and stays out of this, as it stays out of trimming.
     for (unsigned i = 0; i < mem_banks_used; ++i) {
-        if (mem[i]) free(mem[i]);
+        if (mem_size[i] == 0 || !mem[i]) continue;
+        free(mem[i]);
         clear(i);
     }
     mem_banks_used = 0;

@@ -17,7 +17,7 @@ const char* named_errors[2] = {"VOR INTERNAL ERROR : Not enough work memory in f
 extern "C" void xerbla_(const char* name, const int* code, int name_length) {
     constexpr int kName = 12; // the longest name printed
     char text[kName + 1];
-    const int length = name_length > kName ? kName : name_length;
+    const int length = name_length > kName ? kName : name_length < 0 ? 0 : name_length;
     strncpy(text, name, static_cast<size_t>(length));
     text[length] = '\0';
     const int value = *code;
@@ -27,6 +27,7 @@ extern "C" void xerbla_(const char* name, const int* code, int name_length) {
         fprintf(stderr, "%s%01d%s%s\n", "VOR ERROR : Parameter ", value,
                 " was incorrect on entry to ", text);
     else
-        fprintf(stderr, "%s%01d%s%s\n", "VOR INTERNAL ERROR : Condition ", -value,
-                " detected in function ", text);
+        fprintf(stderr, "%s%01d%s%s\n", "VOR INTERNAL ERROR : Condition ",
+                static_cast<int>(0u - static_cast<unsigned>(value)), " detected in function ",
+                text);
 }

@@ -22,10 +22,7 @@ void apply_settings();
 } // namespace vor
 
 extern "C" {
-int vor_cfg_file(int keep_defaults); // 0, or -1 on the first call if no file was found
-int get_cfg_serial();
-int get_cfg_fpu();
-int get_cfg_check();
-int vor_serv_set_serial(); // the result of setenv
+// The engines of the mode switches: the result of setenv.
+int vor_serv_set_serial();
 int vor_serv_set_parallel();
 }

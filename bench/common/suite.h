@@ -26,7 +26,11 @@ class Library {
 public:
     Library(std::string name, void* handle) : name_(std::move(name)), handle_(handle) {}
     const std::string& name() const { return name_; }
-    void* find(const char* symbol) const { return dlsym(handle_, symbol); }
+    // A library may have a symbol under its spelling with an underscore only.
+    void* find(const char* symbol) const {
+        void* found = dlsym(handle_, symbol);
+        return found ? found : dlsym(handle_, (std::string(symbol) + '_').c_str());
+    }
     // The function behind `symbol`, as a pointer of type F*; null if the library has none.
     template <class F>
     F* function(const char* symbol) const {
@@ -38,6 +42,11 @@ private:
     void* handle_;
 };
 
+// libvor_k1.so, which the program is linked with, free to use threads; and any other, whose global names stay its own. Both
+// throw std::runtime_error with the loader's text.
+Library own_library();
+Library other_library(const std::string& file);
+
 // One call of the operation, ready to be repeated: it owns its data, which lasts as long as it does.
 // An empty function means that this library cannot run the case.
 using Call = std::function<void()>;
@@ -48,6 +57,7 @@ struct Rival {
     std::string name;
     Binder bind;
     double goal = 0; // the least ratio (rival's time / case's time) aimed at; 0: reported only
+    double most_extra = 0; // the most seconds aimed at by which the case may be slower; 0: none
 };
 
 struct Case {
@@ -59,6 +69,8 @@ struct Case {
     bool comparable = true;    // --against may bind it to another library with the same symbols
     double goal = 0;           // the least share of the limit aimed at; 0: reported only
     std::vector<Rival> rivals; // interleaved with the case itself
+    double against_goal = 0;   // the least ratio to the library of --against aimed at
+    double most_seconds = 0;   // the most time of one call aimed at; 0: none
 };
 
 using Suite = std::vector<Case>;

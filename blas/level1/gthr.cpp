@@ -1,6 +1,5 @@
 // gthr: x[i] := y[indx[i] - 1], element 0 to n-1. With n < 1 nothing is read or written.
-#include "blas/signatures.h"
-#include "serv/element.h"
+#include "blas/level1/engines.h"
 #include "serv/entry.h"
 #include "vor_blas.h"
 

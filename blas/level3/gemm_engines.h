@@ -5,9 +5,18 @@
 #include "blas/signatures.h"
 #include "serv/element.h"
 
+// The same with scratch from the caller: a_panel of 8192 bytes, b_panel of 256 * 64 (d) or 128 * 32 (z)
+// elements with leading dimension *ldp = 64 or 32. If one is null the work is done without both.
+#define PARAMS_XGEMM_1(T)                                                                          \
+    (const char* transa, const char* transb, const int* m, const int* n, const int* k,             \
+     const T* alpha, const T* a, const int* lda, const T* b, const int* ldb, const T* beta, T* c,  \
+     const int* ldc, T* a_panel, T* b_panel, const int* ldp)
+
 extern "C" {
 void vor_blas_xsgemm PARAMS_XGEMM(float);
 void vor_blas_xdgemm PARAMS_XGEMM(double);
 void vor_blas_xcgemm PARAMS_XGEMM(vor::cfloat);
 void vor_blas_xzgemm PARAMS_XGEMM(vor::cdouble);
+void vor_blas_xdgemm_1 PARAMS_XGEMM_1(double);
+void vor_blas_xzgemm_1 PARAMS_XGEMM_1(vor::cdouble);
 }

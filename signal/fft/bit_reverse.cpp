@@ -10,6 +10,7 @@
 // line for each element: an index is t top bits, middle bits and t bottom bits (Carter, Gatlin, Towards an
 // optimal bit-reversal permutation program, FOCS 1998). The 2^t x 2^t elements of one middle are read
 // from 2^t runs and written to the 2^t runs of the reversed middle, whole lines both times.
+#include "serv/bits.h"
 #include "signal/fft/kernels.h"
 #include "signal/fft/tables.h"
 
@@ -131,7 +132,7 @@ template <class C, class Tile>
 void all_tiles(int n, Tile tile) {
     constexpr int size = kTile<C>;
     const unsigned middles = static_cast<unsigned>(n) / (size * size);
-    const int bits = __builtin_ctz(middles);
+    const int bits = vor::trailing_zeros(middles);
     for (unsigned m = 0; m < middles; ++m) tile(size * vor::fft::reverse_bits(m, bits), size * m);
 }
 

@@ -1,22 +1,273 @@
-// The block cache: what malloc receives, and which block comes back.
+// The block cache: what malloc receives, which block comes back, and what is given up when.
 #include "serv/memory.h"
 #include "tests/common/allocations.h"
+#include "tests/common/numbers.h"
+#include "tests/serv/probe.h"
 #include "vor_service.h"
 
+#include <atomic>
 #include <gtest/gtest.h>
+#include <thread>
 
 using vor::test::Allocations;
+using vor::test::probe;
+using vor::test::Random;
 
-TEST(Memory, ABlockIsReusedByItsSizeAndGrownSize) {
+namespace {
+
+constexpr unsigned kLargest = 40u << 20; // bytes, of a request that is kept
+constexpr size_t kSlots = 512;
+
+// Each test starts and ends with an empty cache.
+class Memory : public testing::Test {
+protected:
+    void SetUp() override { VOR_FreeBuffers(); }
+    void TearDown() override {
+        give_back();
+        VOR_FreeBuffers();
+    }
+    void* take(unsigned size) {
+        held_.push_back(vor_serv_allocate(size));
+        return held_.back();
+    }
+    void take(size_t count, unsigned size) {
+        for (size_t i = 0; i < count; ++i) take(size);
+    }
+    void give_back(size_t first = 0, size_t last = ~size_t{0}) {
+        for (size_t i = first; i < std::min(last, held_.size()); ++i) {
+            if (held_[i]) vor_serv_deallocate(held_[i]);
+            held_[i] = nullptr;
+        }
+    }
+    std::vector<void*> held_;
+};
+
+} // namespace
+
+TEST_F(Memory, Growth) {
+    const struct {
+        unsigned asked, taken;
+    } cases[] = {{0, 0},
+                 {1, 1},
+                 {2, 2},
+                 {4, 4},
+                 {5, 5},
+                 {6, 7},
+                 {10, 11},
+                 {999, 1198},
+                 {1000, 1199},
+                 {1001, 1201},
+                 {kLargest, 50331647}};
+    for (const auto& c : cases) {
+        Allocations allocations;
+        void* block = take(c.asked);
+        EXPECT_EQ(allocations.last_size(), c.taken);
+        give_back();
+        EXPECT_EQ(vor_serv_allocate(c.asked), block);
+        vor_serv_deallocate(block);
+        EXPECT_EQ(allocations.calls(), 1);
+        EXPECT_EQ(allocations.live(), 1);
+        VOR_FREEBUFFERS_();
+        EXPECT_EQ(allocations.live(), c.taken > 0 ? 0 : 1); // no bytes, nothing to give back
+    }
+}
+
+TEST_F(Memory, LargeRequestsAreNotKept) {
     Allocations allocations;
-    void* block = vor_serv_allocate(1000);
-    EXPECT_EQ(allocations.last_size(), 1199u); // 1.2 is below 6/5, and nothing is rounded up
-    vor_serv_deallocate(block);
-    EXPECT_EQ(vor_serv_allocate(1000), block);
-    vor_serv_deallocate(block);
-    EXPECT_EQ(vor_serv_allocate(1199), block);
-    EXPECT_EQ(allocations.calls(), 1);
-    vor_serv_deallocate(block);
-    VOR_FREEBUFFERS_();
+    take(kLargest + 1);
+    EXPECT_EQ(allocations.last_size(), kLargest + 1);
+    vor_freebuffers_(); // knows nothing of the block
+    EXPECT_EQ(allocations.live(), 1);
+    give_back();
     EXPECT_EQ(allocations.live(), 0);
+}
+
+TEST_F(Memory, AnExactFitWinsElseTheFirstFit) {
+    Allocations allocations;
+    void* large = take(2000); // 2399 bytes
+    void* exact = take(1000); // 1199
+    give_back();
+    EXPECT_EQ(take(1199), exact);
+    EXPECT_EQ(take(1199), large);
+    give_back();
+    EXPECT_EQ(take(1100), large); // not the tighter one
+    EXPECT_EQ(take(1100), exact);
+    EXPECT_EQ(allocations.calls(), 2);
+    give_back();
+    take(2400); // fits neither
+    EXPECT_EQ(allocations.calls(), 3);
+}
+
+TEST_F(Memory, ABlockReturnsToTheThreadThatTookIt) {
+    Allocations allocations;
+    void* block = take(1000);
+    held_.clear();
+    void* others = nullptr;
+    std::thread([&] {
+        vor_serv_deallocate(block);
+        others = vor_serv_allocate(1000);
+    }).join();
+    EXPECT_NE(others, block);
+    EXPECT_EQ(take(1000), block);
+    EXPECT_EQ(allocations.calls(), 2);
+    vor_serv_deallocate(others);
+}
+
+// Blocks of 11999999 bytes: thirteen fit the surplus of 156028108 bytes that may stay.
+TEST_F(Memory, TheSurplusIsTrimmedAtTheNextAllocation) {
+    constexpr unsigned kSize = 10000000;
+    Allocations allocations;
+    take(14, kSize);
+    const std::vector<void*> blocks = held_;
+    give_back();
+    EXPECT_EQ(allocations.live(), 14);
+    take(kLargest + 1); // not from the cache: trims nothing
+    EXPECT_EQ(allocations.live(), 15);
+    give_back();
+    for (size_t i = 0; i < 13; ++i) EXPECT_EQ(take(kSize), blocks[i]); // the highest is gone
+    EXPECT_EQ(allocations.live(), 13);
+}
+
+TEST_F(Memory, TheSurplusMayBeTheWholeBudget) {
+    const struct {
+        unsigned last; // fills up what three blocks of 50331647 bytes leave
+        long kept;
+    } cases[] = {{4194306, 4}, {4194307, 3}};
+    for (const auto& c : cases) {
+        Allocations allocations;
+        take(3, kLargest);
+        take(c.last);
+        give_back();
+        EXPECT_EQ(allocations.live(), 4);
+        take(1);
+        EXPECT_EQ(allocations.live(), c.kept);
+        give_back();
+        VOR_FreeBuffers();
+    }
+}
+
+TEST_F(Memory, CompactionMovesTheHighestBlockIntoTheLowestHole) {
+    take(4, kLargest);
+    void* lower = take(1000);
+    void* upper = take(1000);
+    give_back(0, 4);
+    take(2,
+         kLargest); // the first of these gives up the fourth block, whose slot the upper one takes
+    take(kLargest);
+    give_back(4, 6);
+    EXPECT_EQ(take(1100), upper);
+    EXPECT_EQ(take(1100), lower);
+}
+
+TEST_F(Memory, TheFullTable) {
+    Allocations allocations;
+    const long slots = static_cast<long>(kSlots);
+    take(kSlots, 100); // 119 bytes each
+    take(100);         // has no slot
+    EXPECT_EQ(allocations.last_size(), 119u);
+    EXPECT_EQ(allocations.live(), slots + 1);
+    give_back(kSlots);
+    EXPECT_EQ(allocations.live(), slots);
+
+    // A block that is given back is the next to go, the highest first, however small the surplus.
+    void* lower = held_[3];
+    give_back(3, 4);
+    give_back(7, 8);
+    EXPECT_EQ(allocations.live(), slots);
+    EXPECT_EQ(take(100), lower);
+    EXPECT_EQ(allocations.live(), slots - 1);
+    EXPECT_EQ(allocations.calls(), slots + 1);
+    take(500); // the last slot again
+    take(500);
+    EXPECT_EQ(allocations.live(), slots + 1);
+    give_back(held_.size() - 1);
+    EXPECT_EQ(allocations.live(), slots);
+    give_back();
+    EXPECT_EQ(allocations.live(), slots);
+    VOR_FreeBuffers();
+    EXPECT_EQ(allocations.live(), 0);
+}
+
+TEST_F(Memory, AFailureLeavesTheTableAsItWas) {
+    const auto fails = [](Allocations& allocations, unsigned size) {
+        const long live = allocations.live();
+        allocations.fail_at(1);
+        EXPECT_EQ(vor_serv_allocate(size), nullptr);
+        EXPECT_TRUE(allocations.failed());
+        EXPECT_EQ(allocations.live(), live);
+    };
+    Allocations allocations;
+    void* kept = take(1000);
+    give_back();
+    fails(allocations, 2000);
+    fails(allocations, kLargest + 1);
+    EXPECT_EQ(take(1000), kept);
+    take(kSlots - 1, 100);
+    fails(allocations, 2000);
+    give_back(); // all still have their slots
+    EXPECT_EQ(allocations.live(), static_cast<long>(kSlots));
+    VOR_FreeBuffers();
+    EXPECT_EQ(allocations.live(), 0);
+}
+
+TEST_F(Memory, ManyThreadsAtOnce) {
+    constexpr int kThreads = 8, kRounds = 3000, kExchange = 16;
+    struct Block {
+        unsigned size;
+        unsigned char mark;
+        unsigned char* bytes() { return reinterpret_cast<unsigned char*>(this + 1); }
+        bool intact() {
+            for (unsigned i = 0; i < size; ++i)
+                if (bytes()[i] != mark) return false;
+            return true;
+        }
+    };
+    std::atomic<Block*> exchange[kExchange] = {}; // blocks on their way to another thread
+    std::atomic<int> faults{0};
+    const auto give = [&](Block* block) {
+        if (!block) return;
+        if (!block->intact()) ++faults;
+        vor_serv_deallocate(block);
+    };
+    Allocations allocations;
+    std::vector<std::thread> threads;
+    for (int t = 0; t < kThreads; ++t)
+        threads.emplace_back([&, t] {
+            Random random(static_cast<uint64_t>(t) + 1);
+            for (int i = 0; i < kRounds; ++i) {
+                const auto size = static_cast<unsigned>(random.below(2000));
+                auto* block = static_cast<Block*>(vor_serv_allocate(size + sizeof(Block)));
+                block->size = size;
+                block->mark = static_cast<unsigned char>(random.below(256));
+                std::memset(block->bytes(), block->mark, size);
+                give(exchange[random.below(kExchange)].exchange(block));
+            }
+        });
+    for (auto& thread : threads) thread.join();
+    for (auto& block : exchange) give(block.exchange(nullptr));
+    EXPECT_EQ(faults, 0);
+    VOR_FreeBuffers();
+    EXPECT_EQ(allocations.live(), 0);
+}
+
+TEST(MemorySettings, Budget) {
+    // 14 blocks are given back. A thread has 39007027.2 bytes, which keep 3 of them.
+    const struct {
+        const char *threads, *kept;
+    } cases[] = {{"1", "3"},   {"2", "6"},   {"3", "9"},    {"5", "14"}, {"110", "14"},
+                 {"111", "2"}, // wraps at 32 bits, to 34812723
+                 {"0", "13"},  {"-3", "13"}, {"abc", "13"}, {"", "13"},  {" 2x", "6"}};
+    for (const auto& c : cases)
+        EXPECT_EQ(probe("keep 10000000 14", {std::string("VOR_MM_MAX_THREADS=") + c.threads}),
+                  std::string("11999999 14 ") + c.kept)
+            << c.threads;
+    EXPECT_EQ(probe("keep 10000000 14", {"VOR_MM_NUMA_MODE=1"}), "11999999 14 13");
+}
+
+TEST(MemorySettings, WithoutCache) {
+    for (const char* variable :
+         {"VOR_DISABLE_FAST_MM=", "VOR_DISABLE_FAST_MM=0", "VOR_MM_DISABLE=", "VOR_MM_DISABLE=no"})
+        EXPECT_EQ(probe("keep 1000 3 free_held", {variable}), "1000 0 1 2") << variable;
+    EXPECT_EQ(probe("free_held"), "0");
+    EXPECT_EQ(probe("keep 1000 3 setenv VOR_MM_DISABLE 1 keep 1000 3"), "1199 3 3 0 0 0");
 }

@@ -1,0 +1,17 @@
+// The families of bench cases: one function each, in a file of bench/<folder>/, called by
+// bench/suites.cpp.
+#pragma once
+
+#include "bench/common/suite.h"
+
+namespace vor::bench {
+
+Suite service_cases();
+Suite level1_cases();
+Suite level2_cases();
+Suite gemm_cases();
+Suite level3_cases();
+Suite dft_cases();
+Suite dfti_cases();
+
+} // namespace vor::bench

@@ -1,0 +1,42 @@
+// The threaded matrix product C := alpha * op(A) * op(B) + beta * C: whether one thread does it or
+// several, and how C is cut. No numerics: each strip is a call of the serial engine with shifted
+// pointers, k is never cut, and the strips of C are disjoint.
+//
+// m < 1 or n < 1   nothing is read or written, whatever beta is
+// k = 0            the engine scales C
+#pragma once
+
+#include "blas/kernel/default/level3/strips.h"
+#include "blas/letters.h"
+#include "blas/signatures.h"
+
+namespace vor {
+
+// Up to here, in all three dimensions, a product costs less than to wake a team.
+inline constexpr int kGemmSmall = 16;
+
+template <class T, void(*engine) PARAMS_XGEMM(T)>
+void gemm_driver PARAMS_XGEMM(T) {
+    if (*m < 1 || *n < 1) return;
+    const bool small = *m <= kGemmSmall && *n <= kGemmSmall && *k <= kGemmSmall;
+    const int threads = team_size();
+    if (small || threads <= 1) return engine ARGS_XGEMM;
+
+    // The longer side of C is cut; the operand that is cut with it is stepped along a column of its
+    // array where it stands as it is, across the columns where it is transposed.
+    const bool rows = *m > *n;
+    const int step_a = is_letter(transa, 'N') ? 1 : *lda;
+    const int step_b = is_letter(transb, 'N') ? *ldb : 1;
+#pragma omp parallel for num_threads(threads) schedule(static, 1)
+    for (int i = 0; i < threads; ++i) {
+        const Strip strip(rows ? *m : *n, threads, i);
+        if (rows)
+            engine(transa, transb, &strip.length, n, k, alpha, ahead(a, strip.offset, step_a), lda,
+                   b, ldb, beta, ahead(c, strip.offset), ldc);
+        else
+            engine(transa, transb, m, &strip.length, k, alpha, a, lda,
+                   ahead(b, strip.offset, step_b), ldb, beta, ahead(c, strip.offset, *ldc), ldc);
+    }
+}
+
+} // namespace vor

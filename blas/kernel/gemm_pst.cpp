@@ -1,0 +1,153 @@
+// Post-passes in extended precision, those of dgemm and zgemm and the two of sgemm with a transposed
+// B: C(i, j) := alpha * sum + C(i, j), contract in gemm_kernels.h.
+//
+// A sum takes its terms in ascending order of l, from 0, and is rounded once, into C; of a complex term the products with the real part
+// of b enter before those with its imaginary part.
+#include "blas/kernel/gemm_kernels.h"
+#include "blas/kernel/gemm_operand.h"
+#include "serv/entry.h"
+
+namespace {
+
+using vor::cdouble;
+using vor::Op;
+using vor::Operand;
+
+// ---- Extended precision: R rows and S columns of sums are live together.
+
+template <int R, int S, class T>
+inline void tile(int k, T alpha, Operand<T> a, Operand<T> b, T* c, int ldc) {
+    long double sum[S][R] = {};
+    for (int l = 0; l < k; ++l, a.at += a.column, b.at += b.row)
+#pragma GCC unroll 4
+        for (int s = 0; s < S; ++s) {
+            const long double y = b(0, s);
+#pragma GCC unroll 4
+            for (int r = 0; r < R; ++r) sum[s][r] += a(r, 0) * y;
+        }
+#pragma GCC unroll 4
+    for (int s = 0; s < S; ++s)
+#pragma GCC unroll 4
+        for (int r = 0; r < R; ++r)
+            c[s * ldc + r] = static_cast<T>(sum[s][r] * alpha + c[s * ldc + r]);
+}
+
+// R rows, all n columns, S at a time.
+template <int R, int S, class T>
+void rows(int n, int k, T alpha, Operand<T> a, Operand<T> b, T* c, int ldc) {
+    int j = 0;
+    for (; j + S <= n; j += S) tile<R, S>(k, alpha, a, b.from(0, j), c + j * ldc, ldc);
+    for (; j < n; ++j) tile<R, 1>(k, alpha, a, b.from(0, j), c + j * ldc, ldc);
+}
+
+// Four sums hide the latency of the addition.
+template <class T>
+void extended(int m, int n, int k, T alpha, Operand<T> a, Operand<T> b, T* c, int ldc) {
+    const int fours = m & ~3;
+    for (int j = 0; j < n; ++j)
+        for (int i = 0; i < fours; i += 4)
+            tile<4, 1>(k, alpha, a.from(i, 0), b.from(0, j), c + i + j * ldc, ldc);
+    int i = fours;
+    if (m & 2) {
+        rows<2, 2>(n, k, alpha, a.from(i, 0), b, c + i, ldc);
+        i += 2;
+    }
+    if (m & 1) rows<1, 4>(n, k, alpha, a.from(i, 0), b, c + i, ldc);
+}
+
+// ---- Extended precision, complex.
+
+// sum + a * y, or minus it.
+template <bool Minus>
+inline void add(long double& sum, double a, long double y) {
+    if constexpr (Minus)
+        sum -= a * y;
+    else
+        sum += a * y;
+}
+
+// ConjA, ConjB: whether the imaginary parts of a and b count with the other sign.
+template <int R, int S, bool ConjA, bool ConjB>
+inline void complex_tile(int k, cdouble alpha, Operand<cdouble> a, Operand<cdouble> b, cdouble* c,
+                         int ldc) {
+    long double re[S][R] = {}, im[S][R] = {};
+    for (int l = 0; l < k; ++l, a.at += a.column, b.at += b.row)
+#pragma GCC unroll 2
+        for (int s = 0; s < S; ++s) {
+            const long double yr = b(0, s).re;
+#pragma GCC unroll 2
+            for (int r = 0; r < R; ++r) {
+                add<false>(re[s][r], a(r, 0).re, yr);
+                add<ConjA>(im[s][r], a(r, 0).im, yr);
+            }
+            // a is loaded again: kept in a register it would cost one of the sums its own.
+            asm volatile("" ::: "memory");
+            const long double yi = b(0, s).im;
+#pragma GCC unroll 2
+            for (int r = 0; r < R; ++r) {
+                add<ConjA == ConjB>(re[s][r], a(r, 0).im, yi);
+                add<ConjB>(im[s][r], a(r, 0).re, yi);
+            }
+        }
+#pragma GCC unroll 2
+    for (int s = 0; s < S; ++s)
+#pragma GCC unroll 2
+        for (int r = 0; r < R; ++r) {
+            cdouble& x = c[s * ldc + r];
+            x = {static_cast<double>(re[s][r] * alpha.re - im[s][r] * alpha.im + x.re),
+                 static_cast<double>(re[s][r] * alpha.im + im[s][r] * alpha.re + x.im)};
+        }
+}
+
+// Two rows of a column, or one row of two columns, are live together: four sums.
+template <bool ConjA, bool ConjB>
+void complex_rows(int m, int n, int k, cdouble alpha, Operand<cdouble> a, Operand<cdouble> b,
+                  cdouble* c, int ldc) {
+    const int pairs = m & ~1;
+    for (int j = 0; j < n; ++j)
+        for (int i = 0; i < pairs; i += 2)
+            complex_tile<2, 1, ConjA, ConjB>(k, alpha, a.from(i, 0), b.from(0, j), c + i + j * ldc,
+                                             ldc);
+    if (pairs == m) return;
+    const auto last = a.from(pairs, 0);
+    c += pairs;
+    int j = 0;
+    for (; j + 2 <= n; j += 2)
+        complex_tile<1, 2, ConjA, ConjB>(k, alpha, last, b.from(0, j), c + j * ldc, ldc);
+    if (j < n) complex_tile<1, 1, ConjA, ConjB>(k, alpha, last, b.from(0, j), c + j * ldc, ldc);
+}
+
+} // namespace
+
+#define POST(name, T, way, op_a, op_b)                                                             \
+    VOR_ENGINE void vor_blas_##name PARAMS_GEMM_POST(T) {                                          \
+        way(*m, *n, *k, *alpha, Operand<T>(Op::op_a, a, *lda), Operand<T>(Op::op_b, b, *ldb), c,   \
+            *ldc);                                                                                 \
+    }
+POST(dpst_nnk, double, extended, plain, plain)
+POST(dpst_ntk, double, extended, plain, transposed)
+POST(dpst_tnk, double, extended, transposed, plain)
+POST(dpst_ttk, double, extended, transposed, transposed)
+POST(dpst_nnm, double, extended, plain, plain)
+POST(dpst_ntm, double, extended, plain, transposed)
+POST(dpst_tnm, double, extended, transposed, plain)
+POST(dpst_ttm, double, extended, transposed, transposed)
+POST(spst_ntk, float, extended, plain, transposed)
+POST(spst_ttk, float, extended, transposed, transposed)
+
+#define COMPLEX_POST(letters, op_a, op_b)                                                          \
+    VOR_ENGINE void vor_blas_zpst_##letters PARAMS_XGEMM(cdouble) {                                \
+        static_cast<void>(transa), static_cast<void>(transb), static_cast<void>(beta);             \
+        complex_rows<Op::op_a == Op::conjugated, Op::op_b == Op::conjugated>(                      \
+            *m, *n, *k, *alpha, Operand<cdouble>(Op::op_a, a, *lda),                               \
+            Operand<cdouble>(Op::op_b, b, *ldb), c, *ldc);                                         \
+    }
+COMPLEX_POST(nn, plain, plain)
+COMPLEX_POST(nt, plain, transposed)
+COMPLEX_POST(nc, plain, conjugated)
+COMPLEX_POST(tn, transposed, plain)
+COMPLEX_POST(tt, transposed, transposed)
+COMPLEX_POST(tc, transposed, conjugated)
+COMPLEX_POST(cn, conjugated, plain)
+COMPLEX_POST(ct, conjugated, transposed)
+COMPLEX_POST(cc, conjugated, conjugated)

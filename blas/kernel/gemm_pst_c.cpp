@@ -1,0 +1,115 @@
+// vor_blas_cgemmpst: C := alpha * op(A) * op(B) + beta * C by plain loops, without scratch. With alpha
+// = 0 A and B are not read, with beta = 0 C is not read.
+//
+// Each element has four sums in single precision, all in ascending order of l: re re, im re, re im and
+// im im. A vector holds two rows, real and imaginary part side by side, so that one register
+// accumulates the products with the real parts of b and another those with the imaginary ones; the
+// sums are combined, and conjugation enters as their signs, once at the end.
+#include "blas/kernel/gemm_kernels.h"
+#include "blas/kernel/gemm_operand.h"
+#include "blas/kernel/gemm_scale.h"
+#include "serv/entry.h"
+
+#include <xmmintrin.h>
+
+namespace {
+
+using vor::cfloat;
+using vor::Op;
+using vor::Operand;
+
+inline __m128 exchange_parts(__m128 x) {
+    return _mm_shuffle_ps(x, x, _MM_SHUFFLE(2, 3, 0, 1));
+}
+
+// A factor for two complex numbers in one vector.
+struct Factor {
+    __m128 re, im; // im with the signs of a product
+
+    explicit Factor(cfloat x) : re(_mm_set1_ps(x.re)), im(_mm_setr_ps(-x.im, x.im, -x.im, x.im)) {}
+    __m128 times(__m128 x) const {
+        return _mm_add_ps(_mm_mul_ps(x, re), _mm_mul_ps(exchange_parts(x), im));
+    }
+};
+
+// How a finished sum enters C: the signs of the products with re(b) and, parts exchanged, of those
+// with im(b); then C := alpha * sum, plus C, plus beta * C.
+struct Finish {
+    __m128 by_re_sign, by_im_sign;
+    Factor alpha, beta;
+    enum { overwrite, add, scale_and_add } way;
+};
+
+// Two rows, at x and y, or one row.
+template <int R>
+inline __m128 load(const cfloat* x, const cfloat* y) {
+    const __m128 low = _mm_loadl_pi(_mm_setzero_ps(), reinterpret_cast<const __m64*>(x));
+    return R == 2 ? _mm_loadh_pi(low, reinterpret_cast<const __m64*>(y)) : low;
+}
+
+template <int R>
+inline void finish(__m128 by_re, __m128 by_im, const Finish& how, cfloat* c) {
+    const __m128 sum = _mm_add_ps(_mm_xor_ps(by_re, how.by_re_sign),
+                                  _mm_xor_ps(exchange_parts(by_im), how.by_im_sign));
+    __m128 result = how.alpha.times(sum);
+    if (how.way != Finish::overwrite) {
+        const __m128 old = load<R>(c, c + 1);
+        result = _mm_add_ps(result, how.way == Finish::add ? old : how.beta.times(old));
+    }
+    _mm_storel_pi(reinterpret_cast<__m64*>(c), result);
+    if (R == 2) _mm_storeh_pi(reinterpret_cast<__m64*>(c + 1), result);
+}
+
+// P vectors of R rows of one column.
+template <int P, int R>
+inline void tile(int k, Operand<cfloat> a, const cfloat* b, int step, const Finish& how,
+                 cfloat* c) {
+    __m128 by_re[P], by_im[P];
+#pragma GCC unroll 2
+    for (int p = 0; p < P; ++p) by_re[p] = by_im[p] = _mm_setzero_ps();
+    for (int l = 0; l < k; ++l, a.at += a.column, b += step) {
+        const __m128 re = _mm_set1_ps(b->re), im = _mm_set1_ps(b->im);
+#pragma GCC unroll 2
+        for (int p = 0; p < P; ++p) {
+            const __m128 x = load<R>(&a(2 * p, 0), &a(2 * p + 1, 0));
+            by_re[p] = _mm_add_ps(by_re[p], _mm_mul_ps(x, re));
+            by_im[p] = _mm_add_ps(by_im[p], _mm_mul_ps(x, im));
+        }
+    }
+#pragma GCC unroll 2
+    for (int p = 0; p < P; ++p) finish<R>(by_re[p], by_im[p], how, c + 2 * p);
+}
+
+// m rows, each column of b in turn.
+void product(int m, int n, int k, Operand<cfloat> a, Operand<cfloat> b, const Finish& how,
+             cfloat* c, int ldc) {
+    for (int j = 0; j < n; ++j, c += ldc) {
+        const cfloat* column = &b(0, j);
+        int i = 0;
+        for (; i + 4 <= m; i += 4) tile<2, 2>(k, a.from(i, 0), column, b.row, how, c + i);
+        for (; i + 2 <= m; i += 2) tile<1, 2>(k, a.from(i, 0), column, b.row, how, c + i);
+        if (i < m) tile<1, 1>(k, a.from(i, 0), column, b.row, how, c + i);
+    }
+}
+
+// Flips the sign of the real, of the imaginary parts.
+__m128 signs(bool re, bool im) {
+    const float r = re ? -0.0f : 0.0f, i = im ? -0.0f : 0.0f;
+    return _mm_setr_ps(r, i, r, i);
+}
+
+} // namespace
+
+VOR_ENGINE void vor_blas_cgemmpst PARAMS_XGEMM(cfloat) {
+    if (vor::is_zero(*alpha)) return vor::scale_matrix(*m, *n, *beta, c, *ldc);
+    const Op op_a = vor::op_of<cfloat>(*transa), op_b = vor::op_of<cfloat>(*transb);
+    const bool conj_a = op_a == Op::conjugated, conj_b = op_b == Op::conjugated;
+    const auto way = vor::is_zero(*beta)  ? Finish::overwrite
+                     : vor::is_one(*beta) ? Finish::add
+                                          : Finish::scale_and_add;
+    // re re - im im, or plus if one operand is conjugated; im re and re im with the sign of theirs.
+    const Finish how{signs(false, conj_a), signs(conj_a == conj_b, conj_b), Factor(*alpha),
+                     Factor(*beta), way};
+    product(*m, *n, *k, Operand<cfloat>(op_a, a, *lda), Operand<cfloat>(op_b, b, *ldb), how, c,
+            *ldc);
+}

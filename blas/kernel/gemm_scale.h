@@ -1,0 +1,51 @@
+// C := beta * C for an m by n matrix. With beta = 0 the elements become 0 without being read, with
+// beta = 1 nothing happens.
+#pragma once
+
+#include "serv/element.h"
+
+#include <string.h>
+
+extern "C" {
+// The s engine's own: zeros without reading C; a product with any beta, 0 and 1 included.
+void vor_blas_sscalmz(const int* m, const int* n, float* c, const int* ldc);
+void vor_blas_sscalm(const int* m, const int* n, const float* beta, float* c, const int* ldc);
+}
+
+namespace vor {
+
+constexpr bool is_one(auto x) {
+    if constexpr (is_complex<decltype(x)>)
+        return x.re == 1 && x.im == 0;
+    else
+        return x == 1;
+}
+
+// x * y in the arithmetic of the type: float rounds at every operation, double once, at the end.
+template <class T>
+constexpr T product(T x, T y) {
+    using Wide = std::conditional_t<std::is_same_v<real_t<T>, float>, float, long double>;
+    if constexpr (is_complex<T>) {
+        const Wide re = x.re, im = x.im;
+        return {static_cast<real_t<T>>(re * y.re - im * y.im),
+                static_cast<real_t<T>>(re * y.im + im * y.re)};
+    } else {
+        return static_cast<T>(static_cast<Wide>(x) * y);
+    }
+}
+
+// All bits 0 is the number 0 in every type.
+template <class T>
+void zero_matrix(int m, int n, T* c, int ldc) {
+    for (int j = 0; j < n; ++j) memset(c + j * ldc, 0, static_cast<size_t>(m) * sizeof(T));
+}
+
+template <class T>
+void scale_matrix(int m, int n, T beta, T* c, int ldc) {
+    if (is_one(beta)) return;
+    if (is_zero(beta)) return zero_matrix(m, n, c, ldc);
+    for (int j = 0; j < n; ++j)
+        for (int i = 0; i < m; ++i) c[i + j * ldc] = product(c[i + j * ldc], beta);
+}
+
+} // namespace vor

@@ -1,0 +1,41 @@
+// Inner kernels of sgemm: contract in gemm_kernels.h.
+#include "blas/kernel/gemm_columns.h"
+#include "blas/kernel/gemm_kernels.h"
+#include "serv/entry.h"
+
+#include <xmmintrin.h>
+
+namespace {
+
+constexpr int kGroup = 16;
+
+template <int K>
+inline void group(const float* a, const float* b, float* c) {
+    __m128 s0 = _mm_setzero_ps(), s1 = s0, s2 = s0, s3 = s0;
+#pragma GCC unroll 64
+    for (int l = 0; l < K; ++l) {
+        // No load moves to an earlier step: all broadcasts of a column ahead of the sums would spill.
+        asm volatile("" ::: "memory");
+        const __m128 x = _mm_load1_ps(b + l);
+        s0 = _mm_add_ps(s0, _mm_mul_ps(_mm_load_ps(a + l * kGroup), x));
+        s1 = _mm_add_ps(s1, _mm_mul_ps(_mm_load_ps(a + l * kGroup + 4), x));
+        s2 = _mm_add_ps(s2, _mm_mul_ps(_mm_load_ps(a + l * kGroup + 8), x));
+        s3 = _mm_add_ps(s3, _mm_mul_ps(_mm_load_ps(a + l * kGroup + 12), x));
+    }
+    _mm_storeu_ps(c, _mm_add_ps(s0, _mm_loadu_ps(c)));
+    _mm_storeu_ps(c + 4, _mm_add_ps(s1, _mm_loadu_ps(c + 4)));
+    _mm_storeu_ps(c + 8, _mm_add_ps(s2, _mm_loadu_ps(c + 8)));
+    _mm_storeu_ps(c + 12, _mm_add_ps(s3, _mm_loadu_ps(c + 12)));
+}
+
+} // namespace
+
+#define KERNEL(M, K)                                                                               \
+    VOR_ENGINE void vor_blas_sin##M##_##K PARAMS_GEMM_KERNEL(float) {                              \
+        vor::by_columns<M, K, kGroup>(*n, apanel, b, *ldb, c, *ldc, group<K>);                     \
+    }
+KERNEL(32, 64)
+KERNEL(16, 64)
+KERNEL(32, 48)
+KERNEL(32, 32)
+KERNEL(32, 16)

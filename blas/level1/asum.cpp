@@ -1,0 +1,55 @@
+// asum: sum of abs(x[i]), complex: of abs(re) + abs(im); 0 with n < 1.
+//
+// The sign of the step does not matter; a step of 0 adds abs(x[0]) n times. Unit steps run over the
+// real entries: double precision in four extended sums, single precision in vectors.
+#include "blas/level1/engines.h"
+#include "blas/level1/sums.h"
+#include "serv/entry.h"
+#include "vor_blas.h"
+
+namespace {
+
+using namespace vor;
+
+// Partial sum k takes the entries k mod 4.
+extended sum_entries(int n, const double* x) {
+    extended a0 = 0, a1 = 0, a2 = 0, a3 = 0;
+    for (; n >= 4; n -= 4, x += 4) {
+        prefetch(x, 128);
+        a0 += Magnitude::of(x[0]);
+        a1 += Magnitude::of(x[1]);
+        a2 += Magnitude::of(x[2]);
+        a3 += Magnitude::of(x[3]);
+    }
+    extended sum = ((a3 + a0) + a1) + a2;
+    for (; n > 0; --n) sum += Magnitude::of(*x++);
+    return sum;
+}
+
+template <class T>
+real_t<T> asum(int n, const T* x, int incx) {
+    using R = real_t<T>;
+    constexpr int kParts = sizeof(T) / sizeof(R);
+    const auto* entries = reinterpret_cast<const R*>(x);
+    if (n < 1) return 0;
+    if (incx == 1 || incx == -1) {
+        if constexpr (sizeof(R) == sizeof(double)) {
+            return static_cast<R>(sum_entries(kParts * n, entries));
+        } else if (const int prefix = steps_to<16>(entries, kParts * n); prefix >= 0) {
+            return static_cast<R>(sum_vectors<Magnitude, 4>(kParts * n, prefix, entries));
+        }
+    }
+    return static_cast<R>(sum_strided<Magnitude>(n, x, incx));
+}
+
+} // namespace
+
+#define ASUM(name, NAME, T, R)                                                                     \
+    VOR_ENGINE R vor_blas_##name PARAMS_VALUE(T) {                                                 \
+        return asum(*n, x, *incx);                                                                 \
+    }                                                                                              \
+    VOR_ENTRY(R, name, NAME, vor_blas_##name, PARAMS_VALUE(T), ARGS_VALUE)
+ASUM(sasum, SASUM, float, float)
+ASUM(dasum, DASUM, double, double)
+ASUM(scasum, SCASUM, vor::cfloat, float)
+ASUM(dzasum, DZASUM, vor::cdouble, double)

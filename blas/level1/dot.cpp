@@ -1,0 +1,140 @@
+// dot: the inner product, sum of x[i]*y[i]; 0 with n < 1.
+//
+// ddot    four partial sums in extended precision, rounded to double at the end
+// sdot    up to 8 elements, and steps that are not a pair of 1 or -1: the same, but handed back
+//         unrounded; else in single precision throughout, in two vectors of partial sums
+// dsdot   products and sum in extended precision, in the order of the elements
+// sdsdot  the same on top of sb, rounded to float at the end; sb itself with n < 1
+//
+// The number of partial sums and the order in which they are added fix every bit of the result.
+#include "blas/level1/engines.h"
+#include "blas/level1/vector.h"
+#include "serv/entry.h"
+#include "vor_blas.h"
+
+namespace {
+
+using namespace vor;
+
+// Partial sum k takes the elements k mod 4. Group elements a round; what is left of the last round is
+// added to the total one by one. ahead(x, y) runs once a round.
+template <int Group, class T, class Ahead>
+[[gnu::always_inline]] inline extended dot_extended(int n, const T* x, int incx, const T* y,
+                                                    int incy, Ahead ahead) {
+    extended a0 = 0, a1 = 0, a2 = 0, a3 = 0;
+    const auto next = [&] {
+        const extended product = widen(*x) * *y;
+        x += incx;
+        y += incy;
+        return product;
+    };
+    for (; n >= Group; n -= Group) {
+        ahead(x, y);
+#pragma GCC unroll 2
+        for (int k = 0; k < Group; k += 4) {
+            a0 += next();
+            a1 += next();
+            a2 += next();
+            a3 += next();
+        }
+    }
+    extended sum = ((a3 + a0) + a1) + a2;
+    for (; n > 0; --n) sum += next();
+    return sum;
+}
+
+template <class T>
+extended dot_strided(int n, const T* x, int incx, const T* y, int incy) {
+    return dot_extended<4>(n, walk_start(x, n, incx), incx, walk_start(y, n, incy), incy,
+                           [=](const T* px, const T* py) {
+                               prefetch(px + 4 * incx);
+                               prefetch(py + 4 * incy);
+                           });
+}
+
+double dot(int n, const double* x, int incx, const double* y, int incy) {
+    if (incx != incy || (incx != 1 && incx != -1))
+        return static_cast<double>(dot_strided(n, x, incx, y, incy));
+    return static_cast<double>(
+        dot_extended<4>(n, x, 1, y, 1, [](const double* px, const double* py) {
+            prefetch(px, 128);
+            prefetch(py, 128);
+        }));
+}
+
+// y is aligned, x as well if AlignedX. The sum starts from `start`, in lane 0.
+template <bool AlignedX>
+float dot_vectors(int n, float start, const float* x, const float* y) {
+    const auto products = [&](int i) {
+        return _mm_mul_ps(load<AlignedX>(x + i), _mm_load_ps(y + i));
+    };
+    __m128 acc0 = _mm_set_ss(start), acc1 = _mm_setzero_ps();
+    int i = 0;
+    for (; i + 16 <= n; i += 16) {
+        if constexpr (!AlignedX) {
+            prefetch(x + i, 96), prefetch(x + i, 128);
+            prefetch(y + i, 96), prefetch(y + i, 128);
+        }
+        acc0 = _mm_add_ps(acc0, products(i));
+        acc1 = _mm_add_ps(acc1, products(i + 4));
+        acc0 = _mm_add_ps(acc0, products(i + 8));
+        acc1 = _mm_add_ps(acc1, products(i + 12));
+    }
+    float sum = sum_of_lanes(_mm_add_ps(acc0, acc1));
+    for (; i < n; ++i) sum += x[i] * y[i];
+    return sum;
+}
+
+// Unit steps, single precision throughout, y aligned after `prefix` elements.
+float dot_single(int n, int prefix, const float* x, const float* y) {
+    float start = 0;
+    for (int i = 0; i < prefix; ++i) start += x[i] * y[i];
+    n -= prefix, x += prefix, y += prefix;
+    return is_aligned16(x) ? dot_vectors<true>(n, start, x, y) : dot_vectors<false>(n, start, x, y);
+}
+
+extended dot_one_sided(int n, const float* x, int incx, const float* y, int incy) {
+    const bool unit_x = incx == 1;
+    return dot_extended<8>(
+        n, walk_start(x, n, incx), incx, walk_start(y, n, incy), incy,
+        [=](const float* px, const float* py) { prefetch(unit_x ? px : py, 96); });
+}
+
+extended dot(int n, const float* x, int incx, const float* y, int incy) {
+    constexpr int kLongestGeneral = 8;
+    if (n <= kLongestGeneral) return dot_strided(n, x, incx, y, incy);
+    turn_unit_step_forward(incx, incy);
+    const int prefix = steps_to<16>(y, n);
+    if (incx == 1 && incy == 1 && prefix >= 0) return dot_single(n, prefix, x, y);
+    if (incx == 1 || incy == 1) return dot_one_sided(n, x, incx, y, incy);
+    return dot_strided(n, x, incx, y, incy);
+}
+
+extended dot_in_order(int n, extended sum, const float* x, int incx, const float* y, int incy) {
+    x = walk_start(x, n, incx);
+    y = walk_start(y, n, incy);
+    for (; n > 0; --n, x += incx, y += incy) sum += widen(*x) * *y;
+    return sum;
+}
+
+} // namespace
+
+VOR_ENGINE long double vor_blas_sdot PARAMS_DOT(float) {
+    return dot(*n, x, *incx, y, *incy);
+}
+VOR_EXTENDED_ENTRY(float, sdot, SDOT, vor_blas_sdot, PARAMS_DOT(float), ARGS_DOT)
+
+VOR_ENGINE double vor_blas_ddot PARAMS_DOT(double) {
+    return dot(*n, x, *incx, y, *incy);
+}
+VOR_ENTRY(double, ddot, DDOT, vor_blas_ddot, PARAMS_DOT(double), ARGS_DOT)
+
+VOR_ENGINE double vor_blas_dsdot PARAMS_DOT(float) {
+    return static_cast<double>(dot_in_order(*n, 0, x, *incx, y, *incy));
+}
+VOR_ENTRY(double, dsdot, DSDOT, vor_blas_dsdot, PARAMS_DOT(float), ARGS_DOT)
+
+VOR_ENGINE float vor_blas_sdsdot PARAMS_SDSDOT {
+    return static_cast<float>(dot_in_order(*n, *sb, x, *incx, y, *incy));
+}
+VOR_ENTRY(float, sdsdot, SDSDOT, vor_blas_sdsdot, PARAMS_SDSDOT, ARGS_SDSDOT)

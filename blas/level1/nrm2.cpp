@@ -1,0 +1,61 @@
+// nrm2: the Euclidean norm, square root of the sum of abs(x[i])^2; 0 with n < 1.
+//
+// Nothing is scaled. Extended precision holds the square of every double, so neither dnrm2 nor dznrm2
+// overflow before their result does. snrm2 and scnrm2 with unit step sum squares in single precision:
+// elements above about 1.8e19 give infinity there, and a finite result with any other step. The square
+// root is taken in extended precision. The sign of the step does not matter but for snrm2, where only
+// 1 is a unit step.
+#include "blas/level1/engines.h"
+#include "blas/level1/sums.h"
+#include "serv/entry.h"
+#include "vor_blas.h"
+
+namespace {
+
+using namespace vor;
+
+// Of each four entries, the first and third go to a, the second to b, the fourth to c.
+extended sum_entries(int n, const double* x) {
+    extended a = 0, b = 0, c = 0;
+    for (; n >= 4; n -= 4, x += 4) {
+        prefetch(x, 128);
+        a += Square::of(x[0]);
+        b += Square::of(x[1]);
+        a += Square::of(x[2]);
+        c += Square::of(x[3]);
+    }
+    extended sum = (b + a) + c;
+    for (; n > 0; --n) sum += Square::of(*x++);
+    return sum;
+}
+
+template <class T>
+real_t<T> nrm2(int n, const T* x, int incx) {
+    using R = real_t<T>;
+    constexpr int kParts = sizeof(T) / sizeof(R);
+    constexpr bool kBackwardsIsUnit = sizeof(T) != sizeof(float);
+    constexpr int kVectors = is_complex<T> ? 6 : 4;
+    const auto* entries = reinterpret_cast<const R*>(x);
+    const auto root = [](extended sum) { return static_cast<R>(__builtin_sqrtl(sum)); };
+    if (n < 1) return 0;
+    if (incx == 1 || (kBackwardsIsUnit && incx == -1)) {
+        if constexpr (sizeof(R) == sizeof(double)) {
+            return root(sum_entries(kParts * n, entries));
+        } else if (const int prefix = steps_to<16>(entries, kParts * n); prefix >= 0) {
+            return root(sum_vectors<Square, kVectors>(kParts * n, prefix, entries));
+        }
+    }
+    return root(sum_strided<Square>(n, x, incx));
+}
+
+} // namespace
+
+#define NRM2(name, NAME, T, R)                                                                     \
+    VOR_ENGINE R vor_blas_##name PARAMS_VALUE(T) {                                                 \
+        return nrm2(*n, x, *incx);                                                                 \
+    }                                                                                              \
+    VOR_ENTRY(R, name, NAME, vor_blas_##name, PARAMS_VALUE(T), ARGS_VALUE)
+NRM2(snrm2, SNRM2, float, float)
+NRM2(dnrm2, DNRM2, double, double)
+NRM2(scnrm2, SCNRM2, vor::cfloat, float)
+NRM2(dznrm2, DZNRM2, vor::cdouble, double)

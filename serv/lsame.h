@@ -1,0 +1,18 @@
+// The case-blind character tests that argument checks and engines use.
+#pragma once
+
+namespace vor {
+
+// ASCII letters only, whatever the locale.
+constexpr char upper(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
+}
+
+} // namespace vor
+
+extern "C" {
+// All bits set if the first characters are the same letter in any case, or the same byte; else 0.
+// The lengths are not read: callers inside the library pass 1.
+int vor_serv_lsame(const char* ca, const char* cb, int ca_length, int cb_length);
+int vor_serv_lsamen(const int* n, const char* ca, const char* cb, int ca_length, int cb_length);
+}

@@ -1,0 +1,46 @@
+// In-order complex leaves: the first transforms, read from the input with strides. Block by block,
+// for t = 0 to c-1
+//
+//     y[t r + k] = sum over m of x[offset + t p + m p c] W^(m k),   W = exp(-2 pi i / r)
+//
+// or with the conjugate in the inverse direction. Source and destination do not overlap.
+#include "signal/dft/column.h"
+#include "signal/dft/kernels.h"
+
+namespace vor::dft {
+namespace {
+
+template <Direction D, class Radix, Complex C>
+VOR_INLINE inline void leaf(Radix radix, const C* x, int p, C* y, int c, int blocks,
+                            const int* offsets) {
+    for (int b = 0; b < blocks; ++b) {
+        const C* from = x + offsets[b];
+        for (int t = 0; t < c; ++t, from += p, y += radix.size())
+            column<D>(radix, from, y, p * c, 1);
+    }
+}
+
+constexpr int kNoOffset = 0;
+
+} // namespace
+} // namespace vor::dft
+
+#define LEAF(R, Dir, D, suffix, C)                                                                 \
+    extern "C" void tavs_cDft##Dir##_Prime##R##_##suffix(const C* source, int p, C* destination,   \
+                                                         int c, int blocks, const int* offsets) {  \
+        vor::dft::leaf<vor::dft::Direction::D>(vor::dft::FixedRadix<R>{}, source, p, destination,  \
+                                               c, blocks, offsets);                                \
+    }
+#define LEAVES(Dir, D, suffix, T, C)                                                               \
+    LEAF(3, Dir, D, suffix, C)                                                                     \
+    LEAF(5, Dir, D, suffix, C)                                                                     \
+    extern "C" void tavs_cDft##Dir##_Prime_##suffix(const C* source, int p, C* destination, int r, \
+                                                    int c, const C* table, void* scratch) {        \
+        const vor::dft::TableRadix<T> radix{r, table, scratch};                                    \
+        vor::dft::leaf<vor::dft::Direction::D>(radix, source, p, destination, c, 1,                \
+                                               &vor::dft::kNoOffset);                              \
+    }
+LEAVES(Fwd, forward, 32fc, float, vor::cfloat)
+LEAVES(Inv, inverse, 32fc, float, vor::cfloat)
+LEAVES(Fwd, forward, 64fc, double, vor::cdouble)
+LEAVES(Inv, inverse, 64fc, double, vor::cdouble)

@@ -1,0 +1,178 @@
+// Building, measuring and releasing the DFT objects.
+//
+// A length is tiny (up to 4, no tables), a power of two (an FFT object does the work), composite with
+// small prime factors (stages), or else goes by direct sum or, above a limit, by chirp. A real object
+// of even length N works on N/2 complex values between recombinations.
+//
+// An object is immutable from the end of its build to its release.
+#include "signal/dft/kernels.h"
+#include "signal/dft/kinds.h"
+
+#include <math.h>
+
+namespace vor::dft {
+namespace {
+
+template <class T>
+bool decode_flag(Context<T>& ctx, int flag) {
+    const auto n = static_cast<long double>(ctx.lenDft);
+    switch (flag) {
+    case TAV_FFT_DIV_FWD_BY_N:
+        ctx.doScaleFwd = 1;
+        ctx.normFactor = static_cast<T>(1 / n);
+        return true;
+    case TAV_FFT_DIV_INV_BY_N:
+        ctx.doScaleInv = 1;
+        ctx.normFactor = static_cast<T>(1 / n);
+        return true;
+    case TAV_FFT_DIV_BY_SQRTN:
+        ctx.doScaleFwd = ctx.doScaleInv = 1;
+        ctx.normFactor = static_cast<T>(1 / sqrtl(n));
+        return true;
+    case TAV_FFT_NODIV_BY_ANY:
+        return true;
+    default:
+        return false;
+    }
+}
+
+// The engine of `length` elements of type E.
+template <class E, class T = real_t<E>>
+TavStatus init_engine(Context<T>& ctx, int length, bool out_of_order, const complex_t<E>* base) {
+    using K = Shared<T>;
+    auto* const object = reinterpret_cast<DftCtx*>(&ctx);
+    if (factorise(ctx, length)) {
+        ctx.isPrimeFact = 1;
+        ctx.isOutOrd = out_of_order;
+        return K::init_stages(object, length, base, ctx.lenDft);
+    }
+    if (length > (is_complex<E> ? kLongestDirect : kLongestDirectRealOdd))
+        return K::init_chirp(object, length, base, ctx.lenDft);
+    ctx.tabDir = K::direct_table(base, length, ctx.lenDft / length);
+    return ctx.tabDir ? set_buffer<E>(ctx, static_cast<size_t>(length)) : tavStsMemAllocErr;
+}
+
+template <class T, class C = complex_t<T>>
+TavStatus init_real_even(Context<T>& ctx, const C* base) {
+    using K = Shared<T>;
+    const int n = ctx.lenDft;
+    ctx.tabRecFwd = K::forward_recombination(base, n);
+    ctx.tabRecInv = K::inverse_recombination(base, n);
+    if (!ctx.tabRecFwd || !ctx.tabRecInv) return tavStsMemAllocErr;
+    return init_engine<C>(ctx, n / 2, false, base);
+}
+
+template <class K, class T>
+TavStatus init_from_base(Context<T>& ctx, const complex_t<T>* base) {
+    if constexpr (!K::kReal)
+        return init_engine<complex_t<T>>(ctx, ctx.lenDft, K::kOutOfOrder, base);
+    else if (ctx.lenDft % 2 == 0)
+        return init_real_even(ctx, base);
+    else
+        return init_engine<T>(ctx, ctx.lenDft, false, base);
+}
+
+template <class K, class T>
+TavStatus init_tables(Context<T>& ctx) {
+    complex_t<T>* const base = Shared<T>::base_table(ctx.lenDft);
+    if (!base) return tavStsMemAllocErr;
+    const TavStatus status = init_from_base<K>(ctx, base);
+    tavsFree(base);
+    return status;
+}
+
+template <class K, class T>
+TavStatus init_power_of_two(Context<T>& ctx, int flag) {
+    ctx.isPow2 = 1;
+    const TavStatus status = K::fft_init(&ctx.fftSpec, order_of(ctx.lenDft), flag, ctx.hint);
+    return status == tavStsNoErr ? K::fft_buffer(ctx.fftSpec, &ctx.bufSize) : status;
+}
+
+// Frees all that the object owns but the FFT object of its length, then the object.
+template <class T>
+void destroy(Context<T>& ctx) {
+    tavsFree(ctx.tabDir);
+    tavsFree(ctx.tabRecFwd);
+    tavsFree(ctx.tabRecInv);
+    tavsFree(ctx.tabChirp);
+    tavsFree(ctx.tabChirpFft);
+    tavsFree(ctx.tabPerm);
+    if (ctx.fftConvSpec) Shared<T>::fft_free(ctx.fftConvSpec);
+    const void* shared = nullptr; // the direct table that equal neighbours share
+    for (int i = 0; ctx.isPrimeFact && i <= ctx.lastFactor + 1; ++i) {
+        tavsFree(ctx.fact[i].tabTwiddle);
+        if (ctx.fact[i].tabDirFactor != shared) tavsFree(ctx.fact[i].tabDirFactor);
+        if (ctx.fact[i].tabDirFactor) shared = ctx.fact[i].tabDirFactor;
+    }
+    ctx.idCtx = 0;
+    tavsFree(&ctx);
+}
+
+template <class K, class T>
+void destroy_all(Context<T>& ctx) {
+    if (ctx.fftSpec) K::fft_free(ctx.fftSpec);
+    destroy(ctx);
+}
+
+template <class K>
+TavStatus init(DftCtx** object, int n, int flag, int hint) {
+    using T = typename K::Real;
+    if (!object) return tavStsNullPtrErr;
+    if (n < 1) return tavStsSizeErr;
+    auto* const ctx = allocate<Context<T>>(1);
+    if (!ctx) return tavStsMemAllocErr;
+    __builtin_memset(ctx, 0, sizeof *ctx);
+    ctx->idCtx = K::kIdentity;
+    ctx->lenDft = n;
+    ctx->hint = hint;
+    TavStatus status = tavStsNoErr;
+    if (!decode_flag(*ctx, flag))
+        status = tavStsFftFlagErr;
+    else if (n > kLongestTiny)
+        status = (n & (n - 1)) == 0 ? init_power_of_two<K>(*ctx, flag) : init_tables<K>(*ctx);
+    if (status != tavStsNoErr) {
+        destroy_all<K>(*ctx);
+        return status;
+    }
+    *object = reinterpret_cast<DftCtx*>(ctx);
+    return tavStsNoErr;
+}
+
+template <class K>
+TavStatus release(DftCtx* object) {
+    if (!object) return tavStsNullPtrErr;
+    auto& ctx = context_of<typename K::Real>(object);
+    if (ctx.idCtx != K::kIdentity) return tavStsContextMatchErr;
+    destroy_all<K>(ctx);
+    return tavStsNoErr;
+}
+
+template <class K>
+TavStatus buffer_size(const DftCtx* object, int* bytes) {
+    if (!object || !bytes) return tavStsNullPtrErr;
+    const auto& ctx = context_of<typename K::Real>(object);
+    if (ctx.idCtx != K::kIdentity) return tavStsContextMatchErr;
+    *bytes = ctx.bufSize;
+    return tavStsNoErr;
+}
+
+} // namespace
+} // namespace vor::dft
+
+#define OBJECT(family, kind, Kind)                                                                 \
+    extern "C" TavStatus tavs##family##InitAlloc_##kind(DftCtx** object, int length, int flag,     \
+                                                        int hint) {                                \
+        return vor::dft::init<vor::dft::Kind>(object, length, flag, hint);                         \
+    }                                                                                              \
+    extern "C" TavStatus tavs##family##Free_##kind(DftCtx* object) {                               \
+        return vor::dft::release<vor::dft::Kind>(object);                                          \
+    }                                                                                              \
+    extern "C" TavStatus tavs##family##GetBufSize_##kind(const DftCtx* object, int* bytes) {       \
+        return vor::dft::buffer_size<vor::dft::Kind>(object, bytes);                               \
+    }
+OBJECT(DFT, C_32fc, Complex32)
+OBJECT(DFT, C_64fc, Complex64)
+OBJECT(DFT, R_32f, Real32)
+OBJECT(DFT, R_64f, Real64)
+OBJECT(DFTOutOrd, C_32fc, OutOfOrder32)
+OBJECT(DFTOutOrd, C_64fc, OutOfOrder64)

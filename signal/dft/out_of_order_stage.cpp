@@ -1,0 +1,86 @@
+// Out-of-order complex stages and leaves. All v columns of block b, f v elements at b f v, share one
+// set of twiddles w_m, those of the block's digit-reversed index:
+//
+//     forward:  a_m = w_m x[m v + j],   y = transform of length f of a
+//     inverse:  y_m = conj(w_m) times element m of the inverse transform of length f of x
+//
+// Each stage works at the places it reads, so it may run in place, and the inverse undoes the
+// forward one, up to a factor f. A leaf has no twiddles and takes the whole array as one block.
+#include "signal/dft/column.h"
+#include "signal/dft/kernels.h"
+
+namespace vor::dft {
+namespace {
+
+template <Direction D>
+constexpr Twiddles kSide = D == Direction::forward ? Twiddles::before : Twiddles::after;
+
+template <Direction D, class Radix, Complex C>
+VOR_INLINE inline void out_stage(Radix radix, const C* x, C* y, int v, int first, int blocks,
+                                 const C* twiddle) {
+    const int f = radix.size(), step = radix.step();
+    const C* w = twiddle + first * step;
+    const C* const end = w + blocks * step;
+    x += first * f * v;
+    y += first * f * v;
+    if (v == 1) {
+        for (; w != end; w += step, x += f, y += f) column<D, kSide<D>>(radix, x, y, 1, 1, w);
+        return;
+    }
+    for (; w != end; w += step, x += f * v, y += f * v)
+        for (int j = 0; j < v; ++j) column<D, kSide<D>>(radix, x + j, y + j, v, v, w);
+}
+
+template <Direction D, class Radix, Complex C>
+VOR_INLINE inline void out_leaf(Radix radix, const C* x, C* y, int v) {
+    for (int j = 0; j < v; ++j) column<D>(radix, x + j, y + j, v, v);
+}
+
+// One block; the twiddles of block 0 are all 1.
+template <Direction D, class T, Complex C = complex_t<T>>
+VOR_INLINE inline void table_out_stage(TableRadix<T> radix, const C* x, C* y, int v, int block,
+                                       const C* twiddle) {
+    if (block == 0)
+        out_leaf<D>(radix, x, y, v);
+    else
+        out_stage<D>(radix, x, y, v, block, 1, twiddle);
+}
+
+} // namespace
+} // namespace vor::dft
+
+#define STAGE(F, Dir, D, suffix, C)                                                                \
+    extern "C" void tavs_cDftOutOrd##Dir##_Fact##F##_##suffix(                                     \
+        const C* source, C* destination, int v, int first, int blocks, const C* twiddle) {         \
+        vor::dft::out_stage<vor::dft::Direction::D>(vor::dft::FixedRadix<F>{}, source,             \
+                                                    destination, v, first, blocks, twiddle);       \
+    }
+#define LEAF(R, Dir, D, suffix, C)                                                                 \
+    extern "C" void tavs_cDftOutOrd##Dir##_Prime##R##_##suffix(const C* source, C* destination,    \
+                                                               int v) {                            \
+        vor::dft::out_leaf<vor::dft::Direction::D>(vor::dft::FixedRadix<R>{}, source, destination, \
+                                                   v);                                             \
+    }
+#define KERNELS(Dir, D, suffix, T, C)                                                              \
+    STAGE(2, Dir, D, suffix, C)                                                                    \
+    STAGE(3, Dir, D, suffix, C)                                                                    \
+    STAGE(4, Dir, D, suffix, C)                                                                    \
+    STAGE(5, Dir, D, suffix, C)                                                                    \
+    extern "C" void tavs_cDftOutOrd##Dir##_Fact_##suffix(const C* source, C* destination, int f,   \
+                                                         int v, int block, const C* table,         \
+                                                         const C* twiddle, void* scratch) {        \
+        const vor::dft::TableRadix<T> radix{f, table, scratch};                                    \
+        vor::dft::table_out_stage<vor::dft::Direction::D>(radix, source, destination, v, block,    \
+                                                          twiddle);                                \
+    }                                                                                              \
+    LEAF(3, Dir, D, suffix, C)                                                                     \
+    LEAF(5, Dir, D, suffix, C)                                                                     \
+    extern "C" void tavs_cDftOutOrd##Dir##_Prime_##suffix(const C* source, C* destination, int r,  \
+                                                          int v, const C* table, void* scratch) {  \
+        const vor::dft::TableRadix<T> radix{r, table, scratch};                                    \
+        vor::dft::out_leaf<vor::dft::Direction::D>(radix, source, destination, v);                 \
+    }
+KERNELS(Fwd, forward, 32fc, float, vor::cfloat)
+KERNELS(Inv, inverse, 32fc, float, vor::cfloat)
+KERNELS(Fwd, forward, 64fc, double, vor::cdouble)
+KERNELS(Inv, inverse, 64fc, double, vor::cdouble)

@@ -1,0 +1,117 @@
+// The stage drivers of real transforms of odd length, on half-complex data.
+//
+// They walk the plan as the complex in-order driver does. Real stages cannot run in place, so the
+// data alternate between two arrays, chosen by the parity of the stage. Forward, the second array
+// beside the work buffer is the destination, where the last stage lands; in place it is a further
+// part of the work buffer, since the leaves still read the source. Inverse, the order is reversed and
+// the leaves scatter over the whole destination, so both arrays are parts of the work buffer.
+#include "signal/dft/kernels.h"
+
+namespace vor::dft {
+namespace {
+
+template <class T, Direction D>
+class RealInOrder {
+public:
+    using K = Directed<T, D>;
+
+    RealInOrder(const Context<T>& ctx, const T* source, T* destination, void* work)
+        : ctx_(ctx), source_(source), destination_(destination) {
+        const int n = ctx.lenDft;
+        T* const buffer = static_cast<T*>(work);
+        constexpr bool kForward = D == Direction::forward;
+        arrays_[1] = buffer;
+        arrays_[0] = kForward && source != destination ? destination : buffer + n;
+        scratch_ = align_up(buffer + 2 * n);
+    }
+
+    // Record i and all later ones: the block at `block`, whose reals begin at `start` and follow
+    // with the stride of the record.
+    void run(int i, int start, int block) const {
+        const DftFactorRec<T>& record = ctx_.fact[i];
+        if constexpr (D == Direction::inverse) {
+            if (!swept(i)) stage(i, block);
+        }
+        if (swept(i)) {
+            sweep(i, start, block);
+        } else {
+            for (int j = 0; j < record.factor; ++j)
+                run(i + 1, start + j * record.prodBefore, block + j * record.rest);
+        }
+        if constexpr (D == Direction::forward) {
+            if (!swept(i)) stage(i, block);
+        }
+    }
+
+private:
+    bool swept(int i) const {
+        const DftFactorRec<T>& record = ctx_.fact[i];
+        return i == ctx_.lastFactor || record.factor * record.rest < kSweepLimit<T>;
+    }
+
+    void sweep(int i, int start, int block) const {
+        if constexpr (D == Direction::forward) {
+            leaf(source_ + start, array(ctx_.lastFactor + 1) + block);
+            for (int k = ctx_.lastFactor; k >= i; --k) stage(k, block);
+        } else {
+            for (int k = i; k <= ctx_.lastFactor; ++k) stage(k, block);
+            leaf(array(ctx_.lastFactor + 1) + block, destination_ + start);
+        }
+    }
+
+    T* array(int i) const { return arrays_[i % 2]; }
+
+    // x strided and y packed forward, the other way round inverse.
+    void leaf(const T* x, T* y) const {
+        const DftFactorRec<T>& last = ctx_.last();
+        const int c = last.factor, p = last.prodBefore, r = last.rest;
+        if (r == 3) return K::real_leaf3(x, p, y, c, last.nBlocks, ctx_.tabPerm);
+        if (r == 5) return K::real_leaf5(x, p, y, c, last.nBlocks, ctx_.tabPerm);
+        constexpr bool kForward = D == Direction::forward;
+        for (int b = 0; b < last.nBlocks; ++b) {
+            const int strided = ctx_.tabPerm[b], packed = b * c * r;
+            K::real_leaf(x + (kForward ? strided : packed), p, y + (kForward ? packed : strided), r,
+                         c, ctx_.remainder().tabDirFactor, scratch_);
+        }
+    }
+
+    // Forward, stage i reads array i + 1 and writes array i, stage 0 the destination; inverse, it
+    // reads array i, stage 0 the source, and writes array i + 1.
+    void stage(int i, int block) const {
+        constexpr bool kForward = D == Direction::forward;
+        const T* const whole = i == 0 ? source_ : array(i);
+        T* const target = i == 0 ? destination_ : array(i);
+        kernel(ctx_.fact[i], (kForward ? array(i + 1) : whole) + block,
+               (kForward ? target : array(i + 1)) + block);
+    }
+
+    void kernel(const DftFactorRec<T>& record, const T* x, T* y) const {
+        const int f = record.factor, r = record.rest, blocks = record.nBlocks;
+        if (f == 3) return K::real_stage3(x, y, r, blocks, record.tabTwiddle);
+        if (f == 5) return K::real_stage5(x, y, r, blocks, record.tabTwiddle);
+        for (int b = 0; b < blocks; ++b)
+            K::real_stage(x + b * f * r, y + b * f * r, f, r, record.tabDirFactor,
+                          record.tabTwiddle, scratch_);
+    }
+
+    const Context<T>& ctx_;
+    const T* source_;
+    T* destination_;
+    T* arrays_[2];
+    T* scratch_;
+};
+
+} // namespace
+} // namespace vor::dft
+
+#define REAL_IN_ORDER(Dir, D, suffix, T)                                                           \
+    extern "C" void tavs_rDft##Dir##_PrimeFact_##suffix(const DftCtx* object, const T* source,     \
+                                                        T* destination, void* work) {              \
+        using namespace vor::dft;                                                                  \
+        RealInOrder<T, Direction::D>(context_of<T>(object), source, destination, work)             \
+            .run(0, 0, 0);                                                                         \
+    }
+REAL_IN_ORDER(Fwd, forward, 32f, float)
+REAL_IN_ORDER(Inv, inverse, 32f, float)
+REAL_IN_ORDER(Fwd, forward, 64f, double)
+REAL_IN_ORDER(Inv, inverse, 64f, double)

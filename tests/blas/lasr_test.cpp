@@ -1,0 +1,128 @@
+// Rotation sequences against the same rotations in extended precision, and the inner-product utility.
+#include "tests/blas/level2.h"
+#include "tests/common/allocations.h"
+#include "vor_service.h"
+
+#include <omp.h>
+
+#include <cstdlib>
+
+using namespace vor::test;
+
+namespace {
+
+const int parallel_mode = setenv("VOR_SERIAL", "NO", 1);
+
+template <class T>
+using Lasr = void(const int*, const int*, const vor::real_t<T>*, const vor::real_t<T>*, T*,
+                  const int*);
+template <class T>
+struct Member {
+    char pivot;
+    bool forward;
+    Lasr<T>* routine;
+};
+#define MEMBERS(p)                                                                                 \
+    {                                                                                              \
+        {'v', true, p##lasr_lvf}, {'v', false, p##lasr_lvb_}, {'t', true, p##lasr_ltf},            \
+            {'t', false, p##lasr_ltb}, {'b', true, p##lasr_lbf}, {                                 \
+            'b', false, p##lasr_lbb                                                                \
+        }                                                                                          \
+    }
+template <class T>
+std::vector<Member<T>> members() {
+    if constexpr (std::is_same_v<T, float>) return MEMBERS(s);
+    if constexpr (std::is_same_v<T, double>) return MEMBERS(d);
+    if constexpr (std::is_same_v<T, vor::cfloat>) return MEMBERS(c);
+    if constexpr (std::is_same_v<T, vor::cdouble>) return MEMBERS(z);
+}
+
+template <class T>
+class RotationSequence : public testing::Test {};
+TYPED_TEST_SUITE(RotationSequence, Elements);
+
+TYPED_TEST(RotationSequence, TurnsPairsOfRowsInOrder) {
+    using T = TypeParam;
+    using Real = vor::real_t<T>;
+    Random random(17);
+    for (const auto& [pivot, forward, routine] : members<T>())
+        for (const int m : {0, 1, 2, 3, 9, 40})
+            for (const int n : {0, 1, 3, 4, 5, 9}) {
+                std::vector<Real> c, s;
+                for (int j = 0; j + 1 < m; ++j) {
+                    const double angle = 3 * random.next<double>();
+                    c.push_back(static_cast<Real>(std::cos(angle)));
+                    s.push_back(static_cast<Real>(std::sin(angle)));
+                }
+                Matrix<T> a = Matrix<T>::random(random, 'N', m, n, 3, sizeof(T));
+                std::vector<std::vector<Wide>> want(static_cast<size_t>(n));
+                for (int j = 0; j < n; ++j)
+                    for (int i = 0; i < m; ++i)
+                        want[static_cast<size_t>(j)].push_back(wide(a(i, j)));
+                routine(&m, &n, c.data(), s.data(), a.data(), &a.ld());
+
+                ErrorMeter<T> worst;
+                for (int j = 0; j < n; ++j) {
+                    auto& column = want[static_cast<size_t>(j)];
+                    long double norm = 0;
+                    for (const Wide& x : column) norm = std::hypot(norm, std::abs(x));
+                    for (int k = 0; k + 1 < m; ++k) {
+                        const int r = forward ? k : m - 2 - k;
+                        Wide& upper = column[static_cast<size_t>(pivot == 't' ? 0 : r)];
+                        Wide& lower = column[static_cast<size_t>(pivot == 'b' ? m - 1 : r + 1)];
+                        const long double cosine = c[static_cast<size_t>(r)];
+                        const long double sine = s[static_cast<size_t>(r)];
+                        const Wide old = upper;
+                        upper = cosine * old + sine * lower;
+                        lower = cosine * lower - sine * old;
+                    }
+                    for (int i = 0; i < m; ++i)
+                        meter(worst, a(i, j), Expected{column[static_cast<size_t>(i)], norm});
+                }
+                EXPECT_LE(worst.worst(), 2 * m + 1) << pivot << forward << " " << m << " " << n;
+                EXPECT_TRUE(a.intact());
+            }
+}
+
+template <class T>
+void check_inner_products(void (*routine)(const int*, const int*, const T*, const T*, T*), int k,
+                          int m) {
+    Random random(19);
+    const Matrix<T> a = Matrix<T>::random(random, 'N', k, m),
+                    b = Matrix<T>::random(random, 'N', k, m);
+    Matrix<T> c(m, m, 0, sizeof(T)); // holds NaN
+    routine(&k, &m, a.data(), b.data(), c.data());
+    const Operand<T> left(a, 'T'), right(b, 'N');
+    const double worst = worst_error(
+        c, [&](int i, int j) { return product_element(T{1}, left, right, k, T{0}, c, i, j); });
+    EXPECT_LE(worst, 0.5 * k + 10) << k << " " << m;
+    EXPECT_TRUE(c.intact());
+}
+
+// One thread more than parts of k, fewer rows than parts, no rows at all.
+TEST(InnerProducts, OnAnyNumberOfThreads) {
+    for (const int threads : {1, 2, 3, 5}) {
+        omp_set_num_threads(threads);
+        for (const int k : {0, 1, 2, 5, 64, 501})
+            for (const int m : {1, 3, 17}) {
+                check_inner_products(xssexy, k, m);
+                check_inner_products(XDSEXY_, k, m);
+            }
+    }
+    omp_set_num_threads(2);
+}
+
+TEST(InnerProducts, OneThreadServesWhenMemoryIsShort) {
+    omp_set_num_threads(3);
+    VOR_FreeBuffers();
+    Allocations allocations;
+    allocations.fail_from(1);
+    check_inner_products(xdsexy, 200, 9);
+    EXPECT_TRUE(allocations.failed());
+    allocations.fail_at(0);
+    VOR_FreeBuffers();
+    EXPECT_EQ(allocations.live(), 0);
+    omp_set_num_threads(2);
+}
+
+} // namespace

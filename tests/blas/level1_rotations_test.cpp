@@ -1,0 +1,270 @@
+// Set-up of rotations: bit for bit against the formulas in the precision that they promise, and by what
+// a rotation has to do. Positions of extreme elements.
+#include "tests/blas/level1.h"
+
+#include <xmmintrin.h>
+
+using namespace vor;
+using namespace vor::test;
+
+namespace {
+
+template <class T>
+struct RealRotations : testing::Test {};
+TYPED_TEST_SUITE(RealRotations, RealTypes);
+template <class T>
+struct ComplexRotations : testing::Test {};
+TYPED_TEST_SUITE(ComplexRotations, ComplexTypes);
+template <class T>
+struct Extremes : testing::Test {};
+TYPED_TEST_SUITE(Extremes, AllTypes);
+
+// One Newton step on the processor's own estimate: the estimate differs between processors.
+float root(float v) {
+    const float e = v == 0 ? 0 : _mm_cvtss_f32(_mm_rsqrt_ss(_mm_set_ss(v)));
+    const float p = v * e;
+    return p * (e * p - 3) * -0.5f;
+}
+long double root(long double v) {
+    return std::sqrt(v);
+}
+
+template <class T>
+T random_magnitude(Random& random) {
+    return std::ldexp(random.next<T>(), random.below(40) - 20);
+}
+
+} // namespace
+
+TYPED_TEST(RealRotations, RotgFollowsItsFormulas) {
+    using T = TypeParam;
+    using W = std::conditional_t<std::is_same_v<T, float>, float, long double>;
+    Random random(11);
+    for (int i = 0; i < 2000; ++i) {
+        T a = random_magnitude<T>(random), b = random_magnitude<T>(random), c, s;
+        if (i % 10 == 0) b = i % 20 == 0 ? a : -a;
+        if (i % 10 == 1) a = 0;
+        if (i % 10 == 2) b = 0;
+        const W a0 = a, b0 = b;
+        call(Level1<T>::rotg, &a, &b, &c, &s);
+        const bool larger = std::fabs(a0) > std::fabs(b0);
+        const W roe = larger ? a0 : b0, t = (larger ? b0 : a0) / roe, r = roe * root(t * t + 1);
+        const W inverse = 1 / r, c0 = a0 * inverse, s0 = b0 * inverse;
+        ASSERT_EQ(a, static_cast<T>(r)) << a0 << " " << b0;
+        ASSERT_EQ(c, static_cast<T>(c0));
+        ASSERT_EQ(s, static_cast<T>(s0));
+        ASSERT_EQ(b, static_cast<T>(larger ? s0 : c0 == 0 ? 1 : 1 / c0));
+        ASSERT_NEAR(c * a0 + s * b0, a, 1e-6 * std::fabs(a));
+        ASSERT_NEAR(c * b0 - s * a0, 0, 1e-6 * std::fabs(a));
+    }
+    T a = T(-0.0), b = 0, c, s;
+    call(Level1<T>::rotg, &a, &b, &c, &s);
+    EXPECT_EQ((std::vector<T>{a, b, c, s}), (std::vector<T>{0, 0, 1, 0}));
+}
+
+TYPED_TEST(ComplexRotations, RotgTakesTheSecondElementToZero) {
+    using T = TypeParam;
+    using R = real_t<T>;
+    Random random(12);
+    // crotg: three roots of relative error 1e-7 each; zrotg: the roundings of c, s and r.
+    Bound<T> bound("rotg", sizeof(R) == sizeof(float) ? 12 : 3);
+    for (int i = 0; i < 2000; ++i) {
+        const int shift = random.below(16) - 8;
+        T a = random.next<T>(), b = random.next<T>(), s;
+        b = {std::ldexp(b.re, shift), std::ldexp(b.im, shift)};
+        const Wide a0 = wide(a), b0 = wide(b);
+        const T b_before = b;
+        R c;
+        call(Level1<T>::rotg, &a, &b, &c, &s);
+        const long double size = std::sqrt(std::norm(a0) + std::norm(b0)), wc = c;
+        bound.add(std::abs(wide(a)), size, size);
+        bound.add(wc * a0 + wide(s) * b0, wide(a), size);
+        bound.add(wc * b0 - std::conj(wide(s)) * a0, 0, size);
+        bound.add(wc * wc + std::norm(wide(s)), 1, 1);
+        bound.add(wide(a) * std::conj(a0), std::abs(wide(a)) * std::abs(a0), size * std::abs(a0));
+        ASSERT_TRUE(same_bits(b, b_before));
+    }
+    T a{0, 0}, b{3, -4}, s;
+    R c;
+    call(Level1<T>::rotg, &a, &b, &c, &s);
+    EXPECT_EQ(c, 0);
+    EXPECT_EQ(wide(s), Wide(1));
+    EXPECT_EQ(wide(a), wide(b));
+}
+
+// H is made explicit from param; D is the diagonal of the new d1, d2. Then H (x1, y1) = (new x1, 0) and
+// H^T D H is the old diagonal.
+TYPED_TEST(RealRotations, RotmgKeepsTheWeightedNorm) {
+    using T = TypeParam;
+    Random random(13);
+    // One scaling by a decimal constant is off by 26 eps (1/4096 squared in float) or 47 (2^-24).
+    Bound<T> bound("rotmg", sizeof(T) == 4 ? 40 : 60);
+    int flags[3] = {};
+    for (int i = 0; i < 4000; ++i) {
+        const int exponent = i % 2 == 0 ? 1 : 60;
+        const auto weight = [&] {
+            return std::ldexp(std::fabs(random.next<T>()) + T(0.1),
+                              random.below(exponent) - exponent / 2);
+        };
+        T d1 = weight(), d2 = weight() * T(i % 5 == 0 ? -1 : 1), x1 = random.next<T>();
+        const T y1 = random.next<T>();
+        const long double d1_0 = d1, d2_0 = d2, x1_0 = x1;
+        const T untouched = T(0.1234);
+        T param[5] = {9, untouched, untouched, untouched, untouched};
+        call(Level1<T>::rotmg, &d1, &d2, &x1, y1, param);
+        const long double q1 = d1_0 * x1_0 * x1_0, q2 = d2_0 * y1 * y1;
+        if (std::fabs(q1) <= std::fabs(q2) && q2 < 0) {
+            ASSERT_EQ((std::vector<T>{param[0], param[1], param[4], d1, d2, x1}),
+                      (std::vector<T>{-1, 0, 0, 0, 0, 0}));
+            continue;
+        }
+        const int flag = static_cast<int>(param[0]);
+        ASSERT_TRUE(flag >= -1 && flag <= 1);
+        ++flags[flag + 1];
+        long double h11 = param[1], h21 = param[2], h12 = param[3], h22 = param[4];
+        if (flag == 0) {
+            ASSERT_TRUE(param[1] == untouched && param[4] == untouched);
+            h11 = h22 = 1;
+        } else if (flag == 1) {
+            ASSERT_TRUE(param[2] == untouched && param[3] == untouched);
+            h12 = 1, h21 = -1;
+        }
+        const T gamsq = 16777216;
+        ASSERT_TRUE(std::fabs(d1) < gamsq && std::fabs(d1) > 1 / gamsq / 2) << d1;
+        ASSERT_TRUE(std::fabs(d2) < gamsq && std::fabs(d2) > 1 / gamsq / 2) << d2;
+        if (d2_0 < 0) continue; // cancellation: the bounds below hold for positive weights
+        const long double y = y1;
+        bound.add(h11 * x1_0 + h12 * y, x1, std::fabs(h11 * x1_0) + std::fabs(h12 * y));
+        bound.add(h21 * x1_0 + h22 * y, 0, std::fabs(h21 * x1_0) + std::fabs(h22 * y));
+        bound.add(d1 * h11 * h11 + d2 * h21 * h21, d1_0, d1_0);
+        bound.add(d1 * h12 * h12 + d2 * h22 * h22, d2_0, d2_0);
+    }
+    for (int seen : flags) EXPECT_GT(seen, 100);
+}
+
+TYPED_TEST(RealRotations, RotmgEdgesAndScaling) {
+    using T = TypeParam;
+    const struct {
+        T d1, d2, x1, y1;         // in
+        T d1_out, d2_out, x1_out; // out
+        std::vector<T> param;     // out
+    } rows[] = {
+        {-1, 2, 3, 4, 0, 0, 0, {-1, 0, 0, 0, 0}},
+        {1, 0, 3, 4, 1, 0, 3, {-2, 7, 7, 7, 7}},
+        {1, 2, 3, 0, 1, 2, 3, {-2, 7, 7, 7, 7}},
+        {1, -1, 1, 2, 0, 0, 0, {-1, 0, 0, 0, 0}},
+        {3, 1, 2, 0, 3, 1, 2, {-2, 7, 7, 7, 7}},
+        // d1 = 2^24: scaled by the decimal reciprocal, x1 and the first row by 4096.
+        {16777216 * 2,
+         16777216 * 2,
+         1,
+         1,
+         T(16777216 * T(sizeof(T) == 4 ? 5.9604645e-08f : 5.960464477539e-08)),
+         T(16777216 * T(sizeof(T) == 4 ? 5.9604645e-08f : 5.960464477539e-08)),
+         8192,
+         {-1, 4096, -4096, 4096, 4096}},
+        // d = 2^-25: scaled by 2^24, with the rounded reciprocal of 4096.
+        {0x1p-24,
+         0x1p-24,
+         1,
+         1,
+         0.5,
+         0.5,
+         T(2 * T(sizeof(T) == 4 ? 0.000244141f : 0x1p-12)),
+         {-1, T(sizeof(T) == 4 ? 0.000244141f : 0x1p-12),
+          -T(sizeof(T) == 4 ? 0.000244141f : 0x1p-12), T(sizeof(T) == 4 ? 0.000244141f : 0x1p-12),
+          T(sizeof(T) == 4 ? 0.000244141f : 0x1p-12)}},
+    };
+    for (const auto& row : rows) {
+        T d1 = row.d1, d2 = row.d2, x1 = row.x1;
+        std::vector<T> param(5, 7);
+        call(Level1<T>::rotmg, &d1, &d2, &x1, row.y1, param.data());
+        EXPECT_EQ((std::vector<T>{d1, d2, x1}),
+                  (std::vector<T>{row.d1_out, row.d2_out, row.x1_out}))
+            << row.d1 << " " << row.d2;
+        EXPECT_EQ(param, row.param) << row.d1 << " " << row.d2;
+    }
+    // An infinite weight comes back: no scaling would ever end.
+    T d1 = std::numeric_limits<T>::infinity(), d2 = 1, x1 = 1, param[5];
+    call(Level1<T>::rotmg, &d1, &d2, &x1, T(1), param);
+    EXPECT_FALSE(std::isfinite(d1) && std::isfinite(d2));
+}
+
+TYPED_TEST(Extremes, FirstOfEqualElements) {
+    using T = TypeParam;
+    Random random(14);
+    each_vector([&](int n, int inc, size_t offset) {
+        Vector<T> x(n, inc, offset);
+        // Few different magnitudes: many ties, in every place of a group.
+        for (int i = 0; i < n; ++i) {
+            const auto part = [&] { return static_cast<real_t<T>>(random.below(41) / 10 - 2); };
+            if constexpr (is_complex<T>)
+                x.at(i) = {part(), part()};
+            else
+                x.at(i) = part();
+        }
+        int largest = n < 1 || inc < 1 ? 0 : 1, smallest = largest;
+        const auto size = [&](int position) {
+            const Wide e = wide(x.at(position - 1));
+            return std::fabs(e.real()) + std::fabs(e.imag());
+        };
+        for (int k = 2; largest > 0 && k <= n; ++k) {
+            if (size(k) > size(largest)) largest = k;
+            if (size(k) < size(smallest)) smallest = k;
+        }
+        ASSERT_EQ(call(Level1<T>::amax, n, x.data(), inc), largest) << n << " " << inc;
+        ASSERT_EQ(call(Level1<T>::amin, n, x.data(), inc), smallest) << n << " " << inc;
+    });
+}
+
+// Four candidates by position modulo 4; the leftover elements compete with the last one. A NaN replaces
+// and is replaced.
+TYPED_TEST(Extremes, NaNReplacesAndIsReplaced) {
+    using T = TypeParam;
+    using R = real_t<T>;
+    Random random(15);
+    for (int round = 0; round < 3000; ++round) {
+        const int n = 2 + random.below(70), inc = 1 + round % 2;
+        Vector<T> x(n, inc, 4);
+        std::vector<R> sizes;
+        for (int i = 0; i < n; ++i) {
+            if (random.below(6) == 0)
+                reinterpret_cast<R&>(x.at(i)) = std::numeric_limits<R>::quiet_NaN();
+            const Wide e = wide(x.at(i));
+            const R re = static_cast<R>(std::fabs(e.real()));
+            sizes.push_back(re + static_cast<R>(std::fabs(e.imag())));
+        }
+        for (bool largest : {true, false}) {
+            const auto beats = [&](R a, R b) { return largest ? !(a <= b) : !(a >= b); };
+            const int groups = n / 4 * 4;
+            std::vector<std::pair<R, int>> best(4, {-1, 0});
+            const auto compete = [&](int k, int i) {
+                if (beats(sizes[size_t(i)], best[size_t(k)].first))
+                    best[size_t(k)] = {sizes[size_t(i)], i + 1};
+            };
+            for (int i = 0; i < std::min(n, groups > 0 ? 4 : 1); ++i)
+                best[size_t(i)] = {sizes[size_t(i)], i + 1};
+            if (n < 4 && !largest) best.resize(1);
+            for (int i = 1; i < n; ++i)
+                if (i >= 4 || n < 4) compete(best.size() == 1 ? 0 : i < groups ? i % 4 : 3, i);
+            auto winner = best[0];
+            for (size_t k = 1; k < best.size(); ++k) {
+                const auto& [size, position] = best[k];
+                if (size == winner.first ? position < winner.second : beats(size, winner.first))
+                    winner = best[k];
+            }
+            ASSERT_EQ(call(largest ? Level1<T>::amax : Level1<T>::amin, n, x.data(), inc),
+                      winner.second)
+                << n << " " << inc << " " << largest;
+        }
+    }
+}
+
+TEST(ExtremeEdges, ComplexMagnitudeIsTheSumOfTheParts) {
+    const cfloat c[] = {{5, 0}, {-3, 4}};
+    EXPECT_EQ(call(icamax, 2, c, 1), 2);
+    // Double precision adds the parts in extended precision: these do not overflow.
+    const cdouble z[] = {{1.5e308, 1.5e308}, {1.6e308, 1.6e308}, {1, 1}};
+    EXPECT_EQ(call(izamax, 3, z, 1), 2);
+    EXPECT_EQ(call(dcabs1, cdouble{-3, 4}), 7);
+}

@@ -1,0 +1,28 @@
+// The reports of the library, caught: this test program has an xerbla_ of its own.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace vor::test {
+
+struct Report {
+    std::string name;
+    int number;
+    bool operator==(const Report&) const = default;
+};
+
+// While an object of this class lives, reports of all threads are kept instead of printed. One object
+// at a time.
+class Reports {
+public:
+    Reports();
+    ~Reports();
+    Reports(const Reports&) = delete;
+    Reports& operator=(const Reports&) = delete;
+
+    // What has come since the latest take().
+    std::vector<Report> take();
+};
+
+} // namespace vor::test

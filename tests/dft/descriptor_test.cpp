@@ -1,0 +1,319 @@
+// Descriptors: creation, release, status texts, every configuration value.
+#include "dft/record.h"
+#include "tests/common/allocations.h"
+#include "vor_dfti.h"
+#include "vor_service.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr int kUntouched = -77;
+
+// A descriptor that is freed at the end of the scope.
+struct Descriptor {
+    explicit Descriptor(std::vector<int> lengths = {8}, int domain = DFTI_COMPLEX,
+                        int precision = DFTI_DOUBLE) {
+        const int dimension = static_cast<int>(lengths.size());
+        EXPECT_EQ(
+            dfti_create_descriptor_highd(&handle, &precision, &domain, &dimension, lengths.data()),
+            0);
+    }
+    ~Descriptor() { EXPECT_EQ(DftiFreeDescriptor(&handle), 0); }
+    int set(int parameter, int value) {
+        return dfti_set_value_intval_(&handle, &parameter, &value);
+    }
+    int get(int parameter, int* value) { return DFTI_GET_VALUE_INTVAL(&handle, &parameter, value); }
+    int value(int parameter) {
+        int v = kUntouched;
+        EXPECT_EQ(get(parameter, &v), 0) << parameter;
+        return v;
+    }
+    DFTI_DESCRIPTOR_HANDLE handle = nullptr;
+};
+
+int create(DFTI_DESCRIPTOR_HANDLE* handle, std::vector<int> lengths, int domain = DFTI_COMPLEX,
+           int precision = DFTI_SINGLE) {
+    const int dimension = static_cast<int>(lengths.size());
+    if (dimension == 1) return DftiCreateDescriptor(handle, precision, domain, 1, lengths[0]);
+    return DftiCreateDescriptor(handle, precision, domain, dimension, lengths.data());
+}
+
+TEST(Descriptor, CreateReportsFaultsInOrderAndNullsTheHandle) {
+    const auto foreign = reinterpret_cast<DFTI_DESCRIPTOR_HANDLE>(0x1000);
+    const struct {
+        std::vector<int> lengths;
+        int domain, precision, status;
+        bool touched;
+    } cases[] = {
+        {std::vector<int>(8, 2), DFTI_COMPLEX, DFTI_SINGLE, 3, false},
+        {{}, DFTI_COMPLEX, DFTI_SINGLE, 3, false},
+        {{0}, DFTI_COMPLEX, DFTI_SINGLE, 3, false},
+        {{4, 4, -1}, 99, 99, 3, false},
+        {{4, 4, 4, 4}, DFTI_REAL, 99, 6, true},
+        {{4}, 34, DFTI_SINGLE, 3, true},
+        {{4}, DFTI_COMPLEX, 37, 3, true},
+        {std::vector<int>(7, 2), DFTI_COMPLEX, DFTI_DOUBLE, 0, true},
+        {{2, 2, 2}, DFTI_REAL, DFTI_DOUBLE, 0, true},
+    };
+    for (const auto& c : cases) {
+        DFTI_DESCRIPTOR_HANDLE handle = foreign;
+        EXPECT_EQ(create(&handle, c.lengths, c.domain, c.precision), c.status);
+        if (c.status == 0) {
+            EXPECT_EQ(DftiFreeDescriptor(&handle), 0);
+        } else {
+            EXPECT_EQ(handle, c.touched ? nullptr : foreign);
+        }
+    }
+}
+
+TEST(Descriptor, FailedAllocationGivesMemoryErrorAndNullHandle) {
+    VOR_FreeBuffers();
+    vor::test::Allocations allocations;
+    allocations.fail_at(1);
+    DFTI_DESCRIPTOR_HANDLE handle = reinterpret_cast<DFTI_DESCRIPTOR_HANDLE>(0x1000);
+    EXPECT_EQ(create(&handle, {8}), DFTI_MEMORY_ERROR);
+    EXPECT_TRUE(allocations.failed());
+    EXPECT_EQ(handle, nullptr);
+}
+
+TEST(Descriptor, LengthsRunFastestFirstInTheRecordsAndAreReversedFromC) {
+    Descriptor d({4, 6, 5});
+    const DftiRecord* head = d.handle;
+    EXPECT_EQ(head->size_so_far, 120);
+    const int strides[] = {1, 4, 24}, products[] = {120, 24, 120}, logs[] = {2, 2, 2};
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(head[i].input_stride, strides[i]);
+        EXPECT_EQ(head[i].output_stride, strides[i]);
+        EXPECT_EQ(head[i].size_so_far, products[i]);
+        EXPECT_EQ(head[i].log2_length, logs[i]);
+        EXPECT_EQ(head[i].max_length, 6);
+        EXPECT_EQ(head[i].on_primitives, i > 0);
+        EXPECT_EQ(head[i].previous, i ? head + i - 1 : nullptr);
+        EXPECT_EQ(head[i].next, i < 2 ? head + i + 1 : nullptr);
+    }
+    DFTI_DESCRIPTOR_HANDLE from_c;
+    ASSERT_EQ(create(&from_c, {4, 6, 5}), 0);
+    int lengths[3];
+    EXPECT_EQ(DftiGetValue(from_c, DFTI_LENGTHS, lengths), 0);
+    EXPECT_EQ(std::vector<int>(lengths, lengths + 3), (std::vector<int>{5, 6, 4}));
+    int one = kUntouched, number = DFTI_LENGTHS;
+    EXPECT_EQ(dfti_get_value_intval(&from_c, &number, &one), DFTI_INVALID_CONFIGURATION);
+    EXPECT_EQ(one, kUntouched);
+    EXPECT_EQ(DftiFreeDescriptor(&from_c), 0);
+    Descriptor single({1});
+    EXPECT_EQ(single.handle->log2_length, 0);
+    EXPECT_EQ(single.handle->on_primitives, 0);
+}
+
+TEST(Descriptor, HandlesThatAreNoneGetThreeOrFive) {
+    DFTI_DESCRIPTOR_HANDLE null = nullptr;
+    char block[16] = "DFX no tag here";
+    auto foreign = reinterpret_cast<DFTI_DESCRIPTOR_HANDLE>(block);
+    int number = DFTI_PLACEMENT, value = DFTI_INPLACE;
+    float single = 1;
+    double extended = 1, data[2] = {};
+    char text[DFTI_VERSION_LENGTH] = "1234567890";
+    const auto all = [&](DFTI_DESCRIPTOR_HANDLE h) {
+        DFTI_DESCRIPTOR_HANDLE free_me = h;
+        return std::vector<int>{
+            DftiCommitDescriptor(h),
+            DftiFreeDescriptor(&free_me),
+            DftiSetValue(h, number, value),
+            DftiGetValue(h, number, &value),
+            DftiSetValue(h, DFTI_DIMENSION, 1),
+            dfti_set_value_sglval(&h, &number, &single),
+            dfti_set_value_dblval(&h, &number, &extended),
+            dfti_set_value_intvec(&h, &number, &value),
+            dfti_set_value_chars(&h, &number, text, 10),
+            dfti_get_value_sglval(&h, &number, &single),
+            dfti_get_value_dblval(&h, &number, &extended),
+            dfti_get_value_intvec(&h, &number, &value),
+            dfti_get_value_chars(&h, &number, text, 10),
+        };
+    };
+    for (int status : all(null)) EXPECT_EQ(status, DFTI_INCONSISTENT_CONFIGURATION);
+    for (int status : all(foreign)) EXPECT_EQ(status, DFTI_BAD_DESCRIPTOR);
+    // The compute calls look at the first byte alone.
+    block[0] = 'X';
+    EXPECT_EQ(DftiComputeForward(null, data), DFTI_INCONSISTENT_CONFIGURATION);
+    EXPECT_EQ(DftiComputeForward(foreign, data), DFTI_BAD_DESCRIPTOR);
+    EXPECT_EQ(dfti_compute_backward_d_out(&foreign, data, data), DFTI_BAD_DESCRIPTOR);
+    EXPECT_EQ(dfti_compute_backward_d_out(&null, data, data), DFTI_INCONSISTENT_CONFIGURATION);
+}
+
+TEST(Descriptor, StatusTexts) {
+    const char* texts[] = {"DFTI_NO_ERROR",
+                           "DFTI_MEMORY_ERROR",
+                           "DFTI_INVALID_CONFIGURATION",
+                           "DFTI_INCONSISTENT_CONFIGURATION",
+                           "DFTI_MULTITHREADED_ERROR",
+                           "DFTI_BAD_DESCRIPTOR",
+                           "DFTI_UNIMPLEMENTED",
+                           "DFTI_VOR_INTERNAL_ERROR",
+                           "DFTI_NUMBER_OF_THREADS_ERROR"};
+    for (int status = -1; status <= 9; ++status) {
+        const std::string want = status >= 0 && status <= 8 ? texts[status] : " ";
+        EXPECT_EQ(DftiErrorMessage(status), want);
+        char filled[42];
+        std::memset(filled, '#', sizeof filled);
+        dfti_error_message_external(filled, 3, &status);
+        std::string padded = want;
+        padded.resize(40, ' ');
+        EXPECT_EQ(std::string(filled, 42), padded + "##");
+        for (int other = 0; other <= 8; ++other)
+            EXPECT_EQ(DftiErrorClass(status, other), status == other);
+    }
+}
+
+TEST(Values, EveryIntegerParameterAgainstLegalIllegalAndUnprovidedValues) {
+    const struct {
+        int number, fresh; // the value of a new descriptor
+        std::vector<int> stored, unprovided, illegal;
+    } parameters[] = {
+        {0, DFTI_COMPLEX, {}, {32, 33, 7}, {}},
+        {1, 1, {}, {1, 2}, {}},
+        {2, 8, {}, {8, 16}, {}},
+        {3, DFTI_DOUBLE, {}, {35, 36}, {}},
+        {7, 1, {5, 0, -3}, {}, {}},
+        {8, 39, {39}, {40, 42}, {41, 0, 43}},
+        {9, 42, {42}, {39, 40}, {41, 0, -1}},
+        {10, 40, {39, 40}, {42}, {38, 41, 0}},
+        {11, 43, {44, 43}, {}, {42, 45, 0}},
+        {14, 0, {9, -9, 0}, {}, {}},
+        {15, 0, {9, -9, 0}, {}, {}},
+        {18, 48, {49, 48}, {}, {47, 50, 0}},
+        {19, 53, {}, {53, 54}, {}},
+        {21, 54, {55, 56, 57, 54}, {}, {53, 58, 0}},
+        {22, 31, {}, {}, {30, 31}},
+        {26, 1, {4, 0, -2}, {}, {}},
+    };
+    for (const auto& p : parameters) {
+        Descriptor d;
+        EXPECT_EQ(d.value(p.number), p.fresh) << p.number;
+        const auto attempt = [&](int value, int status, int after) {
+            EXPECT_EQ(d.set(p.number, value), status) << p.number << " " << value;
+            EXPECT_EQ(d.value(p.number), after) << p.number << " " << value;
+        };
+        int held = p.fresh;
+        for (int value : p.unprovided) attempt(value, DFTI_UNIMPLEMENTED, held);
+        for (int value : p.illegal) attempt(value, DFTI_INCONSISTENT_CONFIGURATION, held);
+        for (int value : p.stored) attempt(held = value, 0, value);
+    }
+    Descriptor d;
+    int value = kUntouched;
+    for (int number : {-1, 4, 5, 6, 12, 13, 16, 17, 20, 23, 24, 25, 27, 1000}) {
+        EXPECT_EQ(d.set(number, 1), DFTI_INCONSISTENT_CONFIGURATION) << number;
+        EXPECT_EQ(d.get(number, &value), DFTI_INCONSISTENT_CONFIGURATION) << number;
+    }
+    EXPECT_EQ(value, kUntouched);
+    Descriptor real({8}, DFTI_REAL);
+    EXPECT_EQ(real.set(DFTI_ORDERING, DFTI_BACKWARD_SCRAMBLED), DFTI_INCONSISTENT_CONFIGURATION);
+}
+
+TEST(Values, ConjugateEvenStorageForcesTheFormatAndDoesNotGiveItBack) {
+    Descriptor d({8}, DFTI_REAL);
+    EXPECT_EQ(d.set(DFTI_CONJUGATE_EVEN_STORAGE, DFTI_COMPLEX_COMPLEX), 0);
+    EXPECT_EQ(d.value(DFTI_PACKED_FORMAT), DFTI_CCE_FORMAT);
+    EXPECT_EQ(d.set(DFTI_CONJUGATE_EVEN_STORAGE, DFTI_COMPLEX_REAL), 0);
+    EXPECT_EQ(d.value(DFTI_PACKED_FORMAT), DFTI_CCE_FORMAT);
+    EXPECT_EQ(DftiCommitDescriptor(d.handle), DFTI_UNIMPLEMENTED);
+    EXPECT_EQ(d.set(DFTI_PACKED_FORMAT, DFTI_PERM_FORMAT), 0);
+    EXPECT_EQ(DftiCommitDescriptor(d.handle), 0);
+}
+
+TEST(Values, StridesScalesAndTexts) {
+    Descriptor d({8, 4}); // C: lengths 4, 8
+    const int given[] = {3, 8, 1};
+    int back[4] = {0, 0, 0, kUntouched};
+    EXPECT_EQ(DftiSetValue(d.handle, DFTI_INPUT_STRIDES, given), 0);
+    EXPECT_EQ(d.handle[0].input_stride, 1);
+    EXPECT_EQ(d.handle[1].input_stride, 8);
+    EXPECT_EQ(d.handle[1].input_offset, 3);
+    EXPECT_EQ(DftiGetValue(d.handle, DFTI_INPUT_STRIDES, back), 0);
+    EXPECT_EQ(std::vector<int>(back, back + 4), (std::vector<int>{3, 8, 1, kUntouched}));
+    int number = DFTI_OUTPUT_STRIDES;
+    const int fastest_first[] = {5, 2, 16};
+    EXPECT_EQ(dfti_set_value_intvec(&d.handle, &number, fastest_first), 0);
+    EXPECT_EQ(d.handle[0].output_stride, 2);
+    EXPECT_EQ(dfti_get_value_intvec(&d.handle, &number, back), 0);
+    EXPECT_EQ(std::vector<int>(back, back + 3), (std::vector<int>{5, 2, 16}));
+
+    // One record of a length other than 1 carries the scale.
+    Descriptor scaled({1, 8}, DFTI_COMPLEX, DFTI_SINGLE);
+    EXPECT_EQ(DftiSetValue(scaled.handle, DFTI_FORWARD_SCALE, 0.1), 0);
+    EXPECT_EQ(scaled.handle[0].forward_scale_s, 1.0f);
+    EXPECT_EQ(scaled.handle[1].forward_scale_s, 0.1f);
+    EXPECT_EQ(scaled.handle[1].forward_scale_d, static_cast<double>(0.1f));
+    float single = 0;
+    EXPECT_EQ(DftiGetValue(scaled.handle, DFTI_FORWARD_SCALE, &single), 0);
+    EXPECT_EQ(single, 0.1f);
+    const double third = 1.0 / 3;
+    number = DFTI_BACKWARD_SCALE;
+    EXPECT_EQ(dfti_set_value_dblval(&scaled.handle, &number, &third), 0);
+    EXPECT_EQ(scaled.handle[1].backward_scale_d, third);
+    EXPECT_EQ(scaled.handle[1].backward_scale_s, static_cast<float>(third));
+    double extended = 0;
+    EXPECT_EQ(dfti_get_value_dblval(&scaled.handle, &number, &extended), 0);
+    EXPECT_EQ(extended, third);
+    Descriptor ones({1, 1});
+    EXPECT_EQ(DftiSetValue(ones.handle, DFTI_FORWARD_SCALE, 3.0), 0);
+    EXPECT_EQ(ones.handle[0].forward_scale_d, 3.0);
+    EXPECT_EQ(ones.handle[1].forward_scale_d, 1.0);
+
+    char text[DFTI_VERSION_LENGTH + 2];
+    std::memset(text, '#', sizeof text);
+    EXPECT_EQ(DftiGetValue(d.handle, DFTI_DESCRIPTOR_NAME, text), 0);
+    EXPECT_STREQ(text, ""); // never set
+    EXPECT_EQ(DftiSetValue(d.handle, DFTI_DESCRIPTOR_NAME, "0123456789ABC"), 0);
+    EXPECT_EQ(DftiGetValue(d.handle, DFTI_DESCRIPTOR_NAME, text), 0);
+    EXPECT_STREQ(text, "0123456789");
+    std::memset(text, '#', sizeof text);
+    number = DFTI_DESCRIPTOR_NAME;
+    EXPECT_EQ(dfti_get_value_chars(&d.handle, &number, text, 10), 0);
+    EXPECT_EQ(std::string(text, 11), "0123456789#");
+    number = DFTI_VERSION;
+    EXPECT_EQ(dfti_get_value_chars(&d.handle, &number, text, 198), 0);
+    EXPECT_EQ(std::string(text, 24), "Orbel(R) Numeric Library");
+    EXPECT_EQ(std::string(text + 196, 4), "  ##");
+    EXPECT_EQ(DftiGetValue(d.handle, DFTI_VERSION, text), 0);
+    EXPECT_EQ(text[197], '\0');
+    EXPECT_EQ(text[198], '#');
+    // Wrong kind of entry for a number.
+    number = DFTI_PLACEMENT;
+    EXPECT_EQ(dfti_set_value_dblval(&d.handle, &number, &third), 3);
+    EXPECT_EQ(dfti_set_value_intvec(&d.handle, &number, given), 3);
+    EXPECT_EQ(dfti_get_value_intvec(&d.handle, &number, back), 3);
+    EXPECT_EQ(dfti_set_value_chars(&d.handle, &number, "0123456789", 10), 3);
+    EXPECT_EQ(dfti_get_value_chars(&d.handle, &number, text, 10), 3);
+}
+
+TEST(Values, EverySetCallUncommitsButTheTwoThatCRefusesItself) {
+    Descriptor d;
+    const float single = 1;
+    const int strides[] = {0, 1};
+    const auto uncommits = [&](auto&& call) {
+        EXPECT_EQ(DftiCommitDescriptor(d.handle), 0);
+        EXPECT_EQ(d.value(DFTI_COMMIT_STATUS), DFTI_COMMITTED);
+        call();
+        return d.value(DFTI_COMMIT_STATUS) == DFTI_UNCOMMITTED;
+    };
+    const auto typed = [&](int number, auto call) { return uncommits([&] { call(&number); }); };
+    EXPECT_TRUE(uncommits([&] { d.set(DFTI_PLACEMENT, DFTI_INPLACE); }));
+    EXPECT_TRUE(uncommits([&] { d.set(DFTI_PLACEMENT, 1); }));
+    EXPECT_TRUE(uncommits([&] { d.set(DFTI_DIMENSION, 1); }));
+    EXPECT_TRUE(uncommits([&] { d.set(999, 1); }));
+    EXPECT_TRUE(typed(4, [&](int* p) { dfti_set_value_sglval(&d.handle, p, &single); }));
+    EXPECT_TRUE(typed(7, [&](int* p) { dfti_set_value_sglval(&d.handle, p, &single); }));
+    EXPECT_TRUE(typed(12, [&](int* p) { dfti_set_value_intvec(&d.handle, p, strides); }));
+    EXPECT_TRUE(typed(20, [&](int* p) { dfti_set_value_chars(&d.handle, p, "0123456789", 10); }));
+    EXPECT_FALSE(uncommits([&] { EXPECT_EQ(DftiSetValue(d.handle, DFTI_DIMENSION, 1), 6); }));
+    EXPECT_FALSE(uncommits([&] { EXPECT_EQ(DftiSetValue(d.handle, DFTI_LENGTHS, 8), 6); }));
+    EXPECT_TRUE(uncommits([&] { EXPECT_EQ(DftiSetValue(d.handle, DFTI_VERSION, 1), 3); }));
+}
+
+} // namespace

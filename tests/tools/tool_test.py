@@ -1,0 +1,269 @@
+#!/usr/bin/env python3
+"""Runs the vor program as a user does. VOR is the program, VOR_LIBRARY the library."""
+import csv
+import math
+import os
+import pty
+import re
+import shutil
+import struct
+import subprocess
+import tempfile
+import unittest
+import wave
+import xml.etree.ElementTree as xml
+from pathlib import Path
+
+VOR = os.environ["VOR"]
+LIBRARY = os.environ["VOR_LIBRARY"]
+SETTINGS = ("VOR_", "OMP_NUM_THREADS", "omp_num_threads")
+
+
+class Case(unittest.TestCase):
+    def setUp(self):
+        scratch = tempfile.TemporaryDirectory()
+        self.addCleanup(scratch.cleanup)
+        self.dir = Path(scratch.name)
+
+    def run_vor(self, *arguments, status=0, **environment):
+        clean = {k: v for k, v in os.environ.items() if not k.startswith(SETTINGS)}
+        done = subprocess.run([VOR, *map(str, arguments)], text=True, capture_output=True,
+                              cwd=self.dir, env=clean | environment)
+        self.assertEqual(done.returncode, status, done.stdout + done.stderr)
+        return done
+
+    def file(self, name, text):
+        path = self.dir / name
+        path.parent.mkdir(exist_ok=True)
+        path.write_bytes(text.encode())
+        return path
+
+    def svg_text(self, path):
+        return " ".join(e.text or "" for e in xml.parse(path).iter() if e.tag.endswith("text")
+                        or e.tag.endswith("tspan") or e.tag.endswith("title"))
+
+    def fails(self, pattern, *arguments):
+        """One line on stderr that fits the pattern, and exit status 1."""
+        error = self.run_vor(*arguments, status=1).stderr
+        self.assertRegex(error, r"\A" + pattern + r"\n\Z")
+
+
+class Info(Case):
+    def info(self, **environment):
+        lines = self.run_vor("info", **environment).stdout.splitlines()
+        self.assertRegex(lines[0], r"Numeric Library Version \d+\.\d+\.\d+ .*32-bit")
+        return {line[:16].strip(): line[17:] for line in lines[1:]}
+
+    def test_defaults(self):
+        info = self.info()
+        model = re.search(r"model name\s*: (.*)", Path("/proc/cpuinfo").read_text())
+        if model:
+            self.assertEqual(info["processor"], model.group(1).strip())
+        self.assertRegex(info["cache class"], r"class (-1|[0-5])")
+        self.assertRegex(info["frequency"], r"^[1-9]\d* MHz")
+        self.assertEqual(info["configuration"], "no file")
+        self.assertIn("PATH", info["looked for"])
+        self.assertEqual(info["argument checks"], "on")
+
+    def test_threads(self):
+        for environment, decision in (
+                ({}, "serial: neither VOR_SERIAL nor OMP_NUM_THREADS is set"),
+                ({"OMP_NUM_THREADS": "3"}, "parallel, up to 3: OMP_NUM_THREADS is 3"),
+                ({"omp_num_threads": "3"}, r"parallel, up to \d+: omp_num_threads is 3"),
+                ({"OMP_NUM_THREADS": "", "omp_num_threads": "3"}, "serial: neither .*"),
+                ({"VOR_SERIAL": "NO"}, r"parallel, up to \d+: VOR_SERIAL is NO"),
+                ({"VOR_SERIAL": "yes", "OMP_NUM_THREADS": "3"}, "serial: VOR_SERIAL is yes")):
+            with self.subTest(environment):
+                self.assertRegex(self.info(**environment)["threads"], "^" + decision + "$")
+
+    def test_configuration(self):
+        text = "Vor_Input_Check = OFF\r\nvor_serial=no\r\n"
+        here = self.file("vor.cfg", text)
+        folder = self.file("folder/vor.cfg", text)
+        path = os.environ["PATH"]
+        for environment, found in (({}, "vor.cfg"),
+                                   ({"VOR_CFG_FILE": str(here)}, str(here)),
+                                   ({"VOR_CFG_FILE": str(folder.parent)}, str(folder)),
+                                   ({"VOR_CFG_FILE": "missing"}, "./vor.cfg"),
+                                   ({"VOR_CFG_FILE": "missing", "PATH": f"{folder.parent}:{path}"},
+                                    str(folder))):
+            with self.subTest(environment):
+                info = self.info(**environment)
+                self.assertEqual(info["configuration"], found)
+                self.assertEqual(info["argument checks"], "off")
+                self.assertEqual(info["vor_serial"], "no")
+                self.assertRegex(info["threads"], "^parallel.*set by the configuration file")
+
+
+class Tour(Case):
+    def test_published_variances(self):
+        out = self.run_vor("tour", "--output", "pictures").stdout
+        rows = re.findall(r"^ +\d +([\d.]+) +[\d.]+% +([\d.]+)  agrees$", out, re.M)
+        self.assertEqual([r[1] for r in rows], ["4.228", "0.243", "0.078", "0.024"])
+        self.assertEqual(["%.3f" % float(r[0]) for r in rows], [r[1] for r in rows])
+        text = self.svg_text(self.dir / "pictures" / "iris.svg")
+        for word in ("first component (92.5% of the variance)", "second component (5.3%",
+                     "setosa", "versicolor", "virginica"):
+            self.assertIn(word, text)
+
+    def test_sunspots(self):
+        out = self.run_vor("tour", "--output", "pictures").stdout
+        self.assertRegex(out, r"(?m)^309 yearly numbers of sunspots, from 1700 to 2008$")
+        self.assertRegex(out, r"(?m)^strongest period 11\.04 years, published about 11\.1: agrees$")
+        self.assertIn("period in years", self.svg_text(self.dir / "pictures" / "sunspots.svg"))
+
+    def test_own_table(self):
+        # Two uncorrelated columns, turned by the angle with cosine 0.6: variances 50/3 and 2/3, then
+        # a column that never varies.
+        turned = [(0.6 * u - 0.8 * v, 0.8 * u + 0.6 * v) for u, v in
+                  ((5, 0), (-5, 0), (0, 1), (0, -1))]
+        for name, heading, label, end in (("plain", "", "", "\n"), ("dos", "a,b,c", "", "\r\n"),
+                                          ("labels", '"a, b",c,d,kind', ',"x, y"', "\n")):
+            with self.subTest(name):
+                lines = [heading] + [f"{x!r}, {y!r},7{label}" for x, y in turned] + ["", ""]
+                table = self.file(name + ".csv", end.join(lines))
+                out = self.run_vor("tour", table, "--output", self.dir / name).stdout
+                rows = re.findall(r"^ +\d +(\S+) +(\S+)%$", out, re.M)
+                for (variance, share), expected in zip(rows, (50 / 3, 2 / 3, 0), strict=True):
+                    self.assertAlmostEqual(float(variance), expected, delta=1e-3)
+                    self.assertAlmostEqual(float(share), expected / 52 * 300, delta=0.01)
+                self.assertRegex(out, r"(?m)^  \S.* 0\.6000 +-?0\.8000 ")
+                self.assertNotIn("published", out)
+                self.svg_text(self.dir / name / "components.svg")
+
+    def test_bad_input(self):
+        for name, content, message in (
+                ("empty", "", ":1: the file is empty"),
+                ("heading", "a,b\n", ":1: no row of numbers"),
+                ("ragged", "a,b\n1,2\n\n3\n", ":4: a row of 1 cells where 2 are expected"),
+                ("long", "1,2,x\n3,4,5,y\n", ":2: a row of 4 cells where 3 are expected"),
+                ("word", "1,2\n3,four\n", ":2: 'four' is not a finite number"),
+                ("first", "1,b,3\n1,2,3\n", ":1: 'b' is not a finite number"),
+                ("gap", "1,2\n,4\n", ":2: '' is not a finite number"),
+                ("half", "1,2\n3,4x\n", ":2: '4x' is not a finite number"),
+                ("signs", "1,2\n3,+-4\n", ":2: '+-4' is not a finite number"),
+                ("nan", "1,2\nnan,4\n", ":2: 'nan' is not a finite number"),
+                ("huge", "1,2\n3,1e999\n", ":2: '1e999' is not a finite number"),
+                ("one", "1,2\n", ":1: fewer than two rows of numbers"),
+                ("narrow", "1\n2\n", ":1: fewer than two columns of numbers"),
+                ("flat", "1,2\n1,2\n", ":1: the numbers of all rows are the same")):
+            with self.subTest(name):
+                path = self.file(name, content)
+                self.fails(re.escape(f"vor: {path}{message}"), "tour", path)
+        self.fails("vor: missing.csv: No such file or directory", "tour", "missing.csv")
+        self.fails("vor: .: is a directory", "tour", ".")
+        file = self.file("file", "")
+        self.fails(f"vor: {file}: cannot be made a directory", "tour", "--output", file)
+
+    def test_without_gnuplot(self):
+        out = self.run_vor("tour", PATH=str(self.dir)).stdout
+        self.assertIn("picture: none", out)
+        self.assertEqual(list(self.dir.glob("**/*.svg")), [])
+
+
+class Spectrum(Case):
+    RATE = 44100
+
+    def wav(self, name, channels, width=2):
+        path = self.dir / name
+        with wave.open(str(path), "wb") as out:
+            out.setnchannels(len(channels))
+            out.setsampwidth(width)
+            out.setframerate(self.RATE)
+            frames = [v for frame in zip(*channels) for v in frame]
+            if width == 2:
+                out.writeframes(struct.pack("<%dh" % len(frames), *frames))
+            else:
+                out.writeframes(bytes(128 + v // 256 for v in frames))
+        return path
+
+    def tone(self, seconds, *frequencies):
+        return [round(sum(8000 / (i + 1) * math.sin(2 * math.pi * f * t / self.RATE)
+                          for i, f in enumerate(frequencies)))
+                for t in range(int(seconds * self.RATE))]
+
+    def test_tones_and_delays(self):
+        picture = self.dir / "tones.png"
+        out = self.run_vor("spectrum", self.wav("a.wav", [self.tone(1, 440, 3000)]), "--output",
+                           picture).stdout
+        # Windows of 20 ms tell frequencies 50 Hz apart.
+        self.assertRegex(out, r"strongest frequencies, to 25 Hz: 450 Hz \(0\.0 dB\), 3000 Hz")
+        self.assertEqual(picture.read_bytes()[:8], b"\x89PNG\r\n\x1a\n")
+        noise = [((t * t * 7919) % 10007) - 5003 for t in range(self.RATE // 4)]
+        late = [0] * 441 + noise[:-441]
+        out = self.run_vor("spectrum", self.wav("b.wav", [noise, late])).stdout
+        self.assertRegex(out, r"the channels are most alike with a delay of -?10\.00 ms")
+        out = self.run_vor("spectrum", self.wav("c.wav", [[0] * 2000])).stdout
+        self.assertIn("silence", out)
+
+    def test_bad_input(self):
+        good = self.wav("good.wav", [self.tone(0.1, 440)])
+        cut = self.file("cut.wav", "")
+        cut.write_bytes(good.read_bytes()[:2000])
+        self.fails(r"vor: .*cut\.wav: ends before its last sample", "spectrum", cut)
+        self.fails(r"vor: .*bytes\.wav: samples are not 16-bit PCM", "spectrum",
+                   self.wav("bytes.wav", [self.tone(0.1, 440)], width=1))
+        self.fails(r"vor: .*three\.wav: neither mono nor stereo", "spectrum",
+                   self.wav("three.wav", [self.tone(0.1, 440)] * 3))
+        self.fails(r"vor: .*text\.wav: no WAV file.*", "spectrum", self.file("text.wav", "words"))
+        self.fails(r"vor: .*missing\.wav: no WAV file.*", "spectrum", self.dir / "missing.wav")
+        self.fails(r"vor: the recording is shorter than one window.*", "spectrum",
+                   self.wav("short.wav", [[1, 2, 3]]))
+
+
+class Bench(Case):
+    QUICK = ("--rounds", "3", "--seconds", "0.01", "--filter", "^lsame$")
+
+    def test_list(self):
+        lines = self.run_vor("bench", "--list").stdout.splitlines()
+        names = [re.split(r"  +", line)[0] for line in lines]
+        self.assertGreater(len(names), 0)
+        self.assertEqual(len(names), len(set(names)), "two cases of one name")
+        filtered = self.run_vor("bench", "--list", "--filter", "^lsame$").stdout.splitlines()
+        self.assertEqual(filtered, [line for line in lines if line.startswith("lsame ")])
+
+    def test_measurement(self):
+        other = self.dir / "other.so"
+        shutil.copy(LIBRARY, other)
+        done = self.run_vor("bench", *self.QUICK, "--against", other, "--csv", "m.csv",
+                            "--plot", "m.svg")
+        self.assertEqual(done.stderr, "", "no progress line in a pipe")
+        limits = re.findall(r"^  limit (\S+) +([\d.]+)", done.stdout, re.M)
+        self.assertEqual([name for name, _ in limits], ["x87", "4-wide", "copy", "product"])
+        for name, rate in limits:
+            self.assertGreater(float(rate), 0, name)
+        with open(self.dir / "m.csv", newline="") as file:
+            rows = list(csv.DictReader(file))
+        self.assertEqual([(r["case"], r["against"]) for r in rows],
+                         [("lsame", ""), ("lsame", "engine"), ("lsame", "other")])
+        for row in rows:
+            self.assertGreater(float(row["seconds"]), 0)
+        for row in rows[1:]: # printed with six and with four digits
+            ratio = float(row["seconds"]) / float(rows[0]["seconds"])
+            self.assertAlmostEqual(float(row["ratio"]), ratio, delta=1e-3 * (1 + ratio))
+        text = self.svg_text(self.dir / "m.svg")
+        for word in ("lsame", "engine", "other"):
+            self.assertIn(word, text)
+
+    def test_progress_on_a_terminal(self):
+        terminal, end = pty.openpty()
+        with subprocess.Popen([VOR, "bench", *self.QUICK], stdout=subprocess.DEVNULL,
+                              stderr=end) as process:
+            os.close(end)
+            self.assertIn(b"[1/1] lsame", os.read(terminal, 1024))
+        os.close(terminal)
+        self.assertEqual(process.returncode, 0)
+
+    def test_faults(self):
+        self.fails(r"vor: --filter: not a regular expression: \(", "bench", "--filter", "(")
+        self.fails(r"vor: --filter: no case matches nothing", "bench", "--filter", "nothing")
+        self.fails(r"vor: .*missing\.so.*", "bench", *self.QUICK, "--against", "missing.so")
+        self.fails(r"vor: no/m\.csv: cannot be written", "bench", *self.QUICK, "--csv", "no/m.csv")
+        self.fails(r"vor: no/m\.svg: cannot be written", "bench", *self.QUICK, "--plot", "no/m.svg")
+        for wrong in (["bench", "--rounds", "0"], ["bench", "more"], ["nothing"], []):
+            self.run_vor(*wrong, status=2)
+        self.assertIn("--against", self.run_vor("bench", "--help").stdout)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,22 @@
+// What `vor bench` shows of its measurements: lines on stdout, CSV, a picture.
+#pragma once
+
+#include "bench/common/runner.h"
+
+#include <string>
+#include <vector>
+
+namespace vor::tool {
+
+void print_heading();
+void print_row(const bench::Measurement& m);
+// How many goals were met and missed; nothing if none was set.
+void print_summary(const std::vector<bench::Measurement>& all);
+
+// One row for each case, and one for each of its ratios. Throws Failure if the file cannot be written.
+void write_csv(const std::string& file, const std::vector<bench::Measurement>& all);
+
+// Shares and ratios by case; rates over n where names have a part "n=". Throws Failure.
+void write_plot(const std::string& file, const std::vector<bench::Measurement>& all);
+
+} // namespace vor::tool

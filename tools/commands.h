@@ -1,0 +1,14 @@
+// The commands of the tool. Each adds its subcommand, with its options, to the command line, and
+// runs when that subcommand is chosen. A command that fails throws std::exception.
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+namespace vor::tool {
+
+void add_info(CLI::App& app);
+void add_tour(CLI::App& app);
+void add_bench(CLI::App& app);
+void add_spectrum(CLI::App& app);
+
+} // namespace vor::tool
