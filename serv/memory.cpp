@@ -166,8 +166,7 @@ extern "C" void vor_free_extra_mem() {
             if (surplus() < max_mem_nonused) break;
         }
     }
-    if (mem_banks_really_used < kGrowth * mem_banks_used || mem_banks_used >= kSlots)
-        VOR_shrink_mem_slots();
+    if (mem_banks_really_used != mem_banks_used) VOR_shrink_mem_slots();
 }
 
 extern "C" void* vor_serv_allocate(unsigned size) {
