@@ -7,8 +7,8 @@
 //
 //     |error| <= |x| |y| (12 log2 N + 32) 2^-53,     |x| the Euclidean length of the digits
 //
-// is evaluated with the digits at hand, and w taken so that it stays below 1/4: 16 bits for operands
-// of up to 5000 limbs whatever they are, fewer for longer ones.
+// stays below 0.45 with 16 bits for all operands of up to 8800 limbs; for longer ones it is evaluated
+// with the digits at hand, and w taken as wide as it allows.
 #include "gmp/fourier.h"
 #include "dft/signatures.h"
 #include "vor_dfti.h"
@@ -29,7 +29,7 @@ namespace vor::gmp {
 namespace {
 
 constexpr int kWidestDigit = 16;
-constexpr int kNarrowestDigit = 8; // proves the product of any operands that memory holds
+constexpr int kNarrowestDigit = 8; // proves every product that kLongestTransform admits
 constexpr long double kErrorLimit = 0.45L;
 constexpr int kLongestTransform = 1 << 27; // two arrays of doubles for it fill the address space
 
@@ -37,20 +37,22 @@ int64_t digits_in(int limbs, int width) {
     return int64_t{32} * (limbs / width) + (32 * (limbs % width) + width - 1) / width;
 }
 
-// A transform length of at least n that is 4, 5, 6 or 8 times a power of two: lengths with larger
+// A transform length of at least n that is 8, 9, 10 or 12 times a power of two: lengths with larger
 // prime factors cost several times as much.
 int64_t transform_length(int64_t n) {
-    int64_t power = 2;
-    while (8 * power < n) power *= 2;
-    int factor = 4;
-    while (factor * power < n) factor += factor == 6 ? 2 : 1;
-    return factor * power;
+    constexpr int kFactors[] = {8, 9, 10, 12};
+    int64_t power = 1;
+    while (16 * power < n) power *= 2;
+    for (const int factor : kFactors)
+        if (factor * power >= n) return factor * power;
+    return 16 * power;
 }
 
-// x[0 .. digits) = the balanced digits of a; the sum of their squares.
-long double split(double* x, int64_t digits, const limb_t* a, int n, int width) {
+// f(i, digit) for the balanced digits of a.
+template <class F>
+void each_digit(const limb_t* a, int n, int width, F f) {
+    const int64_t digits = digits_in(n, width);
     const int32_t base = int32_t{1} << width, half = base / 2;
-    long double squares = 0;
     dlimb_t bits = 0;
     int held = 0, carry = 0, next = 0;
     for (int64_t i = 0; i < digits; ++i) {
@@ -63,10 +65,23 @@ long double split(double* x, int64_t digits, const limb_t* a, int n, int width) 
         held -= width;
         carry = digit >= half && i + 1 < digits;
         if (carry) digit -= base;
-        x[i] = digit;
-        squares += static_cast<long double>(digit) * digit;
+        f(i, digit);
     }
-    return squares;
+}
+
+// The Euclidean length of the digits of any operand of n limbs, and of this one.
+long double largest_norm(int n, int width) {
+    const long double most = static_cast<long double>(int64_t{1} << (width - 1));
+    // The top digit is up to twice as large as the others.
+    return most * __builtin_sqrtl(static_cast<long double>(digits_in(n, width) + 3));
+}
+
+long double norm(const limb_t* a, int n, int width) {
+    uint64_t squares = 0; // below 2^63: 2^32 digits of 30 bits would be 2^62
+    each_digit(a, n, width, [&](int64_t, int32_t digit) {
+        squares += static_cast<uint64_t>(int64_t{digit} * digit);
+    });
+    return __builtin_sqrtl(static_cast<long double>(squares));
 }
 
 // r = sum of round(x[i]) 2^(width i) over n limbs. The coefficients are below 2^49.
@@ -158,35 +173,47 @@ bool convolve(double* x, double* y, int n) {
     return transform.backward(x);
 }
 
-enum class Attempt { done, too_wide, refused };
+// Factors and places of a product, the transform that its digits need, and the proof.
+struct Plan {
+    const limb_t *a, *b;
+    int an, bn;
 
-// With digits of so many bits.
-Attempt product(limb_t* r, const limb_t* a, int an, const limb_t* b, int bn, int width) {
-    const int64_t x_digits = digits_in(an, width), y_digits = digits_in(bn, width);
-    const int64_t length = transform_length(x_digits + y_digits);
-    if (length > kLongestTransform) return Attempt::refused;
-    const int n = static_cast<int>(length);
-    Samples samples(n);
-    if (!samples.x) return Attempt::refused;
-    const bool square = a == b && an == bn;
-    const long double x_squares = split(samples.x, x_digits, a, an, width);
-    const long double y_squares = square ? x_squares : split(samples.y, y_digits, b, bn, width);
-    const long double error = __builtin_sqrtl(x_squares) * __builtin_sqrtl(y_squares) *
-                              (12 * static_cast<long double>(log2(n)) + 32) * 0x1p-53L;
-    if (error >= kErrorLimit) return Attempt::too_wide;
-    if (!convolve(samples.x, square ? samples.x : samples.y, n)) return Attempt::refused;
-    join(r, an + bn, samples.x, x_digits + y_digits - 1, width);
-    return Attempt::done;
-}
+    int64_t product_digits(int width) const {
+        return digits_in(an, width) + digits_in(bn, width) - 1;
+    }
+    int64_t length(int width) const { return transform_length(product_digits(width)); }
+    bool proved(int width, long double norms) const {
+        const long double levels = log2(static_cast<double>(length(width)));
+        return norms * (12 * levels + 32) * 0x1p-53L < kErrorLimit;
+    }
+    // The widest digits for which the error stays below the limit.
+    int width() const {
+        int width = kWidestDigit;
+        while (width > kNarrowestDigit &&
+               !proved(width, largest_norm(an, width) * largest_norm(bn, width)) &&
+               !proved(width, norm(a, an, width) * norm(b, bn, width)))
+            --width;
+        return width;
+    }
+};
 
 } // namespace
 
 bool fourier_product(limb_t* r, const limb_t* a, int an, const limb_t* b, int bn) {
-    for (int width = kWidestDigit; width >= kNarrowestDigit; --width) {
-        const Attempt attempt = product(r, a, an, b, bn, width);
-        if (attempt != Attempt::too_wide) return attempt == Attempt::done;
-    }
-    return false;
+    const Plan plan{a, b, an, bn};
+    const int width = plan.width();
+    const int64_t length = plan.length(width);
+    if (length > kLongestTransform) return false;
+    const int n = static_cast<int>(length);
+    Samples samples(n);
+    if (!samples.x) return false;
+    const bool square = a == b && an == bn;
+    double *const x = samples.x, *const y = square ? x : samples.y;
+    each_digit(a, an, width, [x](int64_t i, int32_t digit) { x[i] = digit; });
+    if (!square) each_digit(b, bn, width, [y](int64_t i, int32_t digit) { y[i] = digit; });
+    if (!convolve(x, y, n)) return false;
+    join(r, an + bn, x, plan.product_digits(width), width);
+    return true;
 }
 
 } // namespace vor::gmp
