@@ -7,7 +7,8 @@ namespace vor::bench {
 
 Suite all_cases() {
     const std::vector<Suite (*)()> families = {
-        level1_cases, level2_cases, gemm_cases, level3_cases, service_cases, dfti_cases,
+        level1_cases, level2_cases,  gemm_cases, level3_cases,
+        cblas_cases,  service_cases, dfti_cases,
     };
     Suite all;
     for (const auto family : families) {

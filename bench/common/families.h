@@ -11,6 +11,7 @@ Suite level1_cases();
 Suite gemm_cases();
 Suite level2_cases();
 Suite level3_cases();
+Suite cblas_cases();
 Suite service_cases();
 
 } // namespace vor::bench
