@@ -6,10 +6,19 @@
 namespace vor::bench {
 
 Suite all_cases() {
+    // clang-format off
     const std::vector<Suite (*)()> families = {
-        level1_cases, level2_cases,  gemm_cases, level3_cases,
-        cblas_cases,  service_cases, dfti_cases,
+        service_cases,
+        level1_cases,
+        level2_cases,
+        gemm_cases,
+        level3_cases,
+        cblas_cases,
+        dft_cases,
+        dfti_cases,
+        gmp_cases,
     };
+    // clang-format on
     Suite all;
     for (const auto family : families) {
         Suite cases = family();

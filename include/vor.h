@@ -2,9 +2,11 @@
 #ifndef VOR_H
 #define VOR_H
 
+#include "vor_bignum.h"
 #include "vor_blas.h"
 #include "vor_cblas.h"
 #include "vor_dfti.h"
+#include "vor_gmp.h"
 #include "vor_service.h"
 #include "vor_signal.h"
 #include "vor_status.h"

@@ -130,8 +130,7 @@ TavStatus tavsCrossCorr_64f(const double* src1, int len1, const double* src2, in
  * below 1), tavStsMemAllocErr (no memory for the object), tavStsFftFlagErr, tavStsMemAllocErr (no
  * memory for the tables). Free and GetBufSize: tavStsNullPtrErr, tavStsContextMatchErr. Transforms:
  * tavStsNullPtrErr (object), tavStsContextMatchErr, tavStsNullPtrErr (source or destination),
- * tavStsMemAllocErr (a work buffer of their own). After an error nothing was written, but where the
- * work memory of an FFT ran out the destination holds no result. */
+ * tavStsMemAllocErr (a work buffer of their own). After an error nothing was written. */
 typedef struct DftCtx DftCtx;
 
 TavStatus tavsDFTInitAlloc_C_32fc(DftCtx** object, int length, int flag, int hint);

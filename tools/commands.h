@@ -9,5 +9,6 @@ namespace vor::tool {
 void add_info(CLI::App& app);
 void add_tour(CLI::App& app);
 void add_bench(CLI::App& app);
+void add_spectrum(CLI::App& app);
 
 } // namespace vor::tool

@@ -11,6 +11,7 @@ int main(int argc, char** argv) {
     add_info(app);
     add_tour(app);
     add_bench(app);
+    add_spectrum(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& e) {

@@ -23,6 +23,8 @@ struct Chapter {
 
 const Chapter chapters[] = {
     {"Principal components", principal_components, true},
+    {"A photograph in a fraction of its numbers", compressed_photograph, false},
+    {"A recorded voice", recorded_voice, false},
     {"The period of the sunspots", sunspot_period, false},
 };
 

@@ -6,12 +6,14 @@
 
 namespace vor::bench {
 
-Suite dfti_cases();
+Suite service_cases();
 Suite level1_cases();
-Suite gemm_cases();
 Suite level2_cases();
+Suite gemm_cases();
 Suite level3_cases();
 Suite cblas_cases();
-Suite service_cases();
+Suite dft_cases();
+Suite dfti_cases();
+Suite gmp_cases();
 
 } // namespace vor::bench

@@ -37,15 +37,14 @@ TavStatus build_convolution(Context<T>& ctx, int n, int order) {
     K::scale(static_cast<T>(1.0L / m), &response->re, 2 * m);
     int fft_bytes = 0;
     K::fft_buffer(ctx.fftConvSpec, &fft_bytes);
-    return set_buffer(ctx, static_cast<size_t>(m), static_cast<size_t>(fft_bytes));
+    return set_buffer<C>(ctx, static_cast<size_t>(m), static_cast<size_t>(fft_bytes));
 }
 
 template <class T, class C = complex_t<T>>
 TavStatus init_chirp(Context<T>& ctx, int n, const C* base, int baseLength) {
     using K = Shared<T>;
     // The base table of n elements exists, so 4n does not overflow.
-    int order = 0;
-    while (1 << order < 2 * n - 1) ++order;
+    const int order = order_of(2 * n - 1);
     ctx.lenConvFft = 1 << order;
     ctx.tabChirp = allocate<C>(static_cast<size_t>(n));
     ctx.tabChirpFft = allocate<C>(static_cast<size_t>(ctx.lenConvFft));

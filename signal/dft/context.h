@@ -91,14 +91,21 @@ E* align_up(E* p) {
     return reinterpret_cast<E*>(address);
 }
 
-// Sets the work size to `count` elements plus `extra` bytes and the room for alignment.
-template <class T>
-TavStatus set_buffer(Context<T>& ctx, size_t count, size_t extra) {
+// Sets the work size to `count` elements of type E plus `extra` bytes and the room for alignment.
+template <class E>
+TavStatus set_buffer(Context<real_t<E>>& ctx, size_t count, size_t extra = 0) {
     unsigned bytes;
-    if (!byte_count(count, sizeof(complex_t<T>), extra + kAlignment, &bytes) || bytes > INT_MAX)
+    if (!byte_count(count, sizeof(E), extra + kAlignment, &bytes) || bytes > INT_MAX)
         return tavStsMemAllocErr;
     ctx.bufSize = static_cast<int>(bytes);
     return tavStsNoErr;
+}
+
+// The smallest k with 2^k >= n, n up to 2^30.
+inline int order_of(int n) {
+    int order = 0;
+    while (1 << order < n) ++order;
+    return order;
 }
 
 // Factors `length` into the `factor` fields and sets lastFactor; false if it is prime or has a prime

@@ -116,14 +116,14 @@ void complex_direct(const C* x, C* y, int n, const C* table, void* scratch) {
         [&](int k, Sums<C> t) VOR_INLINE { place<D>(t, y[k], y[n - k]); });
 }
 
-// The pair of X[k] in Perm order begins at index 2k - 1 + shift.
+// In Perm order the pair of X[k] begins at index 2k - 1 + shift, and for even n re X[h] stands at the
+// index of the shift.
 int perm_shift(int n) {
     return n % 2 == 0 ? 1 : 0;
 }
 
 template <class T, Complex C>
-void real_direct(std::integral_constant<Direction, Direction::forward>, const T* x, T* y, int n,
-                 const C* table, void* scratch) {
+void real_forward(const T* x, T* y, int n, const C* table, void* scratch) {
     T* const pairs = y + perm_shift(n);
     direct_sum(
         x[0], x[n / 2], n, table, scratch,
@@ -133,20 +133,16 @@ void real_direct(std::integral_constant<Direction, Direction::forward>, const T*
 }
 
 template <class T, Complex C>
-void real_direct(std::integral_constant<Direction, Direction::inverse>, const T* x, T* y, int n,
-                 const C* table, void* scratch) {
+void real_inverse(const T* x, T* y, int n, const C* table, void* scratch) {
     const T* const pairs = x + perm_shift(n);
     direct_sum(
-        x[0], x[n > 1], n, table, scratch,
+        x[0], x[perm_shift(n)], n, table, scratch,
         [&](int k) VOR_INLINE {
             return Pair<T>{2 * pairs[2 * k - 1], 2 * pairs[2 * k]};
         },
         [&](T y0) VOR_INLINE { y[0] = y0; }, [&](T yh) VOR_INLINE { y[n / 2] = yh; },
         [&](int m, Sums<T> t) VOR_INLINE { y[m] = t.a + t.b, y[n - m] = t.a - t.b; });
 }
-
-template <Direction D>
-constexpr std::integral_constant<Direction, D> kDirection{};
 
 } // namespace
 } // namespace vor::dft
@@ -161,13 +157,11 @@ constexpr std::integral_constant<Direction, D> kDirection{};
     }                                                                                              \
     extern "C" void tavs_rDftFwd_Dir_##suffix(const T* source, T* destination, int n,              \
                                               const C* table, void* scratch) {                     \
-        using namespace vor::dft;                                                                  \
-        real_direct(kDirection<Direction::forward>, source, destination, n, table, scratch);       \
+        vor::dft::real_forward(source, destination, n, table, scratch);                            \
     }                                                                                              \
     extern "C" void tavs_rDftInv_Dir_##suffix(const T* source, T* destination, int n,              \
                                               const C* table, void* scratch) {                     \
-        using namespace vor::dft;                                                                  \
-        real_direct(kDirection<Direction::inverse>, source, destination, n, table, scratch);       \
+        vor::dft::real_inverse(source, destination, n, table, scratch);                            \
     }
 DIRECT(32f, float, vor::cfloat)
 DIRECT(64f, double, vor::cdouble)

@@ -42,10 +42,10 @@ private:
                     scratch_);
     }
 
-    void stage(int i, const C* x) const {
+    void stage(int i, C* x) const {
         const DftFactorRec<T>& record = ctx_.fact[i];
         const int f = record.factor, r = record.rest, blocks = record.nBlocks;
-        C* const y = i == 0 ? destination_ : const_cast<C*>(x);
+        C* const y = i == 0 ? destination_ : x;
         switch (f) {
         case 2:
             return K::stage2(x, y, r, blocks, record.tabTwiddle);

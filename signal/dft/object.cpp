@@ -5,7 +5,6 @@
 // of even length N works on N/2 complex values between recombinations.
 //
 // An object is immutable from the end of its build to its release.
-#include "serv/bits.h"
 #include "signal/dft/kernels.h"
 #include "signal/dft/kinds.h"
 
@@ -37,11 +36,9 @@ bool decode_flag(Context<T>& ctx, int flag) {
     }
 }
 
-// The engine of `length` values of which `limit` still go by direct sum; their direct work takes
-// `count` complex elements.
-template <class T>
-TavStatus init_engine(Context<T>& ctx, int length, int limit, int count, bool out_of_order,
-                      const complex_t<T>* base) {
+// The engine of `length` elements of type E.
+template <class E, class T = real_t<E>>
+TavStatus init_engine(Context<T>& ctx, int length, bool out_of_order, const complex_t<E>* base) {
     using K = Shared<T>;
     auto* const object = reinterpret_cast<DftCtx*>(&ctx);
     if (factorise(ctx, length)) {
@@ -49,37 +46,37 @@ TavStatus init_engine(Context<T>& ctx, int length, int limit, int count, bool ou
         ctx.isOutOrd = out_of_order;
         return K::init_stages(object, length, base, ctx.lenDft);
     }
-    if (length > limit) return K::init_chirp(object, length, base, ctx.lenDft);
+    if (length > (is_complex<E> ? kLongestDirect : kLongestDirectRealOdd))
+        return K::init_chirp(object, length, base, ctx.lenDft);
     ctx.tabDir = K::direct_table(base, length, ctx.lenDft / length);
-    return ctx.tabDir ? set_buffer(ctx, static_cast<size_t>(count), 0) : tavStsMemAllocErr;
+    return ctx.tabDir ? set_buffer<E>(ctx, static_cast<size_t>(length)) : tavStsMemAllocErr;
 }
 
-// Direct work of a real transform of odd length n: n reals.
-template <class T>
-TavStatus init_real_odd(Context<T>& ctx, int n, const complex_t<T>* base) {
-    const TavStatus status = init_engine(ctx, n, kLongestDirectRealOdd, n, false, base);
-    if (ctx.tabDir) ctx.bufSize = n * static_cast<int>(sizeof(T)) + kAlignment;
-    return status;
-}
-
-template <class T>
-TavStatus init_real_even(Context<T>& ctx, int n, const complex_t<T>* base) {
+template <class T, class C = complex_t<T>>
+TavStatus init_real_even(Context<T>& ctx, const C* base) {
     using K = Shared<T>;
+    const int n = ctx.lenDft;
     ctx.tabRecFwd = K::forward_recombination(base, n);
     ctx.tabRecInv = K::inverse_recombination(base, n);
     if (!ctx.tabRecFwd || !ctx.tabRecInv) return tavStsMemAllocErr;
-    return init_engine(ctx, n / 2, kLongestDirect, n / 2, false, base);
+    return init_engine<C>(ctx, n / 2, false, base);
+}
+
+template <class K, class T>
+TavStatus init_from_base(Context<T>& ctx, const complex_t<T>* base) {
+    if constexpr (!K::kReal)
+        return init_engine<complex_t<T>>(ctx, ctx.lenDft, K::kOutOfOrder, base);
+    else if (ctx.lenDft % 2 == 0)
+        return init_real_even(ctx, base);
+    else
+        return init_engine<T>(ctx, ctx.lenDft, false, base);
 }
 
 template <class K, class T>
 TavStatus init_tables(Context<T>& ctx) {
-    const int n = ctx.lenDft;
-    complex_t<T>* const base = Shared<T>::base_table(n);
+    complex_t<T>* const base = Shared<T>::base_table(ctx.lenDft);
     if (!base) return tavStsMemAllocErr;
-    const TavStatus status = !K::kReal
-                                 ? init_engine(ctx, n, kLongestDirect, n, K::kOutOfOrder, base)
-                             : n % 2 == 0 ? init_real_even(ctx, n, base)
-                                          : init_real_odd(ctx, n, base);
+    const TavStatus status = init_from_base<K>(ctx, base);
     tavsFree(base);
     return status;
 }
@@ -87,8 +84,7 @@ TavStatus init_tables(Context<T>& ctx) {
 template <class K, class T>
 TavStatus init_power_of_two(Context<T>& ctx, int flag) {
     ctx.isPow2 = 1;
-    const int order = vor::trailing_zeros(static_cast<unsigned>(ctx.lenDft));
-    const TavStatus status = K::fft_init(&ctx.fftSpec, order, flag, ctx.hint);
+    const TavStatus status = K::fft_init(&ctx.fftSpec, order_of(ctx.lenDft), flag, ctx.hint);
     return status == tavStsNoErr ? K::fft_buffer(ctx.fftSpec, &ctx.bufSize) : status;
 }
 

@@ -156,12 +156,14 @@ TavStatus init_stages(Context<T>& ctx, int length, const complex_t<T>* base, int
     lay_out(ctx, length);
     DirectTables<T> direct{base, baseLength};
     if (!build_tables(ctx, direct, step)) return tavStsMemAllocErr;
-    const size_t scratch = static_cast<size_t>(direct.length);
-    if (!ctx.isOutOrd)
-        return build_offsets(ctx) ? set_buffer(ctx, static_cast<size_t>(length) + scratch, 0)
-                                  : tavStsMemAllocErr;
-    if (!plan_out_of_order(ctx, length, base, step)) return tavStsMemAllocErr;
-    return scratch ? set_buffer(ctx, scratch, 0) : tavStsNoErr;
+    using C = complex_t<T>;
+    const auto scratch = static_cast<size_t>(direct.length);
+    if (ctx.isOutOrd) {
+        if (!plan_out_of_order(ctx, length, base, step)) return tavStsMemAllocErr;
+        return scratch ? set_buffer<C>(ctx, scratch) : tavStsNoErr;
+    }
+    if (!build_offsets(ctx)) return tavStsMemAllocErr;
+    return set_buffer<C>(ctx, static_cast<size_t>(length) + scratch);
 }
 
 } // namespace

@@ -1,13 +1,16 @@
 #!/usr/bin/env python3
 """Runs the vor program as a user does. VOR is the program, VOR_LIBRARY the library."""
 import csv
+import math
 import os
 import pty
 import re
 import shutil
+import struct
 import subprocess
 import tempfile
 import unittest
+import wave
 import xml.etree.ElementTree as xml
 from pathlib import Path
 
@@ -156,6 +159,56 @@ class Tour(Case):
         out = self.run_vor("tour", PATH=str(self.dir)).stdout
         self.assertIn("picture: none", out)
         self.assertEqual(list(self.dir.glob("**/*.svg")), [])
+
+
+class Spectrum(Case):
+    RATE = 44100
+
+    def wav(self, name, channels, width=2):
+        path = self.dir / name
+        with wave.open(str(path), "wb") as out:
+            out.setnchannels(len(channels))
+            out.setsampwidth(width)
+            out.setframerate(self.RATE)
+            frames = [v for frame in zip(*channels) for v in frame]
+            if width == 2:
+                out.writeframes(struct.pack("<%dh" % len(frames), *frames))
+            else:
+                out.writeframes(bytes(128 + v // 256 for v in frames))
+        return path
+
+    def tone(self, seconds, *frequencies):
+        return [round(sum(8000 / (i + 1) * math.sin(2 * math.pi * f * t / self.RATE)
+                          for i, f in enumerate(frequencies)))
+                for t in range(int(seconds * self.RATE))]
+
+    def test_tones_and_delays(self):
+        picture = self.dir / "tones.png"
+        out = self.run_vor("spectrum", self.wav("a.wav", [self.tone(1, 440, 3000)]), "--output",
+                           picture).stdout
+        # Windows of 20 ms tell frequencies 50 Hz apart.
+        self.assertRegex(out, r"strongest frequencies, to 25 Hz: 450 Hz \(0\.0 dB\), 3000 Hz")
+        self.assertEqual(picture.read_bytes()[:8], b"\x89PNG\r\n\x1a\n")
+        noise = [((t * t * 7919) % 10007) - 5003 for t in range(self.RATE // 4)]
+        late = [0] * 441 + noise[:-441]
+        out = self.run_vor("spectrum", self.wav("b.wav", [noise, late])).stdout
+        self.assertRegex(out, r"the channels are most alike with a delay of -?10\.00 ms")
+        out = self.run_vor("spectrum", self.wav("c.wav", [[0] * 2000])).stdout
+        self.assertIn("silence", out)
+
+    def test_bad_input(self):
+        good = self.wav("good.wav", [self.tone(0.1, 440)])
+        cut = self.file("cut.wav", "")
+        cut.write_bytes(good.read_bytes()[:2000])
+        self.fails(r"vor: .*cut\.wav: ends before its last sample", "spectrum", cut)
+        self.fails(r"vor: .*bytes\.wav: samples are not 16-bit PCM", "spectrum",
+                   self.wav("bytes.wav", [self.tone(0.1, 440)], width=1))
+        self.fails(r"vor: .*three\.wav: neither mono nor stereo", "spectrum",
+                   self.wav("three.wav", [self.tone(0.1, 440)] * 3))
+        self.fails(r"vor: .*text\.wav: no WAV file.*", "spectrum", self.file("text.wav", "words"))
+        self.fails(r"vor: .*missing\.wav: no WAV file.*", "spectrum", self.dir / "missing.wav")
+        self.fails(r"vor: the recording is shorter than one window.*", "spectrum",
+                   self.wav("short.wav", [[1, 2, 3]]))
 
 
 class Bench(Case):

@@ -19,6 +19,8 @@ struct Tour {
 
 // False if a result differs from the published one. Each throws Failure on bad data.
 bool principal_components(const Tour& tour);
+bool compressed_photograph(const Tour& tour);
+bool recorded_voice(const Tour& tour);
 bool sunspot_period(const Tour& tour);
 
 } // namespace vor::tool

@@ -56,13 +56,17 @@ void centre(std::vector<Vector>& columns) {
     for (Vector& column : columns) add(-dot(ones, column) / length(column), ones, column);
 }
 
+// X'X / (n - 1), with the centred columns side by side in X.
 Matrix covariance(const std::vector<Vector>& centred) {
-    const size_t p = centred.size();
-    Matrix matrix(p, Vector(p));
-    for (size_t j = 0; j < p; ++j) {
-        for (size_t i = 0; i < p; ++i) matrix[j][i] = dot(centred[i], centred[j]);
-        scale(1.0 / (length(centred[j]) - 1), matrix[j]);
-    }
+    Vector x;
+    for (const Vector& column : centred) x.insert(x.end(), column.begin(), column.end());
+    const int n = length(centred[0]), p = static_cast<int>(centred.size());
+    const double factor = 1.0 / (n - 1), zero = 0;
+    Vector product(centred.size() * centred.size());
+    dgemm("T", "N", &p, &p, &n, &factor, x.data(), &n, x.data(), &n, &zero, product.data(), &p);
+    Matrix matrix;
+    for (auto column = product.begin(); column != product.end(); column += p)
+        matrix.emplace_back(column, column + p);
     return matrix;
 }
 

@@ -1,0 +1,388 @@
+/* vor_gmp.h: multi-precision integers of the Orbel Numeric Library.
+ *
+ * An integer is a record of 12 bytes, passed by its address; mpz_t is an array of one record, so that
+ * a variable of that type is its address already. A record lives from an initialiser to
+ * __gmpz_clear. Words (v, d), bit counts and bit numbers are passed by value.
+ *
+ * Aliases. Every function accepts the same record more than once, unless it says otherwise. A record
+ * that is an operand only is not changed. (Two threads may read one record at the same time, but for
+ * __gmpz_sizeinbase on a record with zero limbs on top, which drops them.)
+ *
+ * Failures. A division by zero raises SIGFPE, as the processor's own division does, before any
+ * result has changed. When memory runs out, or a result would be larger than the address space, one
+ * line on stderr names the function and the size, and the process aborts. Nothing else is reported.
+ *
+ * Spellings. Each function of a VOR_SPELLINGS line stands under four names at one address.
+ *
+ * Threads. Different records are independent. The allocation functions and the scratch block are
+ * shared by the process and have no lock. */
+#ifndef VOR_GMP_H
+#define VOR_GMP_H
+
+#include "vor_types.h"
+
+VOR_BEGIN_C
+
+/* ---- The record ------------------------------------------------------------------------------- */
+
+/* A limb is an unsigned 32-bit word; limb arrays run from the least significant limb up. The
+ * magnitude has no zero limb on top. */
+typedef struct vor_mpz {
+    int _mp_alloc;   /* limbs at _mp_d, at least 8 */
+    int _mp_size;    /* limbs in use, negative for a negative number, 0 for 0 */
+    unsigned* _mp_d; /* owned; what stands above the limbs in use has no meaning */
+} vor_mpz;
+typedef vor_mpz mpz_t[1];
+
+/* ---- Memory ----------------------------------------------------------------------------------- */
+
+/* All limbs and all scratch on the heap come from three functions, which a program may replace
+ * before it makes its first record. Sizes are in bytes; the old size is what was asked for. An
+ * allocation function that returns null ends the process. */
+typedef void* (*vor_gmp_allocator)(unsigned size);
+typedef void* (*vor_gmp_reallocator)(void* block, unsigned old_size, unsigned size);
+typedef void (*vor_gmp_deallocator)(void* block, unsigned size);
+
+VOR_SPELLINGS(void, __gmp_set_memory_functions, __GMP_SET_MEMORY_FUNCTIONS,
+              (vor_gmp_allocator allocate, vor_gmp_reallocator reallocate,
+               vor_gmp_deallocator deallocate))
+VOR_SPELLINGS(vor_gmp_allocator, __gmp_allocate_func_ptr, __GMP_ALLOCATE_FUNC_PTR, (void))
+VOR_SPELLINGS(vor_gmp_reallocator, __gmp_reallocate_func_ptr, __GMP_REALLOCATE_FUNC_PTR, (void))
+VOR_SPELLINGS(vor_gmp_deallocator, __gmp_free_func_ptr, __GMP_FREE_FUNC_PTR, (void))
+
+/* The default functions: malloc blocks aligned to 32 bytes, with a header of their own, so that only
+ * these functions free and move them. They return null without memory. Reallocation always moves;
+ * of a null block it is allocation; where it fails the old block stays. */
+void* __gmp_default_allocate(unsigned size);
+void* __gmp_default_reallocate(void* block, unsigned old_size, unsigned size);
+void __gmp_default_free(void* block, unsigned size);
+void* _impMalloc(unsigned size);
+void* _impRealloc(void* block, unsigned size);
+void _impFree(void* block);
+/* -1 without the guard word 0x27182818 at block - 8, 1 without 0x31415926 behind the block, else 0.
+ * The functions above write neither: for blocks of a program's own. */
+int _impCheckMemoryBlock(const void* block);
+
+/* One scratch block for the process. _impTmpMalloc forgets, and does not free, a block that is held;
+ * _impTmpMark and _impTmpFree free it. */
+VOR_MIXED_SPELLINGS(void*, _impTmpMalloc, _imptmpmalloc, _IMPTMPMALLOC, (unsigned size))
+VOR_MIXED_SPELLINGS(void, _impTmpMark, _imptmpmark, _IMPTMPMARK, (void))
+VOR_MIXED_SPELLINGS(void, _impTmpFree, _imptmpfree, _IMPTMPFREE, (void))
+
+/* Bytes and limbs that hold so many bits, (bits + 7) / 8 and (bits + 31) / 32 in 32-bit arithmetic,
+ * at least 1. */
+VOR_MIXED_SPELLINGS(unsigned, _impBits2Chars, _impbits2chars, _IMPBITS2CHARS, (unsigned bits))
+VOR_MIXED_SPELLINGS(unsigned, _impBits2Chunks, _impbits2chunks, _IMPBITS2CHUNKS, (unsigned bits))
+
+/* x = 0, with room for 8 limbs or for so many bits. */
+VOR_SPELLINGS(void, __gmpz_init, __GMPZ_INIT, (vor_mpz * x))
+VOR_SPELLINGS(void, __gmpz_init2, __GMPZ_INIT2, (vor_mpz * x, unsigned bits))
+VOR_SPELLINGS(void, __gmpz_array_init, __GMPZ_ARRAY_INIT,
+              (vor_mpz * array, int count, unsigned bits))
+/* Gives the limbs back; the fields stay. */
+VOR_SPELLINGS(void, __gmpz_clear, __GMPZ_CLEAR, (vor_mpz * x))
+/* Room for `limbs` limbs, at least 8. More than there is: the value is kept. Less: the value is cut
+ * to that many low limbs, the room stays. The result is 0. */
+VOR_SPELLINGS(int, __gmpz_realloc, __GMPZ_REALLOC, (vor_mpz * x, int limbs))
+/* Room for exactly so many bits, at least 8 limbs; a value that does not fit becomes 0. */
+VOR_SPELLINGS(void, __gmpz_realloc2, __GMPZ_REALLOC2, (vor_mpz * x, unsigned bits))
+
+/* ---- Assignment and queries -------------------------------------------------------------------- */
+
+VOR_SPELLINGS(void, __gmpz_set, __GMPZ_SET, (vor_mpz * r, const vor_mpz* a))
+VOR_SPELLINGS(void, __gmpz_set_ui, __GMPZ_SET_UI, (vor_mpz * r, unsigned v))
+VOR_SPELLINGS(void, __gmpz_set_si, __GMPZ_SET_SI, (vor_mpz * r, int v))
+VOR_SPELLINGS(void, __gmpz_init_set, __GMPZ_INIT_SET, (vor_mpz * r, const vor_mpz* a))
+VOR_SPELLINGS(void, __gmpz_init_set_ui, __GMPZ_INIT_SET_UI, (vor_mpz * r, unsigned v))
+VOR_SPELLINGS(void, __gmpz_init_set_si, __GMPZ_INIT_SET_SI, (vor_mpz * r, int v))
+VOR_SPELLINGS(void, __gmpz_swap, __GMPZ_SWAP, (vor_mpz * a, vor_mpz* b))
+VOR_SPELLINGS(void, __gmpz_neg, __GMPZ_NEG, (vor_mpz * r, const vor_mpz* a))
+VOR_SPELLINGS(void, __gmpz_abs, __GMPZ_ABS, (vor_mpz * r, const vor_mpz* a))
+
+/* The lowest limb of |x|; negated as a word for a negative x; limb i of |x|, 0 where there is none. */
+VOR_SPELLINGS(unsigned, __gmpz_get_ui, __GMPZ_GET_UI, (const vor_mpz* x))
+VOR_SPELLINGS(int, __gmpz_get_si, __GMPZ_GET_SI, (const vor_mpz* x))
+VOR_SPELLINGS(unsigned, __gmpz_getlimbn, __GMPZ_GETLIMBN, (const vor_mpz* x, int i))
+VOR_SPELLINGS(int, __gmpz_size, __GMPZ_SIZE, (const vor_mpz* x)) /* limbs in use */
+VOR_SPELLINGS(int, __gmpz_sgn, __GMPZ_SGN, (const vor_mpz* x))   /* 1, 0, -1 */
+/* Digits of |x| in a base of 2 or more: exact for powers of two, else possibly one too many. */
+VOR_SPELLINGS(unsigned, __gmpz_sizeinbase, __GMPZ_SIZEINBASE, (const vor_mpz* x, int base))
+
+/* 1 if x has a value of the type, else 0. */
+VOR_SPELLINGS(int, __gmpz_fits_sint_p, __GMPZ_FITS_SINT_P, (const vor_mpz* x))
+VOR_SPELLINGS(int, __gmpz_fits_slong_p, __GMPZ_FITS_SLONG_P, (const vor_mpz* x))
+VOR_SPELLINGS(int, __gmpz_fits_uint_p, __GMPZ_FITS_UINT_P, (const vor_mpz* x))
+VOR_SPELLINGS(int, __gmpz_fits_ulong_p, __GMPZ_FITS_ULONG_P, (const vor_mpz* x))
+VOR_SPELLINGS(int, __gmpz_fits_sshort_p, __GMPZ_FITS_SSHORT_P, (const vor_mpz* x))
+VOR_SPELLINGS(int, __gmpz_fits_ushort_p, __GMPZ_FITS_USHORT_P, (const vor_mpz* x))
+
+/* 1, 0, -1 as the first is above, equal to or below the second; cmpabs: their magnitudes. The
+ * comparison with a double is exact; zeros, subnormal numbers, infinities and NaN count as 0. */
+VOR_SPELLINGS(int, __gmpz_cmp, __GMPZ_CMP, (const vor_mpz* a, const vor_mpz* b))
+VOR_SPELLINGS(int, __gmpz_cmp_ui, __GMPZ_CMP_UI, (const vor_mpz* a, unsigned v))
+VOR_SPELLINGS(int, __gmpz_cmp_si, __GMPZ_CMP_SI, (const vor_mpz* a, int v))
+VOR_SPELLINGS(int, __gmpz_cmp_d, __GMPZ_CMP_D, (const vor_mpz* a, double d))
+VOR_SPELLINGS(int, __gmpz_cmpabs, __GMPZ_CMPABS, (const vor_mpz* a, const vor_mpz* b))
+VOR_SPELLINGS(int, __gmpz_cmpabs_ui, __GMPZ_CMPABS_UI, (const vor_mpz* a, unsigned v))
+VOR_SPELLINGS(int, __gmpz_cmpabs_d, __GMPZ_CMPABS_D, (const vor_mpz* a, double d))
+
+/* ---- Sums and products -------------------------------------------------------------------------- */
+
+VOR_SPELLINGS(void, __gmpz_add, __GMPZ_ADD, (vor_mpz * r, const vor_mpz* a, const vor_mpz* b))
+VOR_SPELLINGS(void, __gmpz_sub, __GMPZ_SUB, (vor_mpz * r, const vor_mpz* a, const vor_mpz* b))
+VOR_SPELLINGS(void, __gmpz_add_ui, __GMPZ_ADD_UI, (vor_mpz * r, const vor_mpz* a, unsigned v))
+VOR_SPELLINGS(void, __gmpz_sub_ui, __GMPZ_SUB_UI, (vor_mpz * r, const vor_mpz* a, unsigned v))
+VOR_SPELLINGS(void, __gmpz_ui_sub, __GMPZ_UI_SUB, (vor_mpz * r, unsigned v, const vor_mpz* a))
+VOR_SPELLINGS(void, __gmpz_mul, __GMPZ_MUL, (vor_mpz * r, const vor_mpz* a, const vor_mpz* b))
+VOR_SPELLINGS(void, __gmpz_mul_ui, __GMPZ_MUL_UI, (vor_mpz * r, const vor_mpz* a, unsigned v))
+VOR_SPELLINGS(void, __gmpz_mul_si, __GMPZ_MUL_SI, (vor_mpz * r, const vor_mpz* a, int v))
+/* r = r + a * b, r = r - a * b. */
+VOR_SPELLINGS(void, __gmpz_addmul, __GMPZ_ADDMUL, (vor_mpz * r, const vor_mpz* a, const vor_mpz* b))
+VOR_SPELLINGS(void, __gmpz_submul, __GMPZ_SUBMUL, (vor_mpz * r, const vor_mpz* a, const vor_mpz* b))
+VOR_SPELLINGS(void, __gmpz_addmul_ui, __GMPZ_ADDMUL_UI, (vor_mpz * r, const vor_mpz* a, unsigned v))
+VOR_SPELLINGS(void, __gmpz_submul_ui, __GMPZ_SUBMUL_UI, (vor_mpz * r, const vor_mpz* a, unsigned v))
+/* r = a * 2^bits; r = a^e, v^e, with 0^0 = 1. */
+VOR_SPELLINGS(void, __gmpz_mul_2exp, __GMPZ_MUL_2EXP,
+              (vor_mpz * r, const vor_mpz* a, unsigned bits))
+VOR_SPELLINGS(void, __gmpz_pow_ui, __GMPZ_POW_UI, (vor_mpz * r, const vor_mpz* a, unsigned e))
+VOR_SPELLINGS(void, __gmpz_ui_pow_ui, __GMPZ_UI_POW_UI, (vor_mpz * r, unsigned v, unsigned e))
+
+/* ---- Division ----------------------------------------------------------------------------------- */
+/* n = q * d + r. Rounding of the quotient, and sign of the remainder:
+ *   tdiv  toward zero           r has the sign of n
+ *   fdiv  toward minus infinity r has the sign of d
+ *   cdiv  toward plus infinity  r has the sign opposite to d
+ * q and r may be n or d, but not one record. The forms with a word d return the magnitude of their
+ * remainder. The _2exp forms divide by 2^bits. */
+
+VOR_SPELLINGS(void, __gmpz_tdiv_qr, __GMPZ_TDIV_QR,
+              (vor_mpz * q, vor_mpz* r, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(void, __gmpz_tdiv_q, __GMPZ_TDIV_Q, (vor_mpz * q, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(void, __gmpz_tdiv_r, __GMPZ_TDIV_R, (vor_mpz * r, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(unsigned, __gmpz_tdiv_qr_ui, __GMPZ_TDIV_QR_UI,
+              (vor_mpz * q, vor_mpz* r, const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(unsigned, __gmpz_tdiv_q_ui, __GMPZ_TDIV_Q_UI,
+              (vor_mpz * q, const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(unsigned, __gmpz_tdiv_r_ui, __GMPZ_TDIV_R_UI,
+              (vor_mpz * r, const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(unsigned, __gmpz_tdiv_ui, __GMPZ_TDIV_UI, (const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(void, __gmpz_tdiv_q_2exp, __GMPZ_TDIV_Q_2EXP,
+              (vor_mpz * q, const vor_mpz* n, unsigned bits))
+VOR_SPELLINGS(void, __gmpz_tdiv_r_2exp, __GMPZ_TDIV_R_2EXP,
+              (vor_mpz * r, const vor_mpz* n, unsigned bits))
+
+VOR_SPELLINGS(void, __gmpz_fdiv_qr, __GMPZ_FDIV_QR,
+              (vor_mpz * q, vor_mpz* r, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(void, __gmpz_fdiv_q, __GMPZ_FDIV_Q, (vor_mpz * q, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(void, __gmpz_fdiv_r, __GMPZ_FDIV_R, (vor_mpz * r, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(unsigned, __gmpz_fdiv_qr_ui, __GMPZ_FDIV_QR_UI,
+              (vor_mpz * q, vor_mpz* r, const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(unsigned, __gmpz_fdiv_q_ui, __GMPZ_FDIV_Q_UI,
+              (vor_mpz * q, const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(unsigned, __gmpz_fdiv_r_ui, __GMPZ_FDIV_R_UI,
+              (vor_mpz * r, const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(unsigned, __gmpz_fdiv_ui, __GMPZ_FDIV_UI, (const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(void, __gmpz_fdiv_q_2exp, __GMPZ_FDIV_Q_2EXP,
+              (vor_mpz * q, const vor_mpz* n, unsigned bits))
+VOR_SPELLINGS(void, __gmpz_fdiv_r_2exp, __GMPZ_FDIV_R_2EXP,
+              (vor_mpz * r, const vor_mpz* n, unsigned bits))
+
+VOR_SPELLINGS(void, __gmpz_cdiv_qr, __GMPZ_CDIV_QR,
+              (vor_mpz * q, vor_mpz* r, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(void, __gmpz_cdiv_q, __GMPZ_CDIV_Q, (vor_mpz * q, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(void, __gmpz_cdiv_r, __GMPZ_CDIV_R, (vor_mpz * r, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(unsigned, __gmpz_cdiv_qr_ui, __GMPZ_CDIV_QR_UI,
+              (vor_mpz * q, vor_mpz* r, const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(unsigned, __gmpz_cdiv_q_ui, __GMPZ_CDIV_Q_UI,
+              (vor_mpz * q, const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(unsigned, __gmpz_cdiv_r_ui, __GMPZ_CDIV_R_UI,
+              (vor_mpz * r, const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(unsigned, __gmpz_cdiv_ui, __GMPZ_CDIV_UI, (const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(void, __gmpz_cdiv_q_2exp, __GMPZ_CDIV_Q_2EXP,
+              (vor_mpz * q, const vor_mpz* n, unsigned bits))
+VOR_SPELLINGS(void, __gmpz_cdiv_r_2exp, __GMPZ_CDIV_R_2EXP,
+              (vor_mpz * r, const vor_mpz* n, unsigned bits))
+
+/* 0 <= r < |d|. */
+VOR_SPELLINGS(void, __gmpz_mod, __GMPZ_MOD, (vor_mpz * r, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(unsigned, __gmpz_mod_ui, __GMPZ_MOD_UI, (vor_mpz * r, const vor_mpz* n, unsigned d))
+/* n / d where d divides n. */
+VOR_SPELLINGS(void, __gmpz_divexact, __GMPZ_DIVEXACT,
+              (vor_mpz * q, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(void, __gmpz_divexact_ui, __GMPZ_DIVEXACT_UI,
+              (vor_mpz * q, const vor_mpz* n, unsigned d))
+/* 1 if d, or 2^bits, divides n; if it divides a - c. */
+VOR_SPELLINGS(int, __gmpz_divisible_p, __GMPZ_DIVISIBLE_P, (const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(int, __gmpz_divisible_ui_p, __GMPZ_DIVISIBLE_UI_P, (const vor_mpz* n, unsigned d))
+VOR_SPELLINGS(int, __gmpz_divisible_2exp_p, __GMPZ_DIVISIBLE_2EXP_P,
+              (const vor_mpz* n, unsigned bits))
+VOR_SPELLINGS(int, __gmpz_congruent_p, __GMPZ_CONGRUENT_P,
+              (const vor_mpz* a, const vor_mpz* c, const vor_mpz* d))
+VOR_SPELLINGS(int, __gmpz_congruent_ui_p, __GMPZ_CONGRUENT_UI_P,
+              (const vor_mpz* a, unsigned c, unsigned d))
+VOR_SPELLINGS(int, __gmpz_congruent_2exp_p, __GMPZ_CONGRUENT_2EXP_P,
+              (const vor_mpz* a, const vor_mpz* c, unsigned bits))
+
+/* The engines of the families, on magnitudes: signs of n and d are ignored, results are not negative. */
+VOR_SPELLINGS(void, vor_gmp_div_qr, VOR_GMP_DIV_QR,
+              (vor_mpz * q, vor_mpz* r, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(void, vor_gmp_div_q, VOR_GMP_DIV_Q, (vor_mpz * q, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(void, vor_gmp_div_r, VOR_GMP_DIV_R, (vor_mpz * r, const vor_mpz* n, const vor_mpz* d))
+VOR_SPELLINGS(void, vor_gmp_divqr_2exp, VOR_GMP_DIVQR_2EXP,
+              (vor_mpz * q, vor_mpz* r, const vor_mpz* n, unsigned bits))
+
+/* ---- Bits --------------------------------------------------------------------------------------- */
+/* A negative number is an infinite two's complement, with ones on top without end. Bit numbers count
+ * from 0 at the bottom; 0xFFFFFFFF is "none". */
+
+VOR_SPELLINGS(void, __gmpz_and, __GMPZ_AND, (vor_mpz * r, const vor_mpz* a, const vor_mpz* b))
+VOR_SPELLINGS(void, __gmpz_ior, __GMPZ_IOR, (vor_mpz * r, const vor_mpz* a, const vor_mpz* b))
+VOR_SPELLINGS(void, __gmpz_xor, __GMPZ_XOR, (vor_mpz * r, const vor_mpz* a, const vor_mpz* b))
+VOR_SPELLINGS(void, __gmpz_com, __GMPZ_COM, (vor_mpz * r, const vor_mpz* a)) /* -a - 1 */
+VOR_SPELLINGS(void, __gmpz_setbit, __GMPZ_SETBIT, (vor_mpz * x, unsigned i))
+VOR_SPELLINGS(void, __gmpz_clrbit, __GMPZ_CLRBIT, (vor_mpz * x, unsigned i))
+VOR_SPELLINGS(int, __gmpz_tstbit, __GMPZ_TSTBIT, (const vor_mpz* x, unsigned i))
+/* The first 0 or 1 at or after bit i. */
+VOR_SPELLINGS(unsigned, __gmpz_scan0, __GMPZ_SCAN0, (const vor_mpz* x, unsigned i))
+VOR_SPELLINGS(unsigned, __gmpz_scan1, __GMPZ_SCAN1, (const vor_mpz* x, unsigned i))
+/* Ones of x, none for a negative x; bits in which a and b differ, none if one is negative only. */
+VOR_SPELLINGS(unsigned, __gmpz_popcount, __GMPZ_POPCOUNT, (const vor_mpz* x))
+VOR_SPELLINGS(unsigned, __gmpz_hamdist, __GMPZ_HAMDIST, (const vor_mpz* a, const vor_mpz* b))
+
+/* The same search in n limbs. Without a 1: none. Without a 0: the larger of i and 32 n. */
+VOR_SPELLINGS(unsigned, vor_gmp_scan0, VOR_GMP_SCAN0, (const unsigned* limbs, int n, unsigned i))
+VOR_SPELLINGS(unsigned, vor_gmp_scan1, VOR_GMP_SCAN1, (const unsigned* limbs, int n, unsigned i))
+
+/* ---- Random numbers ------------------------------------------------------------------------------ */
+
+/* A stream of uniform bits: xoshiro128** (Blackman and Vigna, ACM Transactions on Mathematical
+ * Software 47, 2021). Each state is seeded from the time and a counter: no sequence can be repeated,
+ * and none is fit for secrets. A state lives from an initialiser to __gmp_randclear, for one thread
+ * at a time. */
+typedef struct vor_randstate {
+    void* cell;
+} vor_randstate;
+
+/* One generator: the arguments behind the state are not read. lc_2exp_size returns 0. */
+VOR_SPELLINGS(void, __gmp_randinit_default, __GMP_RANDINIT_DEFAULT, (vor_randstate * state))
+VOR_SPELLINGS(void, __gmp_randinit_lc_2exp, __GMP_RANDINIT_LC_2EXP,
+              (vor_randstate * state, const vor_mpz* a, unsigned c, unsigned bits))
+VOR_SPELLINGS(int, __gmp_randinit_lc_2exp_size, __GMP_RANDINIT_LC_2EXP_SIZE,
+              (vor_randstate * state, unsigned size))
+void __gmp_randinit(vor_randstate* state, ...);
+/* Does nothing. */
+VOR_SPELLINGS(void, __gmp_randseed_ui, __GMP_RANDSEED_UI, (vor_randstate * state, unsigned seed))
+VOR_SPELLINGS(void, __gmp_randclear, __GMP_RANDCLEAR, (vor_randstate * state))
+
+/* r uniform below 2^bits (below 2^32 for bits = 0), below |n| (n = 0: SIGFPE); r below 2^bits with
+ * long runs of equal bits. */
+VOR_SPELLINGS(void, __gmpz_urandomb, __GMPZ_URANDOMB,
+              (vor_mpz * r, vor_randstate* state, unsigned bits))
+VOR_SPELLINGS(void, __gmpz_urandomm, __GMPZ_URANDOMM,
+              (vor_mpz * r, vor_randstate* state, const vor_mpz* n))
+VOR_SPELLINGS(void, __gmpz_rrandomb, __GMPZ_RRANDOMB,
+              (vor_mpz * r, vor_randstate* state, unsigned bits))
+/* As urandomb and rrandomb with 32 * limbs bits, from a state of their own. */
+void __gmpz_random(vor_mpz* r, int limbs);
+void __gmpz_random2(vor_mpz* r, int limbs);
+/* As urandomb, into an array; a draw of 32 bits modulo n (n = 0: SIGFPE). */
+VOR_SPELLINGS(void, _gmp_rand, _GMP_RAND, (unsigned* limbs, vor_randstate* state, unsigned bits))
+VOR_SPELLINGS(unsigned, mpl_rand_ui, MPL_RAND_UI, (vor_randstate * state, unsigned n))
+
+/* ---- Limb arrays --------------------------------------------------------------------------------- */
+
+/* r = a + b, r = a - b over n limbs; r may be a or b. The carry or borrow; 0 for n = 0. */
+VOR_SPELLINGS(unsigned, __gmpn_add_n, __GMPN_ADD_N,
+              (unsigned* r, const unsigned* a, const unsigned* b, int n))
+VOR_SPELLINGS(unsigned, __gmpn_sub_n, __GMPN_SUB_N,
+              (unsigned* r, const unsigned* a, const unsigned* b, int n))
+/* r = a + v, r = a - v over n limbs, all written; r may be a. The carry or borrow; v for n = 0. */
+VOR_SPELLINGS(unsigned, __gmpn_add_1, __GMPN_ADD_1,
+              (unsigned* r, const unsigned* a, int n, unsigned v))
+VOR_SPELLINGS(unsigned, __gmpn_sub_1, __GMPN_SUB_1,
+              (unsigned* r, const unsigned* a, int n, unsigned v))
+/* r = r + a * v, r = r - a * v over n limbs; r may be a. The carry or borrow limb; 0 for n = 0. */
+VOR_SPELLINGS(unsigned, __gmpn_addmul_1, __GMPN_ADDMUL_1,
+              (unsigned* r, const unsigned* a, int n, unsigned v))
+VOR_SPELLINGS(unsigned, __gmpn_submul_1, __GMPN_SUBMUL_1,
+              (unsigned* r, const unsigned* a, int n, unsigned v))
+VOR_SPELLINGS(int, __gmpn_cmp, __GMPN_CMP, (const unsigned* a, const unsigned* b, int n))
+
+/* r[0 .. an + bn) = a * b, an >= bn >= 0, r apart from both: schoolbook for short operands,
+ * Karatsuba's method for longer ones, Fourier transforms from 4096 limbs on, exact at every size.
+ * With bn = 0 only r[0 .. an) = 0 is written. */
+VOR_SPELLINGS(void, __gmpn_mul, __GMPN_MUL,
+              (unsigned* r, const unsigned* a, int an, const unsigned* b, int bn))
+VOR_SPELLINGS(void, __gmpn_mul_n, __GMPN_MUL_N,
+              (unsigned* r, const unsigned* a, const unsigned* b, int n))
+/* The same by one method: Karatsuba's, Fourier transforms (r has 2 max(an, bn) limbs, all written;
+ * where the transforms are refused, or memory for them, by the other methods), schoolbook. */
+VOR_SPELLINGS(void, vor_gmp_mul_n_kara, VOR_GMP_MUL_N_KARA,
+              (const unsigned* a, const unsigned* b, unsigned* r, int n))
+VOR_SPELLINGS(void, vor_gmp_mul_dft, VOR_GMP_MUL_DFT,
+              (const unsigned* a, int an, const unsigned* b, int bn, unsigned* r))
+VOR_SPELLINGS(void, mpn_mul_basecase, MPN_MUL_BASECASE,
+              (unsigned* r, const unsigned* a, int an, const unsigned* b, int bn))
+/* r = r + a * b, rn limbs on entry, with room for max(rn, an + bn) + 1; its new size, trimmed. */
+int mpn_addmul(unsigned* r, int rn, const unsigned* a, int an, const unsigned* b, int bn);
+
+/* Division by one limb d: nn limbs of quotient, q may be n; the remainder. */
+VOR_SPELLINGS(unsigned, mpn_divmod_1, MPN_DIVMOD_1,
+              (unsigned* q, const unsigned* n, int nn, unsigned d))
+VOR_SPELLINGS(unsigned, mpn_mod_1, MPN_MOD_1, (const unsigned* n, int nn, unsigned d))
+/* Division of nn by dn limbs, nn >= dn, d without a zero limb on top. q apart from n and d, r apart
+ * from q.
+ *   mpl_divqr_long  schoolbook; quotient limbs 0 to nn - dn - 1 into q (for dn = 1 all nn), which may
+ *                   be null, limb nn - dn is the result (0 for dn = 1 without q); r, dn limbs, may
+ *                   be n
+ *   mpl_divqr_dc    recursive; q, nn - dn + 1 limbs, and qsize may be null together
+ *   mpl_divqr_sq    for a short quotient, q of nn - dn + 2 limbs; n becomes the remainder; its size
+ *   mpl_divq_sq     the quotient only, q of nn - dn + 2 limbs; the quotient's size; n is not changed
+ */
+VOR_SPELLINGS(unsigned, mpl_divqr_long, MPL_DIVQR_LONG,
+              (unsigned* q, unsigned* r, const unsigned* n, int nn, const unsigned* d, int dn))
+VOR_SPELLINGS(void, mpl_divqr_dc, MPL_DIVQR_DC,
+              (unsigned* q, int* qsize, unsigned* r, int* rsize, const unsigned* n, int nn,
+               const unsigned* d, int dn))
+VOR_SPELLINGS(int, mpl_divqr_sq, MPL_DIVQR_SQ,
+              (unsigned* q, int* qsize, unsigned* n, int nn, const unsigned* d, int dn))
+VOR_SPELLINGS(int, mpl_divq_sq, MPL_DIVQ_SQ,
+              (unsigned* q, const unsigned* n, int nn, const unsigned* d, int dn))
+/* Steps of the recursion, b normalised (top bit set) and above the top limbs of a, so that the quotient
+ * fits: 4h limbs at a by 2h at b, q of 2h; 3n limbs by 2n, q of n, n even. The remainder replaces the low
+ * limbs of a; the rest of a is scratch. */
+VOR_SPELLINGS(void, vor_gmp_div_n4_d2, VOR_GMP_DIV_N4_D2,
+              (unsigned* q, unsigned* a, const unsigned* b, int h))
+VOR_SPELLINGS(void, vor_gmp_div_n3_d2, VOR_GMP_DIV_N3_D2,
+              (unsigned* q, unsigned* a, const unsigned* b, int n))
+/* Quotient limbs: (p[0], p[-1], p[-2]) by (d1, d0), d1 normalised, v its inverse floor((2^64 - 1) / d1) - 2^32,
+ * at most 2^32 - 1; (nh, nl) by d, nh < d; the same with d normalised and its inverse v. */
+VOR_SPELLINGS(unsigned, mpl_divq_3_by_2, MPL_DIVQ_3_BY_2,
+              (const unsigned* p, unsigned d1, unsigned d0, unsigned v))
+VOR_SPELLINGS(unsigned, mpl_udiv_qqrnnd, MPL_UDIV_QQRNND, (unsigned nh, unsigned nl, unsigned d))
+VOR_SPELLINGS(unsigned, vor_gmp_udiv_qrnnd_preinv, VOR_GMP_UDIV_QRNND_PREINV,
+              (unsigned* r, unsigned nh, unsigned nl, unsigned d, unsigned v))
+
+/* p = p + v, with a carry upward that the caller knows to end. */
+VOR_SPELLINGS(void, mpn_incr_u, MPN_INCR_U, (unsigned* p, unsigned v))
+VOR_SPELLINGS(int, mpl_is_nonzero, MPL_IS_NONZERO, (const unsigned* p, int n)) /* 1 or 0 */
+int mpl_adjust_size(const unsigned* limbs, int n); /* n without zero limbs on top, may be 0 */
+
+/* The low limb of a * b; two limbs by two, wrapping. */
+VOR_SPELLINGS(unsigned, mpl_umul_ppmm, MPL_UMUL_PPMM, (unsigned* hi, unsigned a, unsigned b))
+VOR_SPELLINGS(void, mpl_add_ssaaaa, MPL_ADD_SSAAAA,
+              (unsigned* hi, unsigned* lo, unsigned ah, unsigned al, unsigned bh, unsigned bl))
+VOR_SPELLINGS(void, mpl_sub_ddssss, MPL_SUB_DDSSSS,
+              (unsigned* hi, unsigned* lo, unsigned ah, unsigned al, unsigned bh, unsigned bl))
+
+/* Copies and fills of n elements, ascending; n may be 0. */
+void _impMemcpy(void* d, const void* s, int n);
+void _impMemset(void* d, int v, int n);
+void _impMemcpy_32(unsigned* d, const unsigned* s, int n);
+void _impMemset_32(unsigned* d, unsigned v, int n);
+void _impMemcpy_limb(unsigned* d, const unsigned* s, int n);
+void _impMemset_limb(unsigned* d, unsigned v, int n);
+
+VOR_END_C
+
+#endif

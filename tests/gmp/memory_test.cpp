@@ -1,0 +1,271 @@
+// Records and their memory: room, the replaceable allocator, what happens when memory ends, what is
+// given back.
+#include "tests/common/allocations.h"
+#include "tests/gmp/operations.h"
+#include "tests/gmp/record.h"
+#include "vor_service.h"
+
+namespace vor::test {
+namespace {
+
+TEST(Record, RoomAtTheStart) {
+    struct Request {
+        unsigned bits;
+        int limbs;
+    };
+    for (const auto& [bits, limbs] :
+         {Request{0, 8}, Request{256, 8}, Request{257, 9}, Request{320, 10}, Request{321, 11}}) {
+        mpz_t x;
+        __gmpz_init2(x, bits);
+        EXPECT_EQ(x->_mp_alloc, limbs) << bits;
+        EXPECT_EQ(x->_mp_size, 0);
+        for (int i = 0; i < limbs; ++i) EXPECT_EQ(x->_mp_d[i], 0u);
+        EXPECT_EQ(reinterpret_cast<uintptr_t>(x->_mp_d) % 32, 0u);
+        __gmpz_clear(x);
+    }
+    vor_mpz array[3];
+    __gmpz_array_init(array, 3, 300);
+    for (vor_mpz& x : array) {
+        EXPECT_EQ(x._mp_alloc, 10);
+        __gmpz_clear(&x);
+    }
+    EXPECT_EQ(_impBits2Chars(0), 1u);
+    EXPECT_EQ(_impBits2Chars(9), 2u);
+    EXPECT_EQ(_impBits2Chunks(0), 1u);
+    EXPECT_EQ(_impBits2Chunks(33), 2u);
+}
+
+TEST(Record, Realloc) {
+    const Int twelve("-rnd(3,384)");
+    Z x(twelve);
+    EXPECT_EQ(__gmpz_realloc(x, 16), 0);
+    EXPECT_EQ(x->_mp_alloc, 16);
+    EXPECT_EQ(x.value(), twelve);
+    __gmpz_realloc(x, 10); // cuts the value, keeps the room
+    EXPECT_EQ(x->_mp_alloc, 16);
+    EXPECT_EQ(x.value(), Int(twelve.words.data(), 10, true));
+    for (int i = 10; i < 16; ++i) EXPECT_EQ(x->_mp_d[i], 0u);
+    Z small(Int("ffffffffffffffff"));
+    __gmpz_realloc(small, 3);
+    EXPECT_EQ(small->_mp_alloc, 8);
+    EXPECT_EQ(small.value(), Int("ffffffffffffffff"));
+    // What stands above the value never becomes part of it.
+    Z cut(Int("bit(288)"));
+    cut->_mp_d[8] = 0;
+    cut->_mp_d[3] = 7;
+    __gmpz_realloc(cut, 8);
+    EXPECT_EQ(cut.value(), Int("7*bit(96)"));
+}
+
+TEST(Record, Realloc2) {
+    Z x(Int("-rnd(3,300)"));
+    __gmpz_realloc2(x, 640);
+    EXPECT_EQ(x->_mp_alloc, 20);
+    __gmpz_realloc2(x, 320);
+    EXPECT_EQ(x->_mp_alloc, 10);
+    EXPECT_EQ(x.value(), Int("-rnd(3,300)"));
+    __gmpz_realloc2(x, 32); // does not fit
+    EXPECT_EQ(x->_mp_alloc, 8);
+    EXPECT_EQ(x.value(), Int(0));
+    Z small(Int("ffffffffffffffff"));
+    __gmpz_realloc2(small, 32);
+    EXPECT_EQ(small->_mp_alloc, 8);
+    EXPECT_EQ(small.value(), Int(0));
+}
+
+TEST(Record, ToleratesASingleZeroLimb) {
+    Z x, y(Int(-1));
+    x->_mp_d[0] = 0;
+    x->_mp_size = 1;
+    EXPECT_EQ(__gmpz_sgn(x), 0);
+    EXPECT_EQ(__gmpz_cmp(x, y), 1);
+    EXPECT_EQ(__gmpz_cmp_ui(x, 0), 0);
+    EXPECT_EQ(__gmpz_sizeinbase(x, 2), 1u);
+    EXPECT_EQ(x->_mp_size, 0) << "dropped from the record";
+}
+
+TEST(Blocks, LayoutAndMoves) {
+    auto* p = static_cast<unsigned char*>(__gmp_default_allocate(100));
+    EXPECT_EQ(reinterpret_cast<uintptr_t>(p) % 32, 0u);
+    uint32_t size;
+    std::memcpy(&size, p - 4, 4);
+    EXPECT_EQ(size, 100u);
+    EXPECT_EQ(reinterpret_cast<uintptr_t>(p - 5 - p[-5]) % 8, 0u) << "the C library's block";
+    std::memset(p, 0x5a, 100);
+    auto* q = static_cast<unsigned char*>(__gmp_default_reallocate(p, 1, 40)); // 1 is not read
+    EXPECT_TRUE(std::all_of(q, q + 40, [](unsigned char c) { return c == 0x5a; }));
+    q = static_cast<unsigned char*>(_impRealloc(q, 1000));
+    EXPECT_TRUE(std::all_of(q, q + 40, [](unsigned char c) { return c == 0x5a; }));
+    __gmp_default_free(q, 0);
+    void* fresh = __gmp_default_reallocate(nullptr, 0, 8);
+    EXPECT_NE(fresh, nullptr);
+    _impFree(fresh);
+    EXPECT_EQ(_impMalloc(~0u), nullptr) << "the size with its header does not fit 32 bits";
+
+    uint32_t guarded[5] = {0x27182818, 8, 0, 0, 0x31415926};
+    EXPECT_EQ(_impCheckMemoryBlock(guarded + 2), 0);
+    guarded[4] = 0;
+    EXPECT_EQ(_impCheckMemoryBlock(guarded + 2), 1);
+    guarded[0] = 0;
+    EXPECT_EQ(_impCheckMemoryBlock(guarded + 2), -1);
+}
+
+TEST(Blocks, Scratch) {
+    Allocations allocations;
+    EXPECT_NE(_impTmpMalloc(50), nullptr);
+    EXPECT_EQ(allocations.live(), 1);
+    _impTmpFree();
+    EXPECT_EQ(allocations.live(), 0);
+    _impTmpMark();
+    EXPECT_NE(_impTmpMalloc(50), nullptr);
+    _impTmpMark();
+    EXPECT_EQ(allocations.live(), 0);
+}
+
+// A program's own functions receive every block with the size it was asked for.
+long blocks;
+size_t bytes;
+
+void* counted_allocate(unsigned size) {
+    ++blocks;
+    bytes += size;
+    return std::malloc(size);
+}
+
+void* counted_reallocate(void* block, unsigned old_size, unsigned size) {
+    bytes += size - old_size;
+    return std::realloc(block, size);
+}
+
+void counted_free(void* block, unsigned size) {
+    --blocks;
+    bytes -= size;
+    std::free(block);
+}
+
+TEST(Blocks, ReplacedFunctions) {
+    const auto allocate = __gmp_allocate_func_ptr();
+    const auto reallocate = __gmp_reallocate_func_ptr();
+    const auto deallocate = __gmp_free_func_ptr();
+    __gmp_set_memory_functions(counted_allocate, counted_reallocate, counted_free);
+    EXPECT_EQ(__gmp_allocate_func_ptr(), counted_allocate);
+    EXPECT_EQ(__gmp_reallocate_func_ptr(), counted_reallocate);
+    EXPECT_EQ(__gmp_free_func_ptr(), counted_free);
+    Allocations allocations;
+    {
+        Z a(Int("rnd(1,20000)")), b(Int("rnd(2,9000)")), q, r;
+        __gmpz_tdiv_qr(q, r, a, b);
+        __gmpz_mul(q, q, b);
+        __gmpz_addmul_ui(q, r, 1);
+        EXPECT_EQ(q.value(), a.value());
+        EXPECT_GT(blocks, 0);
+    }
+    EXPECT_EQ(allocations.calls(), 0);
+    EXPECT_EQ(blocks, 0);
+    EXPECT_EQ(bytes, 0u);
+    __gmp_set_memory_functions(allocate, reallocate, deallocate);
+}
+
+// One line names the function and the size, and the process aborts.
+using MemoryDeathTest = ::testing::Test;
+
+template <class F>
+void without_memory(F f) {
+    Allocations allocations;
+    allocations.fail_from(1);
+    f();
+}
+
+TEST(MemoryDeathTest, NamesFunctionAndSize) {
+    const auto aborted = ::testing::KilledBySignal(SIGABRT);
+    mpz_t x;
+    EXPECT_EXIT(without_memory([&] { __gmpz_init(x); }), aborted,
+                "^vor: vor_gmp___gmpz_init2: out of memory, 32 bytes\n$");
+    EXPECT_EXIT(without_memory([&] { __gmpz_init2(x, 0xffffffff); }), aborted,
+                "__gmpz_init2: out of memory, 536870912 bytes");
+    Z a(Int("ones(320)"));
+    EXPECT_EXIT(without_memory([&] { __gmpz_add(a, a, a); }), aborted,
+                "__gmpz_add: out of memory, 44 bytes");
+    EXPECT_EXIT(without_memory([&] { __gmpz_mul_2exp(a, a, 0xffffffff); }), aborted,
+                "__gmpz_mul_2exp: out of memory, 536870952 bytes");
+    EXPECT_EXIT(__gmpz_realloc(a, 0x7fffffff), aborted,
+                "__gmpz_realloc: out of memory, 8589934588 bytes");
+    EXPECT_EXIT(without_memory([&] { _impTmpMalloc(77); }), aborted, "_impTmpMalloc.* 77 bytes");
+    EXPECT_EXIT(__gmpz_random(a, 0x7fffffff), aborted, "__gmpz_random: out of memory, 8589934588");
+}
+
+// Whichever allocation of an operation fails, the process ends by the report, not by a fault.
+TEST(MemoryDeathTest, AtEveryAllocation) {
+    const Int n("rnd(1,20000)"), d("rnd(2,9000)");
+    const std::pair<const char*, std::function<void(vor_mpz*, vor_mpz*)>> operations[] = {
+        {"floor division", [](vor_mpz* x, vor_mpz* y) { __gmpz_fdiv_qr(x, y, x, y); }},
+        {"short quotient",
+         [](vor_mpz* x, vor_mpz* y) {
+             __gmpz_mul_2exp(y, y, 10900);
+             __gmpz_tdiv_qr(x, y, x, y);
+         }},
+        {"product", [](vor_mpz* x, vor_mpz* y) { __gmpz_mul(x, x, y); }},
+        {"power", [](vor_mpz* x, vor_mpz* y) { __gmpz_pow_ui(x, y, 3); }},
+        {"xor and weight", [](vor_mpz* x, vor_mpz* y) { __gmpz_hamdist(x, y); }},
+        {"random", [](vor_mpz* x, vor_mpz*) { __gmpz_random2(x, 900); }},
+    };
+    for (const auto& [name, operation] : operations) {
+        SCOPED_TRACE(name);
+        long count;
+        {
+            Z x(n), y(d);
+            Allocations allocations;
+            operation(x, y);
+            count = allocations.calls();
+        }
+        EXPECT_GT(count, 0);
+        for (long k = 1; k <= count; ++k) {
+            const auto fail = [&, &call = operation] {
+                Z x(n), y(d);
+                Allocations allocations;
+                allocations.fail_at(k);
+                call(x, y);
+            };
+            EXPECT_EXIT(fail(), ::testing::KilledBySignal(SIGABRT),
+                        "^vor: .*out of memory, [0-9]+ bytes\n$")
+                << "allocation " << k;
+        }
+    }
+}
+
+// Whatever allocation of the transforms fails: another method gives the same product.
+TEST(Blocks, WithoutMemoryForTransforms) {
+    const int n = 4100;
+    const Int a = long_operand(n, 4, 1), b = long_operand(n, 4, 2);
+    std::vector<uint32_t> want(2 * n), got(2 * n);
+    vor_gmp_mul_dft(a.words.data(), n, b.words.data(), n, want.data());
+    for (long k = 1;; ++k) {
+        vor_freebuffers();
+        Allocations allocations;
+        allocations.fail_at(k);
+        vor_gmp_mul_dft(a.words.data(), n, b.words.data(), n, got.data());
+        ASSERT_EQ(got, want) << "allocation " << k;
+        if (!allocations.failed()) break;
+        ASSERT_LT(k, 100);
+    }
+}
+
+// Every operation of the table gives back what it takes.
+TEST(Blocks, NothingIsKept) {
+    const Int n("-rnd(1,20000)"), d("rnd(2,9000)"), e("rnd(3,700)");
+    Allocations allocations;
+    for (const char* name : {"add", "sub", "mul", "and", "xor", "hamdist", "tdiv", "fdiv", "cdiv",
+                             "mod", "div_magnitudes", "limb_product"}) {
+        operations().at(name)({n, d});
+        operations().at(name)({d, d});
+        operations().at(name)({d, e});
+        EXPECT_EQ(allocations.live(), 0) << name;
+    }
+    operations().at("pow_ui")({e, Int(5)});
+    operations().at("addmul")({n, d, e});
+    operations().at("mod_2exp")({n, Int(777)});
+    EXPECT_EQ(allocations.live(), 0);
+}
+
+} // namespace
+} // namespace vor::test

@@ -1,0 +1,22 @@
+// The operations of the library under the names that the oracle gives them. Each runs in every
+// pattern of aliased arguments that it allows, expects the same result from all, and expects what
+// surrounds the memory of an operand to stay as it was.
+#pragma once
+
+#include "tests/gmp/integer.h"
+
+#include <functional>
+#include <map>
+
+namespace vor::test {
+
+using Operation = std::function<Ints(const Ints&)>;
+using Operations = std::map<std::string, Operation>;
+
+const Operations& operations();
+
+void add_big_number_operations(Operations& all);
+void add_record_operations(Operations& all);
+void add_division_operations(Operations& all);
+
+} // namespace vor::test
