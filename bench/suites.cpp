@@ -13,6 +13,7 @@ Suite all_cases() {
         level2_cases,
         gemm_cases,
         level3_cases,
+        cblas_cases,
         dft_cases,
         dfti_cases,
         gmp_cases,
