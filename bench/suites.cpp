@@ -8,7 +8,8 @@ namespace vor::bench {
 Suite all_cases() {
     // clang-format off: one to a line
     const std::vector<Suite (*)()> families = {
-        service_cases, level1_cases, level2_cases, gemm_cases, level3_cases, dft_cases, dfti_cases,
+        service_cases, level1_cases, level2_cases, gemm_cases,
+        level3_cases,  fft_cases,    dft_cases,    dfti_cases,
     };
     // clang-format on
     Suite all;

@@ -11,6 +11,7 @@ Suite level1_cases();
 Suite level2_cases();
 Suite gemm_cases();
 Suite level3_cases();
+Suite fft_cases();
 Suite dft_cases();
 Suite dfti_cases();
 
