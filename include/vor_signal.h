@@ -7,12 +7,27 @@
 
 VOR_BEGIN_C
 
+/* Common to all functions of this header: they run without configuration file and without threads, and
+ * hold no state of their own; any number of threads may call them. Lengths are counted in elements, an
+ * array may stand at any address unless said otherwise, and all alignments give the same bits. Where a
+ * status is returned, pointers are tested first, then lengths; a function that returns an error has
+ * written nothing, but where said. */
+
 /* ---- Memory --------------------------------------------------------------------------------- */
 
+/* A block of the given number of bytes, floats or doubles, at a multiple of 32 bytes; the contents are
+ * undefined. Null if the count is below 1 or the memory cannot be had. The size in bytes plus 36 must
+ * fit 32 bits. tavsFree takes blocks of all three, and null. Objects and work buffers of this layer
+ * may come from here, but need not. */
 void* tavsMalloc_8u(int bytes);
 float* tavsMalloc_32f(int count);
 double* tavsMalloc_64f(int count);
 void tavsFree(void* block);
+
+/* Clears, or copies, `count` elements. Source and destination of a copy do not overlap. Large blocks
+ * (20480 bytes cleared, 8192 copied) go around the cache and are visible to other processors on return.
+ * A copy preserves all bits, those of signalling NaNs too. Status: tavStsNullPtrErr, tavStsSizeErr
+ * (count below 1). */
 TavStatus tavsZero_8u(void* destination, int bytes);
 TavStatus tavsZero_32f(float* destination, int count);
 TavStatus tavsZero_64f(double* destination, int count);
@@ -22,14 +37,40 @@ TavStatus tavsCopy_64f(const double* source, double* destination, int count);
 /* ---- Scaling flags of FFT and DFT objects ---------------------------------------------------- */
 
 enum {
-    TAV_FFT_DIV_FWD_BY_N = 1,
-    TAV_FFT_DIV_INV_BY_N = 2,
-    TAV_FFT_DIV_BY_SQRTN = 4,
-    TAV_FFT_NODIV_BY_ANY = 8
+    TAV_FFT_DIV_FWD_BY_N = 1, /* forward by 1/N */
+    TAV_FFT_DIV_INV_BY_N = 2, /* inverse by 1/N */
+    TAV_FFT_DIV_BY_SQRTN = 4, /* both by 1/sqrt(N) */
+    TAV_FFT_NODIV_BY_ANY = 8  /* neither */
 };
 
 /* ---- FFT objects: lengths that are powers of two ---------------------------------------------- */
 
+/* Transforms of N = 2^order points, W = exp(-2 pi i / N):
+ *
+ *   forward   X[k] = scale * sum over n of x[n] W^(n k)
+ *   inverse   x[n] = scale * sum over k of X[k] W^(-n k)
+ *
+ * with the scale of the object's flag. Decimation in time in passes of radix 4 (Cooley and Tukey, Math.
+ * Comp. 19, 1965); transforms that exceed the cache run as rows and columns (Bailey, J. Supercomputing
+ * 4, 1990).
+ *
+ * Object life. InitAlloc builds all tables of one order, 0 to 30, one kind of data and one flag, and
+ * writes the object's pointer on success only; Free gives everything back. Between the two the object
+ * is read, never written: any number of threads may transform on one object at the same time, each
+ * with a work buffer of its own, or with none. The calls of one kind refuse objects of another. `hint` is
+ * stored.
+ *
+ * Work buffer. GetBufSize tells its size in bytes, which may be 0; the buffer may stand at any address.
+ * A transform that is given a null pointer takes the buffer itself and gives it back.
+ *
+ * Data. Source and destination hold N elements, and may be the same array; otherwise they do not
+ * overlap, and the source is left as it was. Values are the same in place and out of place.
+ *
+ * Status, in the order of the tests. InitAlloc: tavStsNullPtrErr, tavStsFftOrderErr, tavStsMemAllocErr (no
+ * memory for the object), tavStsFftFlagErr, tavStsMemAllocErr (no memory for the tables). Free and
+ * GetBufSize: tavStsNullPtrErr, tavStsContextMatchErr. Transforms: tavStsNullPtrErr (object),
+ * tavStsContextMatchErr, tavStsNullPtrErr (source or destination), tavStsMemAllocErr (a work buffer of
+ * their own). */
 typedef struct FftCtx FftCtx;
 
 TavStatus tavsFFTInitAlloc_C_32fc(FftCtx** object, int order, int flag, int hint);
@@ -54,6 +95,13 @@ TavStatus tavsFFTFwd_CToC_64fc(const VOR_DCOMPLEX* source, VOR_DCOMPLEX* destina
 TavStatus tavsFFTInv_CToC_64fc(const VOR_DCOMPLEX* source, VOR_DCOMPLEX* destination,
                                const FftCtx* object, void* buffer);
 
+/* Real data, by a complex transform of N/2 points. The first half of the spectrum, all that is needed of
+ * it, is stored in N reals:
+ *
+ *   Perm   re X[0], re X[N/2], re X[1], im X[1], re X[2], im X[2], ...
+ *   Pack   re X[0], re X[1], im X[1], re X[2], im X[2], ..., re X[N/2]
+ *
+ * (N = 1: re X[0]; N = 2: re X[0], re X[1]). Perm is the faster one. */
 TavStatus tavsFFTFwd_RToPerm_32f(const float* source, float* destination, const FftCtx* object,
                                  void* buffer);
 TavStatus tavsFFTFwd_RToPerm_64f(const double* source, double* destination, const FftCtx* object,
@@ -73,6 +121,13 @@ TavStatus tavsFFTInv_PackToR_64f(const double* source, double* destination, cons
 
 /* ---- Products of spectra in a packed format ---------------------------------------------------- */
 
+/* Products of the spectra of `length` reals, element by element of the spectrum, in place:
+ *
+ *   MulPerm       destination := destination * source         both in Perm
+ *   MulPackConj   destination := source * conj(destination)   both in Pack
+ *
+ * The length may be odd (DFT objects): then only the first value has no partner. Status:
+ * tavStsNullPtrErr, tavStsSizeErr (length below 1). */
 TavStatus tavsMulPerm_32f_I(const float* source, float* destination, int length);
 TavStatus tavsMulPerm_64f_I(const double* source, double* destination, int length);
 TavStatus tavsMulPackConj_32f_I(const float* source, float* destination, int length);
@@ -80,6 +135,20 @@ TavStatus tavsMulPackConj_64f_I(const double* source, double* destination, int l
 
 /* ---- Convolution and cross-correlation ---------------------------------------------------------- */
 
+/* Conv writes the len1 + len2 - 1 values of the linear convolution,
+ *
+ *   dst[k] = sum over i of src1[i] * src2[k - i],
+ *
+ * CrossCorr writes dstLen values of the cross-correlation from the lag lowLag on, which may be negative,
+ *
+ *   dst[n] = sum over i of src1[i] * src2[i + n + lowLag],
+ *
+ * elements outside the arrays being 0. dst overlaps neither source. Both choose by the lengths between
+ * the direct sum, which needs no memory, and products of spectra (long convolutions by overlap-save:
+ * Stockham, AFIPS 28, 1966); then an infinity or NaN anywhere may spread to all results.
+ *
+ * Status: tavStsNullPtrErr, tavStsSizeErr (a length below 1), tavStsMemAllocErr (spectra only; dst is
+ * as it was), tavStsFftOrderErr (more than 2^30 values). */
 TavStatus tavsConv_32f(const float* src1, int len1, const float* src2, int len2, float* dst);
 TavStatus tavsConv_64f(const double* src1, int len1, const double* src2, int len2, double* dst);
 TavStatus tavsCrossCorr_32f(const float* src1, int len1, const float* src2, int len2, float* dst,
