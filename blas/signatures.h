@@ -75,35 +75,43 @@
      const int* ldc)
 #define ARGS_XGEMM (transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc)
 
-#define PARAMS_SYMM(T)                                                                             \
-    (const char* side, const char* uplo, const int* m, const int* n, const T* alpha, const T* a,   \
-     const int* lda, const T* b, const int* ldb, const T* beta, T* c, const int* ldc,              \
-     VOR_HIDDEN(side), VOR_HIDDEN(uplo))
+#define LIST_SYMM(T)                                                                               \
+    const char *side, const char *uplo, const int *m, const int *n, const T *alpha, const T *a,    \
+        const int *lda, const T *b, const int *ldb, const T *beta, T *c, const int *ldc
+#define PARAMS_SYMM(T) (LIST_SYMM(T), VOR_HIDDEN(side), VOR_HIDDEN(uplo))
+#define PARAMS_XSYMM(T) (LIST_SYMM(T))
 #define ARGS_SYMM (side, uplo, m, n, alpha, a, lda, b, ldb, beta, c, ldc, side_length, uplo_length)
+#define ARGS_XSYMM (side, uplo, m, n, alpha, a, lda, b, ldb, beta, c, ldc)
 // Rank-k updates: alpha and beta are of type S; rank-2k updates: beta is.
-#define PARAMS_RANK_K(T, S)                                                                        \
-    (const char* uplo, const char* trans, const int* n, const int* k, const S* alpha, const T* a,  \
-     const int* lda, const S* beta, T* c, const int* ldc, VOR_HIDDEN(uplo), VOR_HIDDEN(trans))
+#define LIST_RANK_K(T, S)                                                                          \
+    const char *uplo, const char *trans, const int *n, const int *k, const S *alpha, const T *a,   \
+        const int *lda, const S *beta, T *c, const int *ldc
+#define PARAMS_RANK_K(T, S) (LIST_RANK_K(T, S), VOR_HIDDEN(uplo), VOR_HIDDEN(trans))
+#define PARAMS_XRANK_K(T, S) (LIST_RANK_K(T, S))
 #define ARGS_SYRK (uplo, trans, n, k, alpha, a, lda, beta, c, ldc, uplo_length, trans_length)
 #define PARAMS_SYRK(T) PARAMS_RANK_K(T, T)
 #define PARAMS_HERK(T) PARAMS_RANK_K(T, vor::real_t<T>)
 #define ARGS_HERK ARGS_SYRK
-#define PARAMS_RANK_2K(T, S)                                                                       \
-    (const char* uplo, const char* trans, const int* n, const int* k, const T* alpha, const T* a,  \
-     const int* lda, const T* b, const int* ldb, const S* beta, T* c, const int* ldc,              \
-     VOR_HIDDEN(uplo), VOR_HIDDEN(trans))
+#define LIST_RANK_2K(T, S)                                                                         \
+    const char *uplo, const char *trans, const int *n, const int *k, const T *alpha, const T *a,   \
+        const int *lda, const T *b, const int *ldb, const S *beta, T *c, const int *ldc
+#define PARAMS_RANK_2K(T, S) (LIST_RANK_2K(T, S), VOR_HIDDEN(uplo), VOR_HIDDEN(trans))
+#define PARAMS_XRANK_2K(T, S) (LIST_RANK_2K(T, S))
 #define ARGS_SYR2K                                                                                 \
     (uplo, trans, n, k, alpha, a, lda, b, ldb, beta, c, ldc, uplo_length, trans_length)
 #define PARAMS_SYR2K(T) PARAMS_RANK_2K(T, T)
 #define PARAMS_HER2K(T) PARAMS_RANK_2K(T, vor::real_t<T>)
 #define ARGS_HER2K ARGS_SYR2K
+#define LIST_TRMM(T)                                                                               \
+    const char *side, const char *uplo, const char *transa, const char *diag, const int *m,        \
+        const int *n, const T *alpha, const T *a, const int *lda, T *b, const int *ldb
 #define PARAMS_TRMM(T)                                                                             \
-    (const char* side, const char* uplo, const char* transa, const char* diag, const int* m,       \
-     const int* n, const T* alpha, const T* a, const int* lda, T* b, const int* ldb,               \
-     VOR_HIDDEN(side), VOR_HIDDEN(uplo), VOR_HIDDEN(transa), VOR_HIDDEN(diag))
+    (LIST_TRMM(T), VOR_HIDDEN(side), VOR_HIDDEN(uplo), VOR_HIDDEN(transa), VOR_HIDDEN(diag))
+#define PARAMS_XTRMM(T) (LIST_TRMM(T))
 #define ARGS_TRMM                                                                                  \
     (side, uplo, transa, diag, m, n, alpha, a, lda, b, ldb, side_length, uplo_length,              \
      transa_length, diag_length)
+#define ARGS_XTRMM (side, uplo, transa, diag, m, n, alpha, a, lda, b, ldb)
 
 // Level 2. The Hermitian members share the lists of the symmetric ones, solves those of products.
 #define PARAMS_GEMV(T)                                                                             \

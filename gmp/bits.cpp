@@ -2,6 +2,7 @@
 //
 // With l the lowest set bit of the magnitude, a negative number has zeros below l, a one at l, and the
 // complement of the magnitude above.
+#include "serv/bits.h"
 #include "gmp/integer.h"
 
 using namespace vor::gmp;
@@ -37,7 +38,7 @@ unsigned scan(const limb_t* limbs, int n, unsigned i, limb_t flip, unsigned none
         if (++k == n) return none;
         x = limbs[k] ^ flip;
     }
-    return 32 * static_cast<unsigned>(k) + static_cast<unsigned>(__builtin_ctz(x));
+    return 32 * static_cast<unsigned>(k) + static_cast<unsigned>(vor::trailing_zeros(x));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // Limb arrays by one limb. The dividend is read through the shift that normalises the divisor, from
 // the top down: q may be n.
 #include "gmp/divide_limb.h"
+#include "serv/bits.h"
 
 using namespace vor;
 using namespace vor::gmp;
@@ -48,7 +49,7 @@ VOR_ENGINE unsigned vor_gmp_mpn_divmod_1 PARAMS_DIVMOD_1 {
     }
     if (power_of_two(d)) {
         const limb_t rest = n[0] & (d - 1);
-        shift_down(q, n, nn, static_cast<unsigned>(__builtin_ctz(d)));
+        shift_down(q, n, nn, static_cast<unsigned>(vor::trailing_zeros(d)));
         return rest;
     }
     return divide(n, nn, d, [q](int i, limb_t x) { q[i] = x; });

@@ -34,7 +34,7 @@ constexpr long double kErrorLimit = 0.45L;
 constexpr int kLongestTransform = 1 << 27; // two arrays of doubles for it fill the address space
 
 int64_t digits_in(int limbs, int width) {
-    return (int64_t{32} * limbs + width - 1) / width;
+    return int64_t{32} * (limbs / width) + (32 * (limbs % width) + width - 1) / width;
 }
 
 // A transform length of at least n that is 8, 9, 10 or 12 times a power of two: lengths with larger

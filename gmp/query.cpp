@@ -1,5 +1,6 @@
 // Size, sign and range of a record.
 #include "gmp/integer.h"
+#include "serv/bits.h"
 
 #include <math.h>
 
@@ -34,8 +35,9 @@ VOR_ENGINE unsigned vor_gmp___gmpz_sizeinbase PARAMS_CXI {
     const uint64_t bits = bit_length(x);
     const unsigned base = static_cast<unsigned>(i);
     if ((base & (base - 1)) == 0) {
-        const unsigned k = __builtin_ctz(base);
-        return static_cast<unsigned>((bits + k - 1) / k);
+        const int k =
+            vor::trailing_zeros(base); // extended precision tells the quotient from an integer
+        return static_cast<unsigned>(static_cast<long double>(bits + k - 1) / k);
     }
     volatile double digits = static_cast<double>(bits) * log(2.0) / log(static_cast<double>(base));
     digits = digits + 1.0;

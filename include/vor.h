@@ -4,6 +4,7 @@
 
 #include "vor_bignum.h"
 #include "vor_blas.h"
+#include "vor_cblas.h"
 #include "vor_dfti.h"
 #include "vor_gmp.h"
 #include "vor_service.h"

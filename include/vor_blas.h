@@ -451,6 +451,87 @@ VOR_SPELLINGS(void, cgemm, CGEMM, VOR_ARGUMENTS(VOR_SCOMPLEX))
 VOR_SPELLINGS(void, zgemm, ZGEMM, VOR_ARGUMENTS(VOR_DCOMPLEX))
 #undef VOR_ARGUMENTS
 
+/* ?trsm: B := alpha * op(A)^-1 * B for side 'L', B := alpha * B * op(A)^-1 for side 'R'.
+ *
+ * B is m by n; A is triangular (uplo 'U' upper, 'L' lower), m by m on the left, n by n on the right;
+ * its other triangle is not read. diag 'U': the diagonal counts as 1 and is not read. A zero on the
+ * diagonal is not looked for: it gives infinities and NaNs. alpha = 0: B := 0. Blocked
+ * right-looking substitution. Each right side is solved with a small backward error; doubles are summed
+ * in extended precision inside a block. Threads share out the right sides. */
+#define VOR_ARGUMENTS(T)                                                                           \
+    (const char* side, const char* uplo, const char* transa, const char* diag, const int* m,       \
+     const int* n, const T* alpha, const T* a, const int* lda, T* b,                               \
+     const int* ldb VOR_LENGTH(side) VOR_LENGTH(uplo) VOR_LENGTH(transa) VOR_LENGTH(diag))
+VOR_SPELLINGS(void, strsm, STRSM, VOR_ARGUMENTS(float))
+VOR_SPELLINGS(void, dtrsm, DTRSM, VOR_ARGUMENTS(double))
+VOR_SPELLINGS(void, ctrsm, CTRSM, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, ztrsm, ZTRSM, VOR_ARGUMENTS(VOR_DCOMPLEX))
+#undef VOR_ARGUMENTS
+
+/* ?trmm: B := alpha * op(A) * B for side 'L', B := alpha * B * op(A) for side 'R'. Shapes, letters and
+ * unread memory as for ?trsm. */
+#define VOR_ARGUMENTS(T)                                                                           \
+    (const char* side, const char* uplo, const char* transa, const char* diag, const int* m,       \
+     const int* n, const T* alpha, const T* a, const int* lda, T* b,                               \
+     const int* ldb VOR_LENGTH(side) VOR_LENGTH(uplo) VOR_LENGTH(transa) VOR_LENGTH(diag))
+VOR_SPELLINGS(void, strmm, STRMM, VOR_ARGUMENTS(float))
+VOR_SPELLINGS(void, dtrmm, DTRMM, VOR_ARGUMENTS(double))
+VOR_SPELLINGS(void, ctrmm, CTRMM, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, ztrmm, ZTRMM, VOR_ARGUMENTS(VOR_DCOMPLEX))
+#undef VOR_ARGUMENTS
+
+/* ?symm, ?hemm: C := alpha * A * B + beta * C for side 'L', C := alpha * B * A + beta * C for side 'R'.
+ *
+ * B and C are m by n; A is symmetric (?hemm: Hermitian), m by m on the left, n by n on the right. Only
+ * the triangle named by uplo is read, and of a Hermitian diagonal only the real parts. Threads share
+ * out the columns (left) or the rows (right) of C. When scratch memory is short the work goes
+ * on in smaller blocks. */
+#define VOR_ARGUMENTS(T)                                                                           \
+    (const char* side, const char* uplo, const int* m, const int* n, const T* alpha, const T* a,   \
+     const int* lda, const T* b, const int* ldb, const T* beta, T* c,                              \
+     const int* ldc VOR_LENGTH(side) VOR_LENGTH(uplo))
+VOR_SPELLINGS(void, ssymm, SSYMM, VOR_ARGUMENTS(float))
+VOR_SPELLINGS(void, dsymm, DSYMM, VOR_ARGUMENTS(double))
+VOR_SPELLINGS(void, csymm, CSYMM, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, zsymm, ZSYMM, VOR_ARGUMENTS(VOR_DCOMPLEX))
+VOR_SPELLINGS(void, chemm, CHEMM, VOR_ARGUMENTS(VOR_SCOMPLEX))
+VOR_SPELLINGS(void, zhemm, ZHEMM, VOR_ARGUMENTS(VOR_DCOMPLEX))
+#undef VOR_ARGUMENTS
+
+/* ?syrk: C := alpha * op(A) * op(A)^T + beta * C, op(A) n by k: A for trans 'N', A^T for 'T' (real
+ * types also 'C').
+ * ?herk: C := alpha * op(A) * op(A)^H + beta * C with real alpha and beta, op(A) = A for trans 'N', A^H
+ * for 'C'.
+ *
+ * Only the triangle of C named by uplo is read and written; the diagonal of a Hermitian C comes out
+ * real. alpha = 0 or k = 0: C := beta * C. */
+#define VOR_ARGUMENTS(T, S)                                                                        \
+    (const char* uplo, const char* trans, const int* n, const int* k, const S* alpha, const T* a,  \
+     const int* lda, const S* beta, T* c, const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans))
+VOR_SPELLINGS(void, ssyrk, SSYRK, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, dsyrk, DSYRK, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, csyrk, CSYRK, VOR_ARGUMENTS(VOR_SCOMPLEX, VOR_SCOMPLEX))
+VOR_SPELLINGS(void, zsyrk, ZSYRK, VOR_ARGUMENTS(VOR_DCOMPLEX, VOR_DCOMPLEX))
+VOR_SPELLINGS(void, cherk, CHERK, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, zherk, ZHERK, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+#undef VOR_ARGUMENTS
+
+/* ?syr2k: C := alpha * op(A) * op(B)^T + alpha * op(B) * op(A)^T + beta * C.
+ * ?her2k: C := alpha * op(A) * op(B)^H + conj(alpha) * op(B) * op(A)^H + beta * C with real beta.
+ *
+ * Letters, the triangle and the diagonal of C as for ?syrk and ?herk. */
+#define VOR_ARGUMENTS(T, S)                                                                        \
+    (const char* uplo, const char* trans, const int* n, const int* k, const T* alpha, const T* a,  \
+     const int* lda, const T* b, const int* ldb, const S* beta, T* c,                              \
+     const int* ldc VOR_LENGTH(uplo) VOR_LENGTH(trans))
+VOR_SPELLINGS(void, ssyr2k, SSYR2K, VOR_ARGUMENTS(float, float))
+VOR_SPELLINGS(void, dsyr2k, DSYR2K, VOR_ARGUMENTS(double, double))
+VOR_SPELLINGS(void, csyr2k, CSYR2K, VOR_ARGUMENTS(VOR_SCOMPLEX, VOR_SCOMPLEX))
+VOR_SPELLINGS(void, zsyr2k, ZSYR2K, VOR_ARGUMENTS(VOR_DCOMPLEX, VOR_DCOMPLEX))
+VOR_SPELLINGS(void, cher2k, CHER2K, VOR_ARGUMENTS(VOR_SCOMPLEX, float))
+VOR_SPELLINGS(void, zher2k, ZHER2K, VOR_ARGUMENTS(VOR_DCOMPLEX, double))
+#undef VOR_ARGUMENTS
+
 /* ---- Rotation sequences, inner products --------------------------------------------------------- */
 
 /* ?lasr_l<pivot><direction>: applies m - 1 plane rotations with cosines c and sines s, m - 1 each, to

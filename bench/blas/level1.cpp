@@ -3,6 +3,7 @@
 #include "serv/element.h"
 
 #include <cstring>
+#include <map>
 #include <memory>
 
 namespace vor::bench {
@@ -28,13 +29,22 @@ struct Vectors {
     std::vector<T> x, y;
 };
 
+// Calls that are alive at the same time share their vectors: what is compared works on the same pages.
+template <class T>
+std::shared_ptr<Vectors<T>> vectors_of(int n) {
+    static std::map<int, std::weak_ptr<Vectors<T>>> alive;
+    auto vectors = alive[n].lock();
+    if (!vectors) alive[n] = vectors = std::make_shared<Vectors<T>>(n);
+    return vectors;
+}
+
 // run(f, vectors) calls the function f of type F behind `symbol`.
 template <class F, class T, class Run>
 Binder bind(std::string symbol, int n, Run run) {
     return [=](const Library& library) -> Call {
         F* const f = library.function<F>(symbol.c_str());
         if (!f) return {};
-        const auto vectors = std::make_shared<Vectors<T>>(n);
+        const auto vectors = vectors_of<T>(n);
         return [=] { run(f, *vectors); };
     };
 }
@@ -87,12 +97,14 @@ Binder value(std::string symbol, int n) {
     using F = R(const int*, const T*, const int*);
     return bind<F, T>(symbol, n, [](F* f, Vectors<T>& v) { f(&v.n, v.x.data(), &v.step); });
 }
+// The C library's function: called by its address, or the compiler puts its own loop in place of it.
 template <class T>
 Binder memory_copy(int n) {
     return [n](const Library&) -> Call {
-        const auto vectors = std::make_shared<Vectors<T>>(n);
-        return [vectors, n] {
-            std::memcpy(vectors->y.data(), vectors->x.data(), size_t(n) * sizeof(T));
+        const auto vectors = vectors_of<T>(n);
+        void* (*volatile copy)(void*, const void*, size_t) = std::memcpy;
+        return [vectors, n, copy] {
+            copy(vectors->y.data(), vectors->x.data(), size_t(n) * sizeof(T));
         };
     };
 }

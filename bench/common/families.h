@@ -10,6 +10,7 @@ Suite service_cases();
 Suite level1_cases();
 Suite level2_cases();
 Suite gemm_cases();
+Suite level3_cases();
 Suite dft_cases();
 Suite dfti_cases();
 Suite gmp_cases();

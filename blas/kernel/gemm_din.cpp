@@ -1,4 +1,5 @@
 // Inner kernels of dgemm: contract in gemm_kernels.h.
+#include "blas/kernel/gemm_columns.h"
 #include "blas/kernel/gemm_kernels.h"
 #include "serv/entry.h"
 
@@ -24,17 +25,11 @@ inline void group(const double* a, const double* b, double* c) {
     c[3] = static_cast<double>(s3 + c[3]);
 }
 
-template <int M, int K>
-void kernel(int n, const double* a, const double* b, int ldb, double* c, int ldc) {
-    for (int j = 0; j < n; ++j, b += ldb, c += ldc)
-        for (int i = 0; i < M; i += kGroup) group<K>(a + i * K, b, c + i);
-}
-
 } // namespace
 
 #define KERNEL(M, K)                                                                               \
     VOR_ENGINE void vor_blas_din##M##_##K PARAMS_GEMM_KERNEL(double) {                             \
-        kernel<M, K>(*n, apanel, b, *ldb, c, *ldc);                                                \
+        vor::by_columns<M, K, kGroup>(*n, apanel, b, *ldb, c, *ldc, group<K>);                     \
     }
 KERNEL(16, 64)
 KERNEL(8, 64)

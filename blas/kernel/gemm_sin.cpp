@@ -1,4 +1,5 @@
 // Inner kernels of sgemm: contract in gemm_kernels.h.
+#include "blas/kernel/gemm_columns.h"
 #include "blas/kernel/gemm_kernels.h"
 #include "serv/entry.h"
 
@@ -27,17 +28,11 @@ inline void group(const float* a, const float* b, float* c) {
     _mm_storeu_ps(c + 12, _mm_add_ps(s3, _mm_loadu_ps(c + 12)));
 }
 
-template <int M, int K>
-void kernel(int n, const float* a, const float* b, int ldb, float* c, int ldc) {
-    for (int j = 0; j < n; ++j, b += ldb, c += ldc)
-        for (int i = 0; i < M; i += kGroup) group<K>(a + i * K, b, c + i);
-}
-
 } // namespace
 
 #define KERNEL(M, K)                                                                               \
     VOR_ENGINE void vor_blas_sin##M##_##K PARAMS_GEMM_KERNEL(float) {                              \
-        kernel<M, K>(*n, apanel, b, *ldb, c, *ldc);                                                \
+        vor::by_columns<M, K, kGroup>(*n, apanel, b, *ldb, c, *ldc, group<K>);                     \
     }
 KERNEL(32, 64)
 KERNEL(16, 64)

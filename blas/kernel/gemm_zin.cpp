@@ -1,4 +1,5 @@
 // Inner kernels of zgemm: contract in gemm_kernels.h.
+#include "blas/kernel/gemm_columns.h"
 #include "blas/kernel/gemm_kernels.h"
 #include "serv/entry.h"
 
@@ -62,18 +63,15 @@ inline void pair(const double* a, const double* b, cdouble* c, const Scale& alph
     finish(re1, im1, alpha, c + 1);
 }
 
-template <int M, int K>
-void kernel(int n, const cdouble* a, const cdouble* b, int ldb, cdouble* c, int ldc,
-            const Scale& alpha) {
-    for (int j = 0; j < n; ++j, b += ldb, c += ldc)
-        for (int i = 0; i < M; i += kGroup) pair<K>(&a[i * K].re, &b->re, c + i, alpha);
-}
-
 } // namespace
 
 #define KERNEL(M, K)                                                                               \
     VOR_ENGINE void vor_blas_zin##M##_##K PARAMS_GEMM_KERNEL_Z(cdouble) {                          \
-        kernel<M, K>(*n, apanel, b, *ldb, c, *ldc, Scale(*alpha));                                 \
+        const Scale scale(*alpha);                                                                 \
+        vor::by_columns<M, K, kGroup>(*n, apanel, b, *ldb, c, *ldc,                                \
+                                      [&scale](const cdouble* a, const cdouble* x, cdouble* y) {   \
+                                          pair<K>(&a->re, &x->re, y, scale);                       \
+                                      });                                                          \
     }
 KERNEL(16, 32)
 KERNEL(8, 32)

@@ -2,7 +2,8 @@
 // once. V is the arithmetic (blas/level2/number.h); a result is rounded where it is stored, and the
 // products of a row come in the order of the columns.
 //
-// Columns are pointers to their first row; x and y are vectors from the same row on. The forms for
+// Columns are pointers to their first row; x and y are vectors from the same row on. `Order` is that of
+// the rows: a sweep whose steps wait for each other meets the rows next to it in time. The forms for
 // float with neighbouring elements, at the end, work 4 elements at a time.
 #pragma once
 
@@ -11,6 +12,14 @@
 #include <xmmintrin.h>
 
 namespace vor {
+
+enum class Order { down, up };
+
+// The k-th of some rows.
+template <Order order>
+constexpr int row_of(int k, int rows) {
+    return order == Order::down ? k : rows - 1 - k;
+}
 
 template <int columns, class T>
 struct Columns {
@@ -34,11 +43,12 @@ struct Numbers {
 // ---- Any type, any step ------------------------------------------------------------------------
 
 // y[i] += t[0] a[0][i] + t[1] a[1][i] + ..., rounded once
-template <int columns, class T, class V, class Y>
+template <Order order = Order::down, int columns, class T, class V, class Y>
 [[gnu::always_inline]] inline void add_columns(int rows, const Columns<columns, T>& a,
                                                const Numbers<columns, V>& t, Y y) {
 #pragma GCC unroll 4
-    for (int i = 0; i < rows; ++i) {
+    for (int k = 0; k < rows; ++k) {
+        const int i = row_of<order>(k, rows);
         V sum = number<V>(a.first[0][i]) * t.of[0] + number<V>(y[i]);
 #pragma GCC unroll 4
         for (int q = 1; q < columns; ++q) sum = sum + number<V>(a.first[q][i]) * t.of[q];
@@ -65,11 +75,12 @@ template <class T, class Y>
 }
 
 // s[q] += sum of a[q][i] x[i]
-template <bool conjugate, int columns, class T, class V, class X>
+template <bool conjugate, Order order = Order::down, int columns, class T, class V, class X>
 [[gnu::always_inline]] inline void dot_columns(int rows, const Columns<columns, T>& a, X x,
                                                Numbers<columns, V>& s) {
 #pragma GCC unroll 4
-    for (int i = 0; i < rows; ++i) {
+    for (int k = 0; k < rows; ++k) {
+        const int i = row_of<order>(k, rows);
         const V xi = number<V>(x[i]);
 #pragma GCC unroll 4
         for (int q = 0; q < columns; ++q)
@@ -191,7 +202,7 @@ template <int columns>
     return q == 0 ? _mm_load_ps(a.first[0] + i) : _mm_loadu_ps(a.first[q] + i);
 }
 
-template <int columns>
+template <Order = Order::down, int columns>
 void add_columns(int rows, const Columns<columns, float>& a, const Numbers<columns, float>& t,
                  Vector<float, Unit> y) {
     float* const to = y.first;
@@ -217,7 +228,7 @@ void add_columns(int rows, const Columns<columns, float>& a, const Numbers<colum
         });
 }
 
-template <bool conjugate, int columns>
+template <bool conjugate, Order = Order::down, int columns>
 void dot_columns(int rows, const Columns<columns, float>& a, Vector<const float, Unit> x,
                  Numbers<columns, float>& s) {
     __m128 low[columns], high[columns];

@@ -24,15 +24,17 @@ struct ScaledDivision {
     }
 };
 
-// x / a or x / conj(a), rounded; real numbers by a true division.
+// x / a or x / conj(a); real numbers by a true division.
 template <class Division, bool conjugate, class T>
-T divide(work_t<T> x, T a) {
+work_t<T> divide(work_t<T> x, T a) {
     if constexpr (is_complex<T>) {
         using Wide = wide_t<T>;
+        using R = work_real_t<T>;
         const Wide d = number<Wide>(a);
-        return element<T>(Division::over_norm(product<!conjugate>(d, Wide{x.re, x.im}), d));
+        const Wide quotient = Division::over_norm(product<!conjugate>(d, Wide{x.re, x.im}), d);
+        return {static_cast<R>(quotient.re), static_cast<R>(quotient.im)};
     } else {
-        return element<T>(x / number<work_t<T>>(a));
+        return x / number<work_t<T>>(a);
     }
 }
 
@@ -81,34 +83,38 @@ void multiply_step(const A& op, int j, bool ascending, X x) {
     }
 }
 
-template <class Division, int columns, class A, class X>
-void solve_step(const A& op, int j, bool ascending, X x) {
+// The rows come in the order of the sweep too: what the next step waits for is acted on first, and what
+// this step has waited for is gathered last.
+template <class Division, Order order, int columns, class A, class X>
+void solve_step(const A& op, int j, X x) {
+    constexpr bool ascending = order == Order::down;
     using T = typename X::Element;
     using V = work_t<T>;
     const Rows rows = shared_rows<columns>(op.a, j);
     const auto block = columns_from<columns>(op.a, rows.first, j);
     Numbers<columns, V> s;
     if constexpr (A::kTransposed)
-        dot_columns<A::kConjugated>(rows.count, block, read_only(x.from(rows.first)), s);
+        dot_columns<A::kConjugated, order>(rows.count, block, read_only(x.from(rows.first)), s);
     for (int step = 0; step < columns; ++step) {
         const int q = ascending ? step : columns - 1 - step;
         const Rows corner = corner_rows(op.a, columns, q);
-        V rest = number<V>(x[j + q]) - s.of[q];
-        if constexpr (A::kTransposed)
+        V rest = number<V>(x[j + q]);
+        if constexpr (A::kTransposed) {
+            rest = rest - s.of[q];
             for (int p = corner.first; p < corner.first + corner.count; ++p)
                 rest = rest - product<A::kConjugated>(number<V>(*at(op.a, j + p, j + q)),
                                                       number<V>(x[j + p]));
-        x[j + q] = op.unit ? element<T>(rest)
-                           : divide<Division, A::kConjugated>(rest, *op.a.diagonal(j + q));
-        if constexpr (!A::kTransposed)
+        }
+        if (!op.unit) rest = divide<Division, A::kConjugated>(rest, *op.a.diagonal(j + q));
+        x[j + q] = element<T>(rest);
+        if constexpr (!A::kTransposed) {
+            s.of[q] = V{} - rest; // acts on the others as it is, before the rounding
             for (int p = corner.first; p < corner.first + corner.count; ++p)
-                x[j + p] = element<T>(number<V>(x[j + p]) -
-                                      number<V>(*at(op.a, j + p, j + q)) * number<V>(x[j + q]));
+                x[j + p] =
+                    element<T>(number<V>(x[j + p]) + number<V>(*at(op.a, j + p, j + q)) * s.of[q]);
+        }
     }
-    if constexpr (!A::kTransposed) {
-        for (int q = 0; q < columns; ++q) s.of[q] = V{} - number<V>(x[j + q]);
-        add_columns(rows.count, block, s, x.from(rows.first));
-    }
+    if constexpr (!A::kTransposed) add_columns<order>(rows.count, block, s, x.from(rows.first));
 }
 
 // step(columns, j) over all n columns in groups, and singly where no group is left.
@@ -138,10 +144,14 @@ void triangular_product(const A& op, X x) {
 // x := op(A)^-1 x
 template <class Division, int group, class A, class X>
 void triangular_solve(const A& op, X x) {
-    const bool ascending = op.a.upper == A::kTransposed;
-    sweep<group>(op.a.n, ascending, [&](auto columns, int j) {
-        solve_step<Division, decltype(columns)::value>(op, j, ascending, x);
-    });
+    if (op.a.upper == A::kTransposed)
+        sweep<group>(op.a.n, true, [&](auto columns, int j) {
+            solve_step<Division, Order::down, decltype(columns)::value>(op, j, x);
+        });
+    else
+        sweep<group>(op.a.n, false, [&](auto columns, int j) {
+            solve_step<Division, Order::up, decltype(columns)::value>(op, j, x);
+        });
 }
 
 // f(op) for the letters of a call.

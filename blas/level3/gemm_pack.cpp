@@ -77,11 +77,13 @@ void transpose(int nx, int ny, const T* in, int in_step, T* out, int out_step, F
     constexpr int L = kLanes<T>, chunk = kLine / sizeof(T);
     const int full_x = nx / L * L, full_y = ny / L * L;
     for (int begin = 0; begin < full_y; begin += chunk) {
-        const int end = std::min(begin + chunk, full_y);
-        for (int x = 0; x < full_x; x += L)
-            for (int y = begin; y < end; y += L)
-                transpose_block(in + x * in_step + y, in_step, out + y * out_step + x, out_step,
-                                value);
+        const int count = std::min(chunk, full_y - begin) / L;
+        for (int x = 0; x < full_x; x += L) {
+            const T* from = in + x * in_step + begin;
+            T* to = out + begin * out_step + x;
+            for (int y = 0; y < count; ++y, from += L, to += L * out_step)
+                transpose_block(from, in_step, to, out_step, value);
+        }
     }
     const auto single = [&](int x, int y) { out[y * out_step + x] = value(in[x * in_step + y]); };
     for (int y = 0; y < ny; ++y)

@@ -1,4 +1,5 @@
 // Bit positions and shifts below 32 bits.
+#include "serv/bits.h"
 #include "gmp/bn/bignum.h"
 
 using namespace vor::bn;
@@ -9,7 +10,7 @@ int NLZ32u(word w) {
 }
 
 int NTZ32u(word w) {
-    return w ? __builtin_ctz(w) : 32;
+    return w ? vor::trailing_zeros(w) : 32;
 }
 
 int LSL_BNU(const word* a, word* r, int n, unsigned bits) {
@@ -36,7 +37,7 @@ int LSR_BNU(const word* a, word* r, int n, unsigned bits) {
 int LSB_BNU(const word* a, int n) {
     int i = 0;
     while (i < n && a[i] == 0) ++i;
-    return i < n ? 32 * i + __builtin_ctz(a[i]) : 32 * n;
+    return i < n ? 32 * i + vor::trailing_zeros(a[i]) : 32 * n;
 }
 
 int MSB_BNU(const word* a, int n) {

@@ -15,11 +15,17 @@ struct Cofactors {
     int64_t a = 1, b = 0, c = 0, d = 1; // below 2^32 in magnitude, signs alternating
 };
 
+// floor(a / b) of numbers below 2^35: unless the quotient is an integer, extended precision keeps it
+// apart from one.
+dword quotient(dword a, dword b) {
+    return static_cast<dword>(static_cast<int64_t>(static_cast<long double>(a) / b));
+}
+
 Cofactors simulate(dword xh, dword yh) {
     Cofactors f;
     while (yh + f.c != 0 && yh + f.d != 0) {
-        const dword q = (xh + f.a) / (yh + f.c);
-        if (q != (xh + f.b) / (yh + f.d)) break;
+        const dword q = quotient(xh + f.a, yh + f.c);
+        if (q != quotient(xh + f.b, yh + f.d)) break;
         const int64_t sq = static_cast<int64_t>(q);
         f = {f.c, f.d, f.a - sq * f.c, f.b - sq * f.d};
         const dword rest = xh - q * yh;

@@ -1,4 +1,5 @@
 // Rotation sequences against the same rotations in extended precision, and the inner-product utility.
+#include "blas/level3/gemm_engines.h"
 #include "tests/blas/level2.h"
 #include "tests/common/allocations.h"
 #include "vor_service.h"
@@ -110,6 +111,28 @@ TEST(InnerProducts, OnAnyNumberOfThreads) {
             }
     }
     omp_set_num_threads(2);
+}
+
+// One part of k more than there are threads, the last with the remainder, added in their order: the
+// result is the same whoever did what.
+TEST(InnerProducts, AddsThePartsInOrder) {
+    const int threads = 3, parts = threads + 1, k = 203, m = 5;
+    Random random(29);
+    const Matrix<double> a = Matrix<double>::random(random, 'N', k, m);
+    const Matrix<double> b = Matrix<double>::random(random, 'N', k, m);
+    Matrix<double> sum(m, m), part(m, m), c(m, m);
+    sum.fill(0.0);
+    for (int i = 0; i < parts; ++i) {
+        const int start = k / parts * i, rows = i < threads ? k / parts : k - start;
+        const double one = 1, zero = 0;
+        vor_blas_xdgemm("T", "N", &m, &m, &rows, &one, &a(start, 0), &k, &b(start, 0), &k, &zero,
+                        part.data(), &m);
+        sum.fill([&](int r, int q) { return sum(r, q) + part(r, q); });
+    }
+    omp_set_num_threads(threads);
+    xdsexy(&k, &m, a.data(), b.data(), c.data());
+    omp_set_num_threads(2);
+    EXPECT_TRUE(c.same_as(sum));
 }
 
 TEST(InnerProducts, OneThreadServesWhenMemoryIsShort) {

@@ -94,6 +94,13 @@ public:
     size_t slot(int i) const { return size_t(inc_ < 0 ? (i + 1 - n_) * inc_ : i * inc_); }
     T& at(int i) { return memory_[slot(i)]; }
     std::vector<T> copy() const { return memory_.copy(); }
+    // Spreads the magnitudes over many powers of 2, so that the order of a sum shows in its last bit.
+    void spread() {
+        for (T& x : memory_)
+            for (auto* part = reinterpret_cast<real_t<T>*>(&x);
+                 part < reinterpret_cast<real_t<T>*>(&x + 1); ++part)
+                *part = std::ldexp(*part, -random().below(16));
+    }
     // Nothing but the elements of the walk differs from `before`.
     bool only_elements_differ(const std::vector<T>& before) const {
         bool same = memory_.intact();

@@ -127,6 +127,21 @@ TYPED_TEST(Elements, StreamingCopyKeepsBitsAtEveryAddress) {
             }
 }
 
+TYPED_TEST(RealElements, CopyQuietsSignallingNaNsButInTheStreamingPath) {
+    using T = TypeParam;
+    using Bits = std::conditional_t<std::is_same_v<T, float>, uint32_t, uint64_t>;
+    const Bits exponent = std::is_same_v<T, float> ? 0x7f800000u : 0x7ff0000000000000u;
+    const Bits quiet = std::is_same_v<T, float> ? 0x00400000u : 0x0008000000000000u;
+    const std::vector<Bits> x(5, exponent | 1);
+    std::vector<Bits> y(5);
+    call(Level1<T>::copy, 5, reinterpret_cast<const T*>(x.data()), 1,
+         reinterpret_cast<T*>(y.data()), 1);
+    EXPECT_EQ(y, x);
+    call(Level1<T>::copy, 5, reinterpret_cast<const T*>(x.data()), 1,
+         reinterpret_cast<T*>(y.data()), -1);
+    EXPECT_EQ(y, std::vector<Bits>(5, exponent | quiet | 1));
+}
+
 TYPED_TEST(Elements, ScalMultiplies) {
     using T = TypeParam;
     Random random(4);

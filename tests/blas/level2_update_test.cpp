@@ -1,4 +1,5 @@
 // Rank-1 and rank-2 updates: general, and of one triangle, full and packed.
+#include "blas/kernel/gerin.h"
 #include "tests/blas/level2.h"
 
 using namespace vor::test;
@@ -143,6 +144,18 @@ TYPED_TEST(Level2Update, ZerosPassColumnsOver) {
     Level2<T>::ger(&n, &n, &alpha, x.data(), &one, y.data(), &one, rectangle.data(), &n);
     column_kept(rectangle, 0, n - 1, false);
     EXPECT_NE(wide(rectangle(0, 0)), wide(rectangle(0, 0))); // the NaNs have reached the others
+
+    // An infinite alpha makes no NaN of a zero, and the inner step knows zeros of either sign.
+    const T infinite = element<T>(std::numeric_limits<vor::real_t<T>>::infinity());
+    Stored<T> other(this->random_, full(n, n, n));
+    Level2<T>::ger(&n, &n, &infinite, x.data(), &one, y.data(), &one, other.data(), &n);
+    for (int i = 0; i < n; ++i) EXPECT_EQ(wide(other(i, zeroed)), wide(other.before(i, zeroed)));
+    if constexpr (std::is_same_v<T, double>) {
+        const double minus_zero = -0.0;
+        const auto y_before = y;
+        vor_blas_dgerin(&n, &minus_zero, x.data(), &one, y.data(), &one);
+        EXPECT_TRUE(y.same_as(y_before));
+    }
 
     const auto update = [&](const Triangle& t, bool rank_two, Steps<T>& v, bool scaled,
                             Stored<T>& a) {

@@ -3,9 +3,25 @@
 
 #include "blas/signatures.h"
 
+#define VOR_LEVEL3_DRIVERS(p, T)                                                                   \
+    void vor_blas_##p##gemm PARAMS_GEMM(T);                                                        \
+    void vor_blas_##p##trsm PARAMS_TRMM(T);                                                        \
+    void vor_blas_##p##trmm PARAMS_TRMM(T);                                                        \
+    void vor_blas_##p##symm PARAMS_SYMM(T);                                                        \
+    void vor_blas_##p##syrk PARAMS_SYRK(T);                                                        \
+    void vor_blas_##p##syr2k PARAMS_SYR2K(T);
+#define VOR_HERMITIAN_DRIVERS(p, T)                                                                \
+    void vor_blas_##p##hemm PARAMS_SYMM(T);                                                        \
+    void vor_blas_##p##herk PARAMS_HERK(T);                                                        \
+    void vor_blas_##p##her2k PARAMS_HER2K(T);
+
 extern "C" {
-void vor_blas_sgemm PARAMS_GEMM(float);
-void vor_blas_dgemm PARAMS_GEMM(double);
-void vor_blas_cgemm PARAMS_GEMM(vor::cfloat);
-void vor_blas_zgemm PARAMS_GEMM(vor::cdouble);
+VOR_LEVEL3_DRIVERS(s, float)
+VOR_LEVEL3_DRIVERS(d, double)
+VOR_LEVEL3_DRIVERS(c, vor::cfloat)
+VOR_LEVEL3_DRIVERS(z, vor::cdouble)
+VOR_HERMITIAN_DRIVERS(c, vor::cfloat)
+VOR_HERMITIAN_DRIVERS(z, vor::cdouble)
 }
+#undef VOR_LEVEL3_DRIVERS
+#undef VOR_HERMITIAN_DRIVERS

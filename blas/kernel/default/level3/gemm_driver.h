@@ -15,12 +15,6 @@ namespace vor {
 // Up to here, in all three dimensions, a product costs less than to wake a team.
 inline constexpr int kGemmSmall = 16;
 
-// The pointer `count` elements behind p. The product wraps like an address does.
-template <class T>
-T* ahead(T* p, int count, int step = 1) {
-    return p + static_cast<unsigned>(count) * static_cast<unsigned>(step);
-}
-
 template <class T, void(*engine) PARAMS_XGEMM(T)>
 void gemm_driver PARAMS_XGEMM(T) {
     if (*m < 1 || *n < 1) return;

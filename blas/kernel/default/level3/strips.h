@@ -27,4 +27,10 @@ struct Strip {
     }
 };
 
+// The pointer `count` elements behind p. The product wraps like an address does.
+template <class T>
+T* ahead(T* p, int count, int step = 1) {
+    return p + static_cast<unsigned>(count) * static_cast<unsigned>(step);
+}
+
 } // namespace vor

@@ -1,0 +1,286 @@
+// The leaves of strmm and ctrmm in single precision, 4-wide: contract in trmm_leaves.h. Every operation
+// rounds.
+//
+// Left: the triangle is packed in groups of 4 equations, a group's coefficients of one unknown side by
+// side, so that vectors of equations run over it; right: rows of B fill the vectors. Sums ascend in
+// the unknowns; left and c right multiply the finished sum by alpha. strmm_inn adds columns with
+// their factors alpha * a, its own first.
+//
+// An element outside the triangle takes part nowhere, also not as 0: a NaN or an infinity in B reaches
+// just those results that it belongs to.
+#include "blas/level3/single_rows.h"
+#include "blas/level3/triangle_leaf.h"
+#include "blas/level3/trmm_leaves.h"
+#include "serv/entry.h"
+
+namespace {
+
+using vor::cfloat;
+using vor::Leaf;
+using vor::Triangular;
+
+constexpr int kGroup = 4; // equations
+template <class T>
+constexpr int kOrder = vor::is_complex<T> ? 16 : 32; // of the largest left block
+constexpr int kRightOrder = 16;
+
+// Words that keep the lanes of the first `count` equations, or those behind them, of four; 2 lanes each
+// in the complex case. kKeep + 4 - count, and kKeep + 8 - count.
+constexpr unsigned kAll = ~0u;
+alignas(16) constexpr unsigned kKeepWords[] = {kAll, kAll, kAll, kAll, 0,    0,
+                                               0,    0,    kAll, kAll, kAll, kAll};
+
+__m128 keep(int offset) {
+    return _mm_loadu_ps(reinterpret_cast<const float*>(kKeepWords) + offset);
+}
+
+// Which of four equations hold the unknown h of their own group, as masks for vectors of Lanes lanes an
+// equation, from equation `first` on.
+template <int Lanes>
+__m128 corner_mask(bool upper, int h, int first) {
+    // Upper: equations up to h. Lower: from h on.
+    const int equations = upper ? h + 1 - first : h - first;
+    const int lanes = std::clamp(equations * Lanes, 0, 4);
+    return keep(upper ? 4 - lanes : 8 - lanes);
+}
+
+// A left block, in the order of B: groups[(g * order + l) * 4 + r] is the coefficient of unknown l in
+// equation 4 g + r.
+template <class T>
+struct Packed {
+    alignas(16) T groups[kOrder<T> * kOrder<T>];
+    int order; // rounded up to whole groups
+    bool upper;
+
+    explicit Packed(const Triangular<T>& p)
+        : order((p.m + kGroup - 1) / kGroup * kGroup), upper(!p.lower_system()) {
+        const Leaf<T> leaf(p, true);
+        for (int i = 0; i < order; ++i)
+            for (int l = 0; l < order; ++l)
+                groups[(i / kGroup * order + l) * kGroup + i % kGroup] = coefficient(leaf, i, l);
+    }
+    const float* at(int group, int l) const {
+        return reinterpret_cast<const float*>(groups + (group * order + l) * kGroup);
+    }
+
+private:
+    T coefficient(const Leaf<T>& leaf, int i, int l) const {
+        const bool inside = upper ? i <= l : i >= l;
+        if (!inside || std::max(i, l) >= leaf.order) return T{};
+        if (i == l && leaf.unit) return vor::real_element<T>(1);
+        T x = *leaf.coefficient(i, l);
+        if constexpr (vor::is_complex<T>)
+            if (leaf.conjugated) x.im = -x.im;
+        return x;
+    }
+};
+
+// C columns of float: sum[c] of the four equations of a group.
+template <int C>
+struct RealTile {
+    static constexpr int columns = C;
+    __m128 sum[C] = {};
+
+    void add(const float* t, const float (*x)[kOrder<float>], int l) {
+        const __m128 coefficients = _mm_load_ps(t);
+#pragma GCC unroll 4
+        for (int c = 0; c < C; ++c) sum[c] = sum[c] + coefficients * _mm_set1_ps(x[c][l]);
+    }
+    void add_corner(const float* t, const float (*x)[kOrder<float>], int l, bool upper, int h) {
+        const __m128 coefficients = _mm_load_ps(t), mask = corner_mask<1>(upper, h, 0);
+#pragma GCC unroll 4
+        for (int c = 0; c < C; ++c)
+            sum[c] = sum[c] + _mm_and_ps(coefficients * _mm_set1_ps(x[c][l]), mask);
+    }
+    void finish(float alpha, int c, float* y) const {
+        _mm_store_ps(y, sum[c] * _mm_set1_ps(alpha));
+    }
+};
+
+// (re, im, re, im) times alpha.
+__m128 times(__m128 x, cfloat alpha) {
+    const __m128 turned = _mm_setr_ps(-alpha.im, alpha.im, -alpha.im, alpha.im);
+    return x * _mm_set1_ps(alpha.re) + vor::swap_parts(x) * turned;
+}
+
+// What the products with the real and with the imaginary parts add up to.
+__m128 combined(__m128 by_re, __m128 by_im) {
+    return by_re + vor::swap_parts(by_im) * _mm_setr_ps(-1, 1, -1, 1);
+}
+
+// One column of complex numbers: two vectors of two equations.
+struct ComplexTile {
+    static constexpr int columns = 1;
+    __m128 by_re[2] = {}, by_im[2] = {};
+
+    void add(const float* t, const cfloat (*x)[kOrder<cfloat>], int l) {
+        const __m128 re = _mm_set1_ps(x[0][l].re), im = _mm_set1_ps(x[0][l].im);
+#pragma GCC unroll 2
+        for (int v = 0; v < 2; ++v) {
+            by_re[v] = by_re[v] + _mm_load_ps(t + 4 * v) * re;
+            by_im[v] = by_im[v] + _mm_load_ps(t + 4 * v) * im;
+        }
+    }
+    void add_corner(const float* t, const cfloat (*x)[kOrder<cfloat>], int l, bool upper, int h) {
+        const __m128 re = _mm_set1_ps(x[0][l].re), im = _mm_set1_ps(x[0][l].im);
+#pragma GCC unroll 2
+        for (int v = 0; v < 2; ++v) {
+            const __m128 mask = corner_mask<2>(upper, h, 2 * v);
+            by_re[v] = by_re[v] + _mm_and_ps(_mm_load_ps(t + 4 * v) * re, mask);
+            by_im[v] = by_im[v] + _mm_and_ps(_mm_load_ps(t + 4 * v) * im, mask);
+        }
+    }
+    void finish(cfloat alpha, int, cfloat* y) const {
+        float* out = &y->re;
+        _mm_store_ps(out, times(combined(by_re[0], by_im[0]), alpha));
+        _mm_store_ps(out + 4, times(combined(by_re[1], by_im[1]), alpha));
+    }
+};
+
+// The columns of B from b on that a tile holds.
+template <class Tile, class T>
+void multiply_columns(const Packed<T>& packed, int order, T alpha, T* b, int ldb) {
+    constexpr int C = Tile::columns;
+    T x[C][kOrder<T>]; // what B held
+    for (int c = 0; c < C; ++c)
+        for (int l = 0; l < packed.order; ++l) x[c][l] = l < order ? b[l + c * ldb] : T{};
+
+    for (int i = 0; i < order; i += kGroup) {
+        const int group = i / kGroup;
+        Tile tile;
+        const auto corner = [&] {
+            for (int h = 0; h < kGroup; ++h)
+                tile.add_corner(packed.at(group, i + h), x, i + h, packed.upper, h);
+        };
+        if (packed.upper) corner();
+        const int from = packed.upper ? i + kGroup : 0, to = packed.upper ? packed.order : i;
+        for (int l = from; l < to; ++l) tile.add(packed.at(group, l), x, l);
+        if (!packed.upper) corner();
+        for (int c = 0; c < C; ++c) {
+            alignas(16) T y[kGroup];
+            tile.finish(alpha, c, y);
+            for (int r = 0; r < std::min(kGroup, order - i); ++r) b[i + r + c * ldb] = y[r];
+        }
+    }
+}
+
+void multiply_left(const Triangular<float>& p, float alpha) {
+    const Packed<float> packed(p);
+    int j = 0;
+    for (; j + 4 <= p.n; j += 4)
+        multiply_columns<RealTile<4>>(packed, p.m, alpha, p.b_at(0, j), p.ldb);
+    for (; j < p.n; ++j) multiply_columns<RealTile<1>>(packed, p.m, alpha, p.b_at(0, j), p.ldb);
+}
+
+void multiply_left(const Triangular<cfloat>& p, cfloat alpha) {
+    const Packed<cfloat> packed(p);
+    for (int j = 0; j < p.n; ++j)
+        multiply_columns<ComplexTile>(packed, p.m, alpha, p.b_at(0, j), p.ldb);
+}
+
+// ---- Right.
+
+struct RightProduct {
+    const Leaf<float>& leaf;
+    const float (*factor)[kRightOrder]; // [i][l] of unknown l in equation i
+
+    template <class L, int V>
+    void rows(int q) const {
+        float* b = leaf.side(q);
+        for (int i = 0; i < leaf.order; ++i, b += leaf.step) {
+            const L own = vor::every_row<L>(factor[i][i]);
+            L sum[V];
+#pragma GCC unroll 4
+            for (int v = 0; v < V; ++v) sum[v] = vor::load_rows<L>(b + v * vor::kLanes<L>) * own;
+            vor::add_columns<false, V>(sum, leaf.order - (i + 1), b + leaf.step, leaf.step,
+                                       factor[i] + i + 1, 1);
+#pragma GCC unroll 4
+            for (int v = 0; v < V; ++v) vor::store_rows(b + v * vor::kLanes<L>, sum[v]);
+        }
+    }
+};
+
+void multiply_right(const Triangular<float>& p, float alpha) {
+    const Leaf<float> leaf(p, !p.lower_system());
+    float factor[kRightOrder][kRightOrder];
+    for (int i = 0; i < leaf.order; ++i) {
+        factor[i][i] = leaf.unit ? alpha : alpha * *leaf.coefficient(i, i);
+        for (int l = i + 1; l < leaf.order; ++l) factor[i][l] = alpha * *leaf.coefficient(i, l);
+    }
+    vor::for_rows(leaf.others, RightProduct{leaf, factor});
+}
+
+// Two rows, or one, of a complex column.
+template <int R>
+__m128 load_rows(const cfloat* p) {
+    if constexpr (R == 2) return _mm_loadu_ps(&p->re);
+    return _mm_loadl_pi(_mm_setzero_ps(), reinterpret_cast<const __m64*>(p));
+}
+template <int R>
+void store_rows(cfloat* p, __m128 x) {
+    if constexpr (R == 2)
+        _mm_storeu_ps(&p->re, x);
+    else
+        _mm_storel_pi(reinterpret_cast<__m64*>(p), x);
+}
+
+// V vectors of R rows of every column.
+template <int V, int R>
+void multiply_rows(const Leaf<cfloat>& leaf, const cfloat (*factor)[kRightOrder], cfloat alpha,
+                   cfloat* b) {
+    for (int i = 0; i < leaf.order; ++i, b += leaf.step) {
+        __m128 by_re[V] = {}, by_im[V] = {};
+        const cfloat* x = b;
+        for (int l = i; l < leaf.order; ++l, x += leaf.step) {
+            const __m128 re = _mm_set1_ps(factor[i][l].re), im = _mm_set1_ps(factor[i][l].im);
+#pragma GCC unroll 2
+            for (int v = 0; v < V; ++v) {
+                const __m128 rows = load_rows<R>(x + v * R);
+                by_re[v] = by_re[v] + rows * re;
+                by_im[v] = by_im[v] + rows * im;
+            }
+        }
+#pragma GCC unroll 2
+        for (int v = 0; v < V; ++v)
+            store_rows<R>(b + v * R, times(combined(by_re[v], by_im[v]), alpha));
+    }
+}
+
+void multiply_right(const Triangular<cfloat>& p, cfloat alpha) {
+    const Leaf<cfloat> leaf(p, !p.lower_system());
+    cfloat factor[kRightOrder][kRightOrder];
+    for (int i = 0; i < leaf.order; ++i)
+        for (int l = i; l < leaf.order; ++l) {
+            const bool one = i == l && leaf.unit;
+            cfloat x = one ? vor::real_element<cfloat>(1) : *leaf.coefficient(i, l);
+            if (leaf.conjugated) x.im = -x.im;
+            factor[i][l] = x;
+        }
+    int q = 0;
+    for (; q + 4 <= leaf.others; q += 4) multiply_rows<2, 2>(leaf, factor, alpha, leaf.side(q));
+    for (; q + 2 <= leaf.others; q += 2) multiply_rows<1, 2>(leaf, factor, alpha, leaf.side(q));
+    if (q < leaf.others) multiply_rows<1, 1>(leaf, factor, alpha, leaf.side(q));
+}
+
+} // namespace
+
+#define PRODUCT(T, side, trans)                                                                    \
+    Triangular<T> {                                                                                \
+        side, *uploflag ? "U" : "L", trans, *diagflag ? "U" : "N", *m, *n, a, *lda, b, *ldb        \
+    }
+#define LEAF(name, T, side, trans, multiply)                                                       \
+    VOR_ENGINE void vor_blas_##name PARAMS_TRMM_LEAF(T) {                                          \
+        multiply(PRODUCT(T, side, trans), *alpha);                                                 \
+    }
+LEAF(strmln, float, "L", "N", multiply_left)
+LEAF(strmlt, float, "L", "T", multiply_left)
+LEAF(ctrmln, cfloat, "L", "N", multiply_left)
+LEAF(ctrmlt, cfloat, "L", "T", multiply_left)
+LEAF(ctrmlc, cfloat, "L", "C", multiply_left)
+LEAF(ctrmrn, cfloat, "R", "N", multiply_right)
+LEAF(ctrmrt, cfloat, "R", "T", multiply_right)
+LEAF(ctrmrc, cfloat, "R", "C", multiply_right)
+
+VOR_ENGINE void vor_blas_strmm_inn PARAMS_TRMM_INN {
+    multiply_right(PRODUCT(float, "R", *transflag ? "T" : "N"), *alpha);
+}

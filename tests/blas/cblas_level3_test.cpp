@@ -1,0 +1,116 @@
+// The Level 3 routines for C, in both orders.
+#include "tests/blas/cblas.h"
+
+using namespace vor::test;
+
+namespace {
+
+template <class T>
+struct Routines;
+#define ROUTINES(p, T)                                                                             \
+    template <>                                                                                    \
+    struct Routines<T> {                                                                           \
+        static constexpr auto gemm = BOTH(p##gemm), symm = BOTH(p##symm);                          \
+        static constexpr auto syrk = BOTH(p##syrk);                                                \
+        static constexpr auto syr2k = BOTH(p##syr2k);                                              \
+        static constexpr auto trmm = BOTH(p##trmm), trsm = BOTH(p##trsm);                          \
+    };
+ROUTINES(s, float)
+ROUTINES(d, double)
+ROUTINES(c, vor::cfloat)
+ROUTINES(z, vor::cdouble)
+
+template <class T>
+struct Hermitian;
+#define HERMITIAN(p, T)                                                                            \
+    template <>                                                                                    \
+    struct Hermitian<T> {                                                                          \
+        static constexpr auto hemm = BOTH(p##hemm), herk = BOTH(p##herk), her2k = BOTH(p##her2k);  \
+    };
+HERMITIAN(c, vor::cfloat)
+HERMITIAN(z, vor::cdouble)
+
+template <class T>
+class CblasLevel3 : public CblasTest<T> {};
+TYPED_TEST_SUITE(CblasLevel3, Elements);
+
+constexpr int kShapes[][2] = {{1, 1}, {3, 5}, {6, 2}, {4, 4}, {0, 3}, {3, 0}};
+
+// op(A) m by n, as it is stored.
+Ordered stored(CBLAS_TRANSPOSE trans, int m, int n) {
+    return trans == CblasNoTrans ? in_order(m, n) : in_order(n, m);
+}
+
+TYPED_TEST(CblasLevel3, General) {
+    using D = Operands<TypeParam>;
+    for (const CBLAS_TRANSPOSE transa : kTransposes)
+        for (const CBLAS_TRANSPOSE transb : kTransposes)
+            for (const auto& [m, n] : kShapes)
+                for (const int k : {0, 1, 4})
+                    this->compare(Routines<TypeParam>::gemm,
+                                  {stored(transa, m, k), stored(transb, k, n), in_order(m, n)},
+                                  transa, transb, m, n, k, &D::alpha, &D::a, &D::b, &D::beta,
+                                  &D::c);
+}
+
+TYPED_TEST(CblasLevel3, SymmetricFactor) {
+    using T = TypeParam;
+    using D = Operands<T>;
+    for (const CBLAS_SIDE side : kSides)
+        for (const CBLAS_UPLO uplo : kTriangles)
+            for (const auto& [m, n] : kShapes) {
+                typename CblasTest<T>::Problem p{
+                    in_order(Kind::full, uplo, side == CblasLeft ? m : n), in_order(m, n),
+                    in_order(m, n)};
+                this->compare(Routines<T>::symm, p, side, uplo, m, n, &D::alpha, &D::a, &D::b,
+                              &D::beta, &D::c);
+                p.adjust = this->poison_diagonal;
+                if constexpr (vor::is_complex<T>)
+                    this->compare(Hermitian<T>::hemm, p, side, uplo, m, n, &D::alpha, &D::a, &D::b,
+                                  &D::beta, &D::c);
+            }
+}
+
+TYPED_TEST(CblasLevel3, SymmetricResult) {
+    using T = TypeParam;
+    using D = Operands<T>;
+    for (const CBLAS_UPLO uplo : kTriangles)
+        for (const CBLAS_TRANSPOSE trans : kTransposes)
+            for (const auto& [n, k] : kShapes) {
+                const typename CblasTest<T>::Problem p{stored(trans, n, k), stored(trans, n, k),
+                                                       in_order(Kind::full, uplo, n)};
+                if (!vor::is_complex<T> || trans != CblasConjTrans) {
+                    this->compare(Routines<T>::syrk, p, uplo, trans, n, k, &D::alpha, &D::a,
+                                  &D::beta, &D::c);
+                    this->compare(Routines<T>::syr2k, p, uplo, trans, n, k, &D::alpha, &D::a, &D::b,
+                                  &D::beta, &D::c);
+                }
+                if constexpr (vor::is_complex<T>) {
+                    if (trans == CblasTrans) continue;
+                    this->compare(Hermitian<T>::herk, p, uplo, trans, n, k, &D::real_alpha, &D::a,
+                                  &D::real_beta, &D::c);
+                    this->compare(Hermitian<T>::her2k, p, uplo, trans, n, k, &D::alpha, &D::a,
+                                  &D::b, &D::real_beta, &D::c);
+                }
+            }
+}
+
+TYPED_TEST(CblasLevel3, TriangularFactor) {
+    using T = TypeParam;
+    using D = Operands<T>;
+    for (const CBLAS_SIDE side : kSides)
+        for (const CBLAS_UPLO uplo : kTriangles)
+            for (const CBLAS_TRANSPOSE trans : kTransposes)
+                for (const CBLAS_DIAG diag : kDiagonals)
+                    for (const auto& [m, n] : kShapes) {
+                        const typename CblasTest<T>::Problem p{
+                            .a = in_order(Kind::full, uplo, side == CblasLeft ? m : n),
+                            .b = in_order(m, n),
+                            .adjust = this->pivots(diag)};
+                        for (const auto& routine : {Routines<T>::trmm, Routines<T>::trsm})
+                            this->compare(routine, p, side, uplo, trans, diag, m, n, &D::alpha,
+                                          &D::a, &D::b);
+                    }
+}
+
+} // namespace
