@@ -51,11 +51,11 @@ int64_t transform_length(int64_t n) {
 // f(i, digit) for the balanced digits of a.
 template <class F>
 void each_digit(const limb_t* a, int n, int width, F f) {
-    const int64_t digits = digits_in(n, width);
+    const unsigned last = static_cast<unsigned>(digits_in(n, width) - 1);
     const int32_t base = int32_t{1} << width, half = base / 2;
     dlimb_t bits = 0;
     int held = 0, carry = 0, next = 0;
-    for (int64_t i = 0; i < digits; ++i) {
+    for (unsigned i = 0; i <= last; ++i) {
         if (held < width && next < n) {
             bits |= dlimb_t{a[next++]} << held;
             held += 32;
@@ -63,8 +63,8 @@ void each_digit(const limb_t* a, int n, int width, F f) {
         int32_t digit = static_cast<int32_t>(bits & (base - 1)) + carry;
         bits >>= width;
         held -= width;
-        carry = digit >= half && i + 1 < digits;
-        if (carry) digit -= base;
+        carry = (digit >= half) & (i != last);
+        digit -= carry << width;
         f(i, digit);
     }
 }
@@ -78,20 +78,20 @@ long double largest_norm(int n, int width) {
 
 long double norm(const limb_t* a, int n, int width) {
     uint64_t squares = 0; // below 2^63: 2^32 digits of 30 bits would be 2^62
-    each_digit(a, n, width, [&](int64_t, int32_t digit) {
+    each_digit(a, n, width, [&](unsigned, int32_t digit) {
         squares += static_cast<uint64_t>(int64_t{digit} * digit);
     });
     return __builtin_sqrtl(static_cast<long double>(squares));
 }
 
 // r = sum of round(x[i]) 2^(width i) over n limbs. The coefficients are below 2^49.
-void join(limb_t* r, int n, const double* x, int64_t digits, int width) {
+void join(limb_t* r, int n, const double* x, int digits, int width) {
     constexpr double kRounder = 0x1.8p52; // adding it leaves the nearest integer in the low bits
     constexpr int64_t kRounderBits = 0x4338000000000000;
     int64_t carry = 0;
     dlimb_t bits = 0;
     int held = 0, next = 0;
-    for (int64_t i = 0; next < n; ++i) {
+    for (int i = 0; next < n; ++i) {
         if (i < digits) {
             const double shifted = x[i] + kRounder;
             int64_t coefficient;
@@ -186,13 +186,16 @@ struct Plan {
         const long double levels = log2(static_cast<double>(length(width)));
         return norms * (12 * levels + 32) * 0x1p-53L < kErrorLimit;
     }
+    bool proved(int width) const {
+        const long double largest = largest_norm(an, width) * largest_norm(bn, width);
+        if (proved(width, largest)) return true;
+        // Of random digits the norms are a third of the largest; for less they are not worth a look.
+        return proved(width, largest / 4) && proved(width, norm(a, an, width) * norm(b, bn, width));
+    }
     // The widest digits for which the error stays below the limit.
     int width() const {
         int width = kWidestDigit;
-        while (width > kNarrowestDigit &&
-               !proved(width, largest_norm(an, width) * largest_norm(bn, width)) &&
-               !proved(width, norm(a, an, width) * norm(b, bn, width)))
-            --width;
+        while (width > kNarrowestDigit && !proved(width)) --width;
         return width;
     }
 };
@@ -209,10 +212,10 @@ bool fourier_product(limb_t* r, const limb_t* a, int an, const limb_t* b, int bn
     if (!samples.x) return false;
     const bool square = a == b && an == bn;
     double *const x = samples.x, *const y = square ? x : samples.y;
-    each_digit(a, an, width, [x](int64_t i, int32_t digit) { x[i] = digit; });
-    if (!square) each_digit(b, bn, width, [y](int64_t i, int32_t digit) { y[i] = digit; });
+    each_digit(a, an, width, [x](unsigned i, int32_t digit) { x[i] = digit; });
+    if (!square) each_digit(b, bn, width, [y](unsigned i, int32_t digit) { y[i] = digit; });
     if (!convolve(x, y, n)) return false;
-    join(r, an + bn, x, plan.product_digits(width), width);
+    join(r, an + bn, x, static_cast<int>(plan.product_digits(width)), width);
     return true;
 }
 
