@@ -8,7 +8,6 @@ namespace vor::bench {
 Suite all_cases() {
     // clang-format off
     const std::vector<Suite (*)()> families = {
-        service_cases, level1_cases, level2_cases, gemm_cases, dft_cases, dfti_cases,
         service_cases,
         level1_cases,
         level2_cases,

@@ -13,5 +13,6 @@ Suite gemm_cases();
 Suite level3_cases();
 Suite dft_cases();
 Suite dfti_cases();
+Suite gmp_cases();
 
 } // namespace vor::bench
