@@ -13,9 +13,9 @@ Suite all_cases() {
         level2_cases,
         gemm_cases,
         level3_cases,
-        service_cases,
         dft_cases,
         dfti_cases,
+        gmp_cases,
     };
     // clang-format on
     Suite all;

@@ -7,9 +7,9 @@
 // and one if i is its own reverse: 2i+1 <-> h+2i.
 //
 // By tiles, for data that does not fit the first-level cache, where the walk of the table would touch a
-// line for each element: an index is three top bits, middle bits and three bottom bits (Carter, Gatlin,
-// Towards an optimal bit-reversal permutation program, FOCS 1998). The 8 x 8 elements of one middle are
-// read from 8 runs and written to the 8 runs of the reversed middle, whole lines both times.
+// line for each element: an index is t top bits, middle bits and t bottom bits (Carter, Gatlin, Towards an
+// optimal bit-reversal permutation program, FOCS 1998). The 2^t x 2^t elements of one middle are read
+// from 2^t runs and written to the 2^t runs of the reversed middle, whole lines both times.
 #include "serv/bits.h"
 #include "signal/fft/kernels.h"
 #include "signal/fft/tables.h"
@@ -86,59 +86,75 @@ void walk_to(const C* source, C* destination, int n, const unsigned* table) {
 
 // ---- Tiles
 
-constexpr int kTileBits = 3;
-constexpr int kTile = 1 << kTileBits;
-constexpr int kReversed[kTile] = {0, 4, 2, 6, 1, 5, 3, 7};
 constexpr size_t kCachedBytes = 32768; // data up to this size, twice, stays in the cache
 
-// out[reverse(j)][reverse(i)] := in[i][j]; the runs of both are `stride` elements apart.
+// A tile has 2^bits runs of one line of 64 bytes each.
+template <class C>
+constexpr int kTileBits = sizeof(C) == 8 ? 3 : 2;
+template <class C>
+constexpr int kTile = 1 << kTileBits<C>;
+
+template <class C>
+constexpr int reversed(int i) {
+    return static_cast<int>(vor::fft::reverse_bits(i, kTileBits<C>));
+}
+
+// out[reverse(j)][reverse(i)] := in[i][j]; the runs of both are a stride apart.
 void reverse_tile(const vor::cdouble* in, vor::cdouble* out, size_t in_stride, size_t out_stride) {
-    for (int j = 0; j < kTile; ++j) {
-        vor::cdouble* row = out + kReversed[j] * out_stride;
-        for (int i = 0; i < kTile; ++i) move(in[i * in_stride + j], row[kReversed[i]]);
+    constexpr int n = kTile<vor::cdouble>;
+#pragma GCC unroll 4
+    for (int j = 0; j < n; ++j) {
+        vor::cdouble* run = out + reversed<vor::cdouble>(j) * out_stride;
+#pragma GCC unroll 4
+        for (int i = 0; i < n; ++i) move(in[i * in_stride + j], run[reversed<vor::cdouble>(i)]);
     }
 }
 
-// Rows i and i + 4 are neighbours in the result, so two elements of each make two pairs of it.
+// Runs i and i + 4 are neighbours in the result, so two elements of each make two pairs of it.
 void reverse_tile(const vor::cfloat* in, vor::cfloat* out, size_t in_stride, size_t out_stride) {
-    for (int j = 0; j < kTile; j += 2) {
-        float* even = &out[kReversed[j] * out_stride].re;
-        float* odd = &out[kReversed[j + 1] * out_stride].re;
-        for (int i = 0; i < kTile / 2; ++i) {
+    constexpr int n = kTile<vor::cfloat>;
+#pragma GCC unroll 4
+    for (int j = 0; j < n; j += 2) {
+        float* even = &out[reversed<vor::cfloat>(j) * out_stride].re;
+        float* odd = &out[reversed<vor::cfloat>(j + 1) * out_stride].re;
+#pragma GCC unroll 4
+        for (int i = 0; i < n / 2; ++i) {
             const __m128 x = _mm_loadu_ps(&in[i * in_stride + j].re);
-            const __m128 y = _mm_loadu_ps(&in[(i + kTile / 2) * in_stride + j].re);
-            _mm_storeu_ps(even + 2 * kReversed[i], _mm_movelh_ps(x, y));
-            _mm_storeu_ps(odd + 2 * kReversed[i], _mm_movehl_ps(y, x));
+            const __m128 y = _mm_loadu_ps(&in[(i + n / 2) * in_stride + j].re);
+            _mm_storeu_ps(even + 2 * reversed<vor::cfloat>(i), _mm_movelh_ps(x, y));
+            _mm_storeu_ps(odd + 2 * reversed<vor::cfloat>(i), _mm_movehl_ps(y, x));
         }
     }
 }
 
-// The middles of all tiles with their reverses: tile(offset of m, offset of reverse(m)).
-template <class Tile>
+// All middles m, in the order of the result: tile(offset of reverse(m), offset of m).
+template <class C, class Tile>
 void all_tiles(int n, Tile tile) {
-    const unsigned middles = static_cast<unsigned>(n) / (kTile * kTile);
+    constexpr int size = kTile<C>;
+    const unsigned middles = static_cast<unsigned>(n) / (size * size);
     const int bits = vor::trailing_zeros(middles);
-    for (unsigned m = 0; m < middles; ++m) tile(kTile * m, kTile * vor::fft::reverse_bits(m, bits));
+    for (unsigned m = 0; m < middles; ++m) tile(size * vor::fft::reverse_bits(m, bits), size * m);
 }
 
 template <class C>
 void tiles_to(const C* source, C* destination, int n) {
-    const size_t stride = n / kTile;
-    all_tiles(n, [=](unsigned from, unsigned to) {
+    const size_t stride = n / kTile<C>;
+    all_tiles<C>(n, [=](unsigned from, unsigned to) {
         reverse_tile(source + from, destination + to, stride, stride);
     });
 }
 
 template <class C>
 void tiles_in_place(C* data, int n) {
-    const size_t stride = n / kTile;
-    all_tiles(n, [=](unsigned from, unsigned to) {
+    constexpr int size = kTile<C>;
+    const size_t stride = n / size;
+    all_tiles<C>(n, [=](unsigned from, unsigned to) {
         if (from > to) return;
-        C held[kTile * kTile];
-        for (int i = 0; i < kTile; ++i)
-            for (int j = 0; j < kTile; ++j) move(data[to + i * stride + j], held[i * kTile + j]);
+        C held[size * size];
+        for (int i = 0; i < size; ++i)
+            for (int j = 0; j < size; ++j) move(data[to + i * stride + j], held[i * size + j]);
         if (from < to) reverse_tile(data + from, data + to, stride, stride);
-        reverse_tile(held, data + from, kTile, stride);
+        reverse_tile(held, data + from, size, stride);
     });
 }
 

@@ -65,18 +65,17 @@ inline Four minus_turned(Four a, Four b) {
 inline Four load_lanes(const float* p) {
     return {_mm_load_ps(p), _mm_load_ps(p + 4)};
 }
-inline Four load_lanes_anywhere(const float* p) {
-    return {_mm_loadu_ps(p), _mm_loadu_ps(p + 4)};
-}
 
-// How a group is stored.
+// How a group is loaded and stored.
 struct Lanes { // four-lane form, aligned
+    static Four load(const float* p) { return load_lanes(p); }
     static void store(float* p, Four x) {
         _mm_store_ps(p, x.re);
         _mm_store_ps(p + 4, x.im);
     }
 };
 struct LanesAnywhere {
+    static Four load(const float* p) { return {_mm_loadu_ps(p), _mm_loadu_ps(p + 4)}; }
     static void store(float* p, Four x) {
         _mm_storeu_ps(p, x.re);
         _mm_storeu_ps(p + 4, x.im);
@@ -89,10 +88,19 @@ struct Interleaved { // at any address
     }
 };
 
-// The lanes of a become the first element of each, those of b the second, and so on.
-inline void transpose(Four& a, Four& b, Four& c, Four& d) {
-    _MM_TRANSPOSE4_PS(a.re, b.re, c.re, d.re);
-    _MM_TRANSPOSE4_PS(a.im, b.im, c.im, d.im);
+// Radix-4 butterfly of four groups in bit-reversed order: group 1 belongs to the sequence of offset 2.
+// multiplied(i) gives group i times its twiddle, store(k, X) takes result k. In this order of the
+// operations nothing but one value leaves the registers.
+template <bool inverse, class Multiplied, class Store>
+inline void butterfly(Multiplied multiplied, Store store) {
+    const Four c = multiplied(2), d = multiplied(3);
+    const Four t = held(c + d), v = held(c - d);
+    const Four b = multiplied(1), a = multiplied(0);
+    const Four s = a + b, u = a - b;
+    store(0, s + t);
+    store(2, s - t);
+    store(1, plus_turned<inverse>(u, v));
+    store(3, minus_turned<inverse>(u, v));
 }
 
 } // namespace vor::fft

@@ -15,13 +15,6 @@ using C = vor::cfloat;
 constexpr int kLeafOrder = Traits<float>::kEngineLimit;
 constexpr int kLeaf = 1 << kLeafOrder;
 
-struct AnyLoad {
-    static Four load(const float* p) { return load_lanes_anywhere(p); }
-};
-struct AlignedLoad {
-    static Four load(const float* p) { return load_lanes(p); }
-};
-
 template <bool inverse>
 void kernel(C* data, int n, const void* table, void* buffer) {
     (inverse ? tavs_cRadix4Inv_32fc : tavs_cRadix4Fwd_32fc)(data, n, static_cast<const C*>(table),
@@ -57,11 +50,11 @@ void radix2(C* data, int n, const C* table, int interleave) {
     float* x = &data->re;
     const float* w = &table->re;
     if (aligned(x))
-        interleave ? radix2_step<inverse, AlignedLoad, Interleaved>(x, n, w)
-                   : radix2_step<inverse, AlignedLoad, Lanes>(x, n, w);
+        interleave ? radix2_step<inverse, Lanes, Interleaved>(x, n, w)
+                   : radix2_step<inverse, Lanes, Lanes>(x, n, w);
     else
-        interleave ? radix2_step<inverse, AnyLoad, Interleaved>(x, n, w)
-                   : radix2_step<inverse, AnyLoad, LanesAnywhere>(x, n, w);
+        interleave ? radix2_step<inverse, LanesAnywhere, Interleaved>(x, n, w)
+                   : radix2_step<inverse, LanesAnywhere, LanesAnywhere>(x, n, w);
 }
 
 template <bool inverse>
@@ -82,47 +75,186 @@ void halves(const FftCtx& object, C* data, int n, const C* table, int interleave
     step<inverse>(data, n, table, interleave);
 }
 
-// ---- Columns of a block level
+// ---- Columns of a block level: groups of four, one in each lane of the registers, so that the butterflies
+// combine whole rows. The buffer holds a row of a group in 8 floats: four real parts, four imaginary parts.
 
-// Row i of four columns times its products, interleaved, to element i of four lanes.
+constexpr int kRow = 8;
+constexpr int kGroups = 2; // at a time: the columns of one line
+constexpr int kAhead = 8;  // rows of prefetch: the rows of a column lie far apart
+
+inline void prefetch(const float* p) {
+    _mm_prefetch(p, _MM_HINT_T0);
+}
+
+// Rows 0 to 3 times their products, and the transform of 4 points of each column.
+template <bool inverse, class Load, class Store>
+inline void merge_four(const float* row, int stride, const float* product, Store store) {
+    const auto multiplied = [=](int i) {
+        return times<inverse>(held(Load::load(row + i * stride)), load_lanes(product + i * kRow));
+    };
+    butterfly<inverse>(multiplied, store);
+}
+
+// The radix-2 step that makes a transform of 8 points out of that of 4 at `x` and result k, z, of another.
+template <bool inverse>
+inline void join(float* x, int k, Four z) {
+    x += k * kRow;
+    if (k & 1) { // by exp(-+ i pi / 4)
+        const __m128 root = _mm_set1_ps(0.7071068f);
+        z = plus_turned<inverse>(z, z);
+        z = {_mm_mul_ps(z.re, root), _mm_mul_ps(z.im, root)};
+    }
+    const Four a = load_lanes(x);
+    Lanes::store(x, k < 2 ? a + z : plus_turned<inverse>(a, z));
+    Lanes::store(x + 4 * kRow, k < 2 ? a - z : minus_turned<inverse>(a, z));
+}
+
+// The groups of four columns stand `rows` rows apart in the buffer, their products `apart` floats.
 template <bool inverse, class Load>
-void merge(const float* row, int width, float* lanes, int rows, const float* products) {
-    const auto low = [](float* p, __m128 x) { _mm_storel_pi(reinterpret_cast<__m64*>(p), x); };
-    const auto high = [](float* p, __m128 x) { _mm_storeh_pi(reinterpret_cast<__m64*>(p), x); };
-    for (int i = 0; i < rows; ++i, row += 2 * width, lanes += 2, products += 8) {
-        const Four x = times<inverse>(Load::load(row), load_lanes(products));
-        const __m128 first = _mm_unpacklo_ps(x.re, x.im), second = _mm_unpackhi_ps(x.re, x.im);
-        low(lanes, first);
-        high(lanes + 2 * rows, first);
-        low(lanes + 4 * rows, second);
-        high(lanes + 6 * rows, second);
+void merge(const float* row, int width, float* lanes, int rows, const float* products, int apart) {
+    const int stride = 2 * width; // floats
+    const bool odd = rows & 0xAAAAAAAA;
+    for (int i = 0; i < rows; i += 4) {
+        for (int j = 0; j < 4; ++j) prefetch(row + (kAhead + j) * stride);
+        for (int g = 0; g < kGroups; ++g) {
+            float* const out = lanes + (g * rows + i) * kRow;
+            const float* const product = products + g * apart;
+            if (odd && i & 4)
+                merge_four<inverse, Load>(row + g * kRow, stride, product, [=](int k, Four z) {
+                    join<inverse>(out - 4 * kRow, k, z);
+                });
+            else
+                merge_four<inverse, Load>(row + g * kRow, stride, product,
+                                          [=](int k, Four x) { Lanes::store(out + k * kRow, x); });
+        }
+        row += 4 * stride;
+        products += 4 * kRow;
     }
 }
 
-// Element i of four lanes in four-lane form back to row i.
-template <class Form>
-void split_lanes(const float* lanes, int rows, float* row, int width) {
-    for (int i = 0; i < rows; i += 4, lanes += 8) {
-        Four a = load_lanes(lanes), b = load_lanes(lanes + 2 * rows),
-             c = load_lanes(lanes + 4 * rows), d = load_lanes(lanes + 6 * rows);
-        transpose(a, b, c, d);
-        Form::store(row, a);
-        Form::store(row + 2 * width, b);
-        Form::store(row + 4 * width, c);
-        Form::store(row + 6 * width, d);
-        row += 8 * width;
+// The twiddles W^k, W^2k, W^3k of one butterfly in all lanes, out of the staged table of a span.
+struct Twiddles {
+    Four w1, w2, w3;
+    Twiddles(const float* table, int k) {
+        const float* w = table + k / 4 * 24 + k % 4;
+        w1 = spread(w);
+        w2 = spread(w + 8);
+        w3 = spread(w + 16);
+    }
+    static Four spread(const float* w) { return {_mm_set1_ps(w[0]), _mm_set1_ps(w[4])}; }
+};
+
+template <bool inverse, class Load, class Form>
+inline void column_butterfly(const float* in, int quarter, const Twiddles& w, float* out,
+                             int stride) {
+    const auto multiplied = [&](int i) {
+        const Four x = held(Load::load(in + i * quarter));
+        return i == 0 ? x : times<inverse>(x, i == 1 ? w.w2 : i == 2 ? w.w1 : w.w3);
+    };
+    butterfly<inverse>(multiplied, [=](int i, Four x) { Form::store(out + i * stride, x); });
+}
+
+constexpr int section(int span) { // floats of the staged table for the pass of a span
+    return span / 16 * 24;
+}
+
+// The passes between the first and the last; the table of the last.
+template <bool inverse>
+const float* middle_passes(float* lanes, int rows, int first, const float* table) {
+    for (int span = first; span < rows; span *= 4) {
+        const int quarter = span / 4 * kRow;
+        for (int k = 0; k < span / 4; ++k) {
+            const Twiddles w(table, k);
+            for (float *x = lanes + k * kRow, *end = lanes + kGroups * rows * kRow; x < end;
+                 x += span * kRow)
+                column_butterfly<inverse, Lanes, Lanes>(x, quarter, w, x, quarter);
+        }
+        table += section(span);
+    }
+    return table;
+}
+
+// The last pass, back into the rows.
+template <bool inverse, class Form>
+void split_lanes(const float* lanes, int rows, float* row, int width, const float* table) {
+    const int stride = 2 * width, quarter = rows / 4;
+    for (int k = 0; k < quarter; ++k, row += stride, lanes += kRow) {
+        const Twiddles w(table, k);
+        for (int g = 0; g < kGroups; ++g)
+            column_butterfly<inverse, Lanes, Form>(lanes + g * rows * kRow, quarter * kRow, w,
+                                                   row + g * kRow, quarter * stride);
     }
 }
 
 template <bool inverse>
-void columns(C* data, int s, int r, const void* kernel_table, const C* products, int interleave,
-             C* lanes) {
-    const int rows = 1 << s, width = 1 << r;
-    for (int c = 0; c < width; c += 4, products += 4 * rows) {
-        tavs_cFftBlkMergeMpy_32fc(data + c, width, lanes, rows, products, !inverse);
-        for (int t = 0; t < 4; ++t) kernel<inverse>(lanes + t * rows, rows, kernel_table, nullptr);
-        tavs_cFftBlkSplit_32fc(lanes, rows, data + c, width, interleave);
+void split_to_rows(const float* lanes, int rows, float* row, int width, const float* table,
+                   int interleave) {
+    if (interleave)
+        split_lanes<inverse, Interleaved>(lanes, rows, row, width, table);
+    else if (aligned(row))
+        split_lanes<inverse, Lanes>(lanes, rows, row, width, table);
+    else
+        split_lanes<inverse, LanesAnywhere>(lanes, rows, row, width, table);
+}
+
+// A radix-4 pass of `span` over all columns, in the rows themselves.
+template <bool inverse, class Load, class Form>
+void row_pass(float* data, int rows, int width, int span, const float* table) {
+    const int stride = 2 * width, quarter = span / 4 * stride;
+    for (int k = 0; k < span / 4; ++k) {
+        const Twiddles w(table, k);
+        for (int i = k; i < rows; i += span) {
+            float* const row = data + i * stride;
+            for (float* x = row; x < row + stride; x += 8)
+                column_butterfly<inverse, Load, Form>(x, quarter, w, x, quarter);
+        }
     }
+}
+
+template <bool inverse>
+void row_passes(float* data, int rows, int width, int span, const float* table, int interleave) {
+    for (; span <= rows; span *= 4) {
+        const bool last = span == rows && interleave;
+        if (aligned(data))
+            last ? row_pass<inverse, Lanes, Interleaved>(data, rows, width, span, table)
+                 : row_pass<inverse, Lanes, Lanes>(data, rows, width, span, table);
+        else
+            last ? row_pass<inverse, LanesAnywhere, Interleaved>(data, rows, width, span, table)
+                 : row_pass<inverse, LanesAnywhere, LanesAnywhere>(data, rows, width, span, table);
+        table += section(span);
+    }
+}
+
+// Rows of one block: their lines, which share few sets of the caches because the rows lie a power of two
+// apart, stay in the second level until they are written, and eight columns of them fit the buffer of
+// `floats`, which has room for four whole columns.
+int block_rows(int s, int floats) {
+    int rows = s % 2 ? 32 : 64;
+    while (rows > 1 << s || kGroups * rows * kRow > floats) rows /= 4;
+    return rows;
+}
+
+// Columns of 2^s rows of 2^r points: blocks of rows through the buffer, then the passes of longer span
+// over whole rows.
+template <bool inverse>
+void columns(C* data, int s, int r, const C* kernel_table, const C* products, int interleave,
+             C* lanes, int floats) {
+    const int rows = 1 << s, width = 1 << r, first = 16 << s % 2;
+    const int block = block_rows(s, floats);
+    const float* table = &kernel_table->re;
+    const float* last_table = table;
+    for (int row = 0; row < rows; row += block) {
+        C* x = data + row * width;
+        const C* product = products + 4 * row;
+        for (int c = 0; c < width; c += 4 * kGroups, product += 4 * kGroups * rows) {
+            tavs_cFftBlkMergeMpy_32fc(x + c, width, lanes, block, product, 4 * rows, !inverse);
+            last_table = middle_passes<inverse>(&lanes->re, block, first, table);
+            tavs_cFftBlkSplit_32fc(lanes, block, x + c, width,
+                                   reinterpret_cast<const C*>(last_table), !inverse,
+                                   interleave && block == rows);
+        }
+    }
+    row_passes<inverse>(&data->re, rows, width, 4 * block, last_table + section(block), interleave);
 }
 
 template <bool inverse>
@@ -136,9 +268,9 @@ void blocks(const FftCtx& object, C* data, int m, int level, void* buffer) {
         else
             halves<inverse>(object, row, 1 << r, static_cast<const C*>(object.tabTwdL2), 0, buffer);
     }
-    columns<inverse>(data, s, r, object.tabTwdBlk[level],
+    columns<inverse>(data, s, r, static_cast<const C*>(object.tabTwdBlk[level]),
                      static_cast<const C*>(object.tabMulBlk[level]), level == 0,
-                     static_cast<C*>(buffer));
+                     static_cast<C*>(buffer), object.bufSize / static_cast<int>(sizeof(float)));
 }
 
 template <bool inverse>
@@ -162,25 +294,22 @@ void tavs_cFftInv_Step_R2_32fc(C* data, int n, const C* table, int interleave) {
 }
 
 void tavs_cFftBlkMergeMpy_32fc(const C* row, int width, C* lanes, int rows, const C* products,
-                               int forward) {
+                               int apart, int forward) {
     const float *x = &row->re, *w = &products->re;
     float* out = &lanes->re;
     if (aligned(x))
-        forward ? merge<false, AlignedLoad>(x, width, out, rows, w)
-                : merge<true, AlignedLoad>(x, width, out, rows, w);
+        forward ? merge<false, Lanes>(x, width, out, rows, w, 2 * apart)
+                : merge<true, Lanes>(x, width, out, rows, w, 2 * apart);
     else
-        forward ? merge<false, AnyLoad>(x, width, out, rows, w)
-                : merge<true, AnyLoad>(x, width, out, rows, w);
+        forward ? merge<false, LanesAnywhere>(x, width, out, rows, w, 2 * apart)
+                : merge<true, LanesAnywhere>(x, width, out, rows, w, 2 * apart);
 }
 
-void tavs_cFftBlkSplit_32fc(const C* lanes, int rows, C* row, int width, int interleave) {
-    float* out = &row->re;
-    if (interleave)
-        split_lanes<Interleaved>(&lanes->re, rows, out, width);
-    else if (aligned(out))
-        split_lanes<Lanes>(&lanes->re, rows, out, width);
-    else
-        split_lanes<LanesAnywhere>(&lanes->re, rows, out, width);
+void tavs_cFftBlkSplit_32fc(const C* lanes, int rows, C* row, int width, const C* table,
+                            int forward, int interleave) {
+    const float *x = &lanes->re, *w = &table->re;
+    forward ? split_to_rows<false>(x, rows, &row->re, width, w, interleave)
+            : split_to_rows<true>(x, rows, &row->re, width, w, interleave);
 }
 
 void tavs_cFftFwd_Large_32fc(const FftCtx* object, C* data, int order, void* buffer) {

@@ -11,13 +11,16 @@ extern "C" {
 void tavs_cFftFwd_Step_R2_32fc(vor::cfloat* data, int n, const vor::cfloat* table, int interleave);
 void tavs_cFftInv_Step_R2_32fc(vor::cfloat* data, int n, const vor::cfloat* table, int interleave);
 
-// Four adjacent columns of rows of `width` points, times their products (conjugated unless `forward`),
-// into four lanes of `rows` interleaved points.
+// Two groups of four adjacent columns of rows of `width` points, times their products (conjugated unless
+// `forward`; those of the second group stand `apart` elements behind the first's), into four lanes of
+// `rows` points for each group, one lane of a register each; and the first pass over them: transforms
+// of 4 points, of 8 if the order is odd.
 void tavs_cFftBlkMergeMpy_32fc(const vor::cfloat* row, int width, vor::cfloat* lanes, int rows,
-                               const vor::cfloat* products, int forward);
+                               const vor::cfloat* products, int apart, int forward);
 
-// Four lanes in four-lane form back into four adjacent columns, interleaved if `interleave` is 1.
+// The last pass over the lanes, with the last section of the staged table, and the result back into the
+// columns, interleaved if `interleave` is 1.
 void tavs_cFftBlkSplit_32fc(const vor::cfloat* lanes, int rows, vor::cfloat* row, int width,
-                            int interleave);
+                            const vor::cfloat* table, int forward, int interleave);
 
 } // extern "C"

@@ -105,26 +105,31 @@ void eights(const Source& source, float* out, int n) {
     }
 }
 
+// One butterfly of four k side by side; `w` is their group of the staged table.
+template <bool inverse, class Form>
+inline void four_butterflies(const float* in, int quarter, const float* w, float* out) {
+    const auto multiplied = [=](int i) {
+        const Four x = held(load_lanes(in + i * quarter));
+        if (i == 0) return x;
+        return times<inverse>(x, load_lanes(w + (i == 1 ? kRecord : i == 2 ? 0 : 2 * kRecord)));
+    };
+    butterfly<inverse>(multiplied, [=](int k, Four x) { Form::store(out + k * quarter, x); });
+}
+
 // Radix-4 pass of a span over four-lane data.
 template <bool inverse, class Form>
 void pass(const float* data, float* out, int n, int span, const float* table) {
+    const float* const end = data + 2 * n;
+    if (span == 16) { // one step for each group
+        for (; data < end; data += 32, out += 32)
+            four_butterflies<inverse, Form>(data, 8, table, out);
+        return;
+    }
     const int quarter = span / 2; // floats
-    for (const float* end = data + 2 * n; data < end; data += 2 * span, out += 2 * span) {
+    for (; data < end; data += 2 * span, out += 2 * span) {
         const float* w = table;
-        for (int k = 0; k < quarter; k += 8, w += kStep) {
-            const float* in = data + k;
-            const Four c = times<inverse>(held(load_lanes(in + 2 * quarter)), load_lanes(w));
-            const Four d =
-                times<inverse>(held(load_lanes(in + 3 * quarter)), load_lanes(w + 2 * kRecord));
-            const Four t = held(c + d), v = held(c - d);
-            const Four b = times<inverse>(held(load_lanes(in + quarter)), load_lanes(w + kRecord));
-            const Four a = held(load_lanes(in));
-            const Four s = a + b, u = a - b;
-            Form::store(out + k, s + t);
-            Form::store(out + k + 2 * quarter, s - t);
-            Form::store(out + k + quarter, plus_turned<inverse>(u, v));
-            Form::store(out + k + 3 * quarter, minus_turned<inverse>(u, v));
-        }
+        for (int k = 0; k < quarter; k += 8, w += kStep)
+            four_butterflies<inverse, Form>(data + k, quarter, w, out + k);
     }
 }
 
