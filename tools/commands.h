@@ -10,5 +10,6 @@ void add_info(CLI::App& app);
 void add_tour(CLI::App& app);
 void add_bench(CLI::App& app);
 void add_spectrum(CLI::App& app);
+void add_solve(CLI::App& app);
 
 } // namespace vor::tool

@@ -12,6 +12,7 @@ int main(int argc, char** argv) {
     add_tour(app);
     add_bench(app);
     add_spectrum(app);
+    add_solve(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& e) {

@@ -26,6 +26,8 @@ const Chapter chapters[] = {
     {"A photograph in a fraction of its numbers", compressed_photograph, false},
     {"A recorded voice", recorded_voice, false},
     {"The period of the sunspots", sunspot_period, false},
+    {"The equations of a structure", stiff_structure, false},
+    {"Long integers", long_integers, false},
 };
 
 void run(const Tour& tour) {

@@ -112,6 +112,22 @@ class Tour(Case):
         self.assertRegex(out, r"(?m)^strongest period 11\.04 years, published about 11\.1: agrees$")
         self.assertIn("period in years", self.svg_text(self.dir / "pictures" / "sunspots.svg"))
 
+    def test_structure(self):
+        out = self.run_vor("tour", "--output", "pictures").stdout
+        if Path("/usr/lib/R/library/Matrix/external/lund_a.mtx").exists():
+            self.assertRegex(out, r"(?m)^147 equations, symmetric and positive definite")
+            self.assertIn("order 147, 2449 elements, positive definite: agrees", out)
+            self.assertIn("column", self.svg_text(self.dir / "pictures" / "structure.svg"))
+        else:
+            self.assertRegex(out, r"left out: .*lund_a\.mtx is not there")
+
+    def test_integers(self):
+        out = self.run_vor("tour", "--output", "pictures").stdout
+        self.assertRegex(out, r"(?m)^e = 2\.71828182845904523536")
+        self.assertRegex(out, r"(?m)^decimals 9951 to 10000: (\d{50}), known as \1: agrees$")
+        self.assertRegex(out, r"two primes: a product of 2656056 bits")
+        self.assertRegex(out, r"(?m)^its remainders by 4 primes.*: agrees$")
+
     def test_own_table(self):
         # Two uncorrelated columns, turned by the angle with cosine 0.6: variances 50/3 and 2/3, then
         # a column that never varies.
@@ -209,6 +225,99 @@ class Spectrum(Case):
         self.fails(r"vor: .*missing\.wav: no WAV file.*", "spectrum", self.dir / "missing.wav")
         self.fails(r"vor: the recording is shorter than one window.*", "spectrum",
                    self.wav("short.wav", [[1, 2, 3]]))
+
+
+class Solve(Case):
+    HEAD = "%%MatrixMarket matrix "
+    LU = "LU with partial pivoting"
+    CHOLESKY = "Cholesky"
+
+    def solution(self, out):
+        return [float(line) for line in re.findall(r"(?m)^[-+.\de]+$", out)]
+
+    def test_small_systems(self):
+        ones = [1, 1]
+        for name, text, right_side, expected, method in (
+                ("general", "coordinate real general\n% two\n\n2 2 3\n2 1 4\n1 2 +2\n2 2 -1\n", None,
+                 ones, self.LU),
+                ("symmetric", "Coordinate Real SYMMETRIC\n2 2 3\n1 1 4\n2 1 1\n2 2 3\n", (1, 8),
+                 [-5 / 11, 31 / 11], self.CHOLESKY),
+                ("indefinite", "coordinate real symmetric\n2 2 2\n2 1 1\n2 2 3\n", (1, 5), [2, 1],
+                 self.LU),
+                ("array", "array integer general\n2 2\n1\n3\n2\n4\n", (5, 11), [1, 2], self.LU),
+                ("triangle", "array real symmetric\r\n2 2\r\n4\r\n1\r\n3\r\n", (5, 4), ones,
+                 self.CHOLESKY),
+                ("twice", "coordinate real general\n2 2 3\n1 1 1\n1 1 1\n2 2 1\n", (2, 3), [1, 3],
+                 self.CHOLESKY)):
+            with self.subTest(name):
+                matrix = self.file(name + ".mtx", self.HEAD + text)
+                options = ["--print"]
+                if right_side:
+                    options += ["--rhs", self.file("b.mtx", self.HEAD +
+                                "array real general\n2 1\n%g\n%g\n" % right_side)]
+                out = self.run_vor("solve", matrix, *options).stdout
+                self.assertIn(method, out)
+                self.assertEqual("all ones" in out, right_side is None)
+                for x, y in zip(self.solution(out), expected, strict=True):
+                    self.assertAlmostEqual(x, y, delta=1e-14)
+
+    def test_larger_systems(self):
+        """Orders of every remainder of the halving, rows to exchange in every column."""
+        for n in (1, 7, 150):
+            for symmetric in (True, False):
+                with self.subTest(n=n, symmetric=symmetric):
+                    entries = [(i + 1, j + 1, (i * 7 + j * 13) * (i + j + 3) % 31 / 31 - 0.5)
+                               for i in range(n) for j in range(i + 1 if symmetric else n)]
+                    if symmetric:
+                        entries = [(i, j, v + n * (i == j)) for i, j, v in entries]
+                    else: # heavy elements on the other diagonal
+                        entries = [(i, j, v + n * (i + j == n + 1)) for i, j, v in entries]
+                    kind = "symmetric" if symmetric else "general"
+                    text = f"{self.HEAD}coordinate real {kind}\n{n} {n} {len(entries)}\n" + "".join(
+                        "%d %d %r\n" % e for e in entries)
+                    out = self.run_vor("solve", self.file("a.mtx", text), "--print").stdout
+                    self.assertIn(self.CHOLESKY if symmetric or n == 1 else self.LU, out)
+                    self.assertLess(float(re.search(r"residual (\S+)", out)[1]), 16)
+                    for x in self.solution(out):
+                        self.assertAlmostEqual(x, 1, delta=1e-11)
+
+    def test_bad_input(self):
+        real, array = "coordinate real general\n", "array real general\n"
+        for name, text, message in (
+                ("field", "coordinate pattern general\n", ":1: 'pattern' where real or .*"),
+                ("form", "sparse real general\n", ":1: 'sparse' where coordinate or array .*"),
+                ("kind", "array real hermitian\n", ":1: 'hermitian' where symmetric or general .*"),
+                ("words", "array real\n", ":1: not the header .*"),
+                ("no-size", real + "% only words\n", ":2: the file ends before the size line"),
+                ("size", real + "2 2\n", ":2: 2 words where the size line has 3"),
+                ("zero", array + "0 0\n", ":2: '0' is not an integer from 1 on"),
+                ("vast", array + "100000 100000\n", ":2: the matrix is too large to be dense"),
+                ("oblong", "array real symmetric\n2 3\n", ":2: .* symmetric .* not square"),
+                ("short", real + "2 2 3\n1 1 1\n2 2 1\n", ":4: the file ends before entry 3 of 3"),
+                ("short-array", array + "2 2\n1\n", ":3: the file ends before entry 2 of 4"),
+                ("long", array + "1 1\n1\n1\n", ":4: text after the last entry"),
+                ("row", real + "2 2 1\n3 1 1\n", ":3: index 3 is out of range: at most 2"),
+                ("column", real + "2 2 1\n1 0 1\n", ":3: '0' is not an integer from 1 on"),
+                ("upper", "coordinate real symmetric\n2 2 1\n1 2 1\n",
+                 ":3: an entry above the diagonal of a symmetric matrix"),
+                ("word", real + "2 2 1\n\n1 1 one\n", ":4: 'one' is not a finite number"),
+                ("nan", array + "1 1\nnan\n", ":3: 'nan' is not a finite number"),
+                ("half", real + "2 2 1\n1 1.5 1\n", r":3: '1\.5' is not an integer from 1 on"),
+                ("narrow", array + "1 2\n1\n2\n", ": 1 by 2 is not square"),
+                ("null", array + "1 1\n0\n", ": singular: column 1 depends .*"),
+                ("rank", array + "3 3\n1\n4\n7\n2\n5\n8\n3\n6\n9\n",
+                 ": singular: column 3 depends on those before it")):
+            with self.subTest(name):
+                path = self.file(name, self.HEAD + text)
+                self.fails(re.escape(f"vor: {path}") + message, "solve", path)
+        empty = self.file("empty", "")
+        self.fails(re.escape(f"vor: {empty}") + ":1: not the header .*", "solve", empty)
+        self.fails(r"vor: missing: No such file or directory", "solve", "missing")
+        self.fails(r"vor: \.: is a directory", "solve", ".")
+        one = self.file("one", self.HEAD + array + "1 1\n2\n")
+        two = self.file("two", self.HEAD + array + "2 1\n2\n2\n")
+        self.fails(r"vor: .*two: 2 by 1 where 1 by 1 is expected", "solve", one, "--rhs", two)
+        self.run_vor("solve", status=2)
 
 
 class Bench(Case):

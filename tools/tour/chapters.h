@@ -22,5 +22,7 @@ bool principal_components(const Tour& tour);
 bool compressed_photograph(const Tour& tour);
 bool recorded_voice(const Tour& tour);
 bool sunspot_period(const Tour& tour);
+bool stiff_structure(const Tour& tour);
+bool long_integers(const Tour& tour);
 
 } // namespace vor::tool
