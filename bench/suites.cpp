@@ -14,11 +14,10 @@ Suite all_cases() {
         gemm_cases,
         level3_cases,
         cblas_cases,
+        fft_cases,
         dft_cases,
         dfti_cases,
         gmp_cases,
-        service_cases, level1_cases, level2_cases, gemm_cases,
-        level3_cases,  fft_cases,    dft_cases,    dfti_cases,
     };
     // clang-format on
     Suite all;
