@@ -33,6 +33,7 @@ constexpr int kNarrowestDigit = 8; // proves every product that kLongestTransfor
 constexpr long double kErrorLimit = 0.45L;
 constexpr int kLongestTransform = 1 << 27; // two arrays of doubles for it fill the address space
 
+// ceil(32 limbs / width), without a division of 64 bits.
 int64_t digits_in(int limbs, int width) {
     return int64_t{32} * (limbs / width) + (32 * (limbs % width) + width - 1) / width;
 }
