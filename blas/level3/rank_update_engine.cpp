@@ -63,6 +63,11 @@ public:
 
 private:
     static constexpr bool kDots = Hermitian && std::is_same_v<T, cdouble>;
+    // The x87 kernels take as few as 4 rows, the vector kernels of s 16.
+    static constexpr bool kExtended = std::is_same_v<vor::real_t<T>, double>;
+    static constexpr int kSmallest = kDots       ? kDotBlock
+                                     : kExtended ? vor::kSmallBlock / 2
+                                                 : vor::kSmallBlock;
 
     // Diagonal blocks of `size` between first and first + count by diagonal(i, length), and what lies
     // beyond each in its columns.
@@ -79,7 +84,6 @@ private:
 
     // The blocks of a rank-k update: of `size`, each in halves down to the smallest.
     void halve(int first, int count, int size) {
-        constexpr int kSmallest = kDots ? kDotBlock : vor::kSmallBlock;
         walk(first, count, size, [&](int i, int length) {
             if (size == kSmallest)
                 triangle(i, length);
@@ -120,8 +124,8 @@ private:
             }
             make_diagonal_real(i, length);
         } else {
-            T small[vor::kSmallBlock * vor::kSmallBlock];
-            square(i, length, a_at(i), lda, small, vor::kSmallBlock);
+            T small[kSmallest * kSmallest];
+            square(i, length, a_at(i), lda, small, kSmallest);
         }
     }
 
