@@ -146,6 +146,18 @@ TEST(Descriptor, HandlesThatAreNoneGetThreeOrFive) {
     EXPECT_EQ(dfti_compute_backward_d_out(&null, data, data), DFTI_INCONSISTENT_CONFIGURATION);
 }
 
+TEST(Descriptor, ACopyOfAFreedHandleIsNone) {
+    DFTI_DESCRIPTOR_HANDLE handle;
+    ASSERT_EQ(create(&handle, {8}), 0);
+    const DFTI_DESCRIPTOR_HANDLE copy = handle;
+    ASSERT_EQ(DftiFreeDescriptor(&handle), 0);
+    EXPECT_EQ(handle, nullptr);
+    EXPECT_EQ(DftiFreeDescriptor(&handle), DFTI_INCONSISTENT_CONFIGURATION);
+    float data[16] = {}; // the block is kept for reuse, and so still readable
+    EXPECT_EQ(DftiCommitDescriptor(copy), DFTI_BAD_DESCRIPTOR);
+    EXPECT_EQ(DftiComputeForward(copy, data), DFTI_BAD_DESCRIPTOR);
+}
+
 TEST(Descriptor, StatusTexts) {
     const char* texts[] = {"DFTI_NO_ERROR",
                            "DFTI_MEMORY_ERROR",
