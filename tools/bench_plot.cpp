@@ -28,7 +28,7 @@ struct Series {
     std::string title;
     std::vector<Point> points;
     size_t colour;
-    bool dashed; // a rival's curve, in the colour of the curve that it is compared with
+    int dashes; // 1 solid, more for the curves of rivals, in the colour of what they are compared with
 };
 
 using Panel = std::vector<Series>;
@@ -53,7 +53,7 @@ bool split_size(const std::string& name, std::string* curve, double* n) {
 Panel by_title(const std::map<std::string, std::vector<Point>>& series) {
     Panel panel;
     for (const auto& [title, points] : series)
-        panel.push_back({title, points, panel.size() + 1, false});
+        panel.push_back({title, points, panel.size() + 1, 1});
     return panel;
 }
 
@@ -82,24 +82,27 @@ template <class F>
 Panel curves(const std::vector<Measurement>& all, bool limited, F value) {
     using Title = std::pair<std::string, std::string>; // of the case, of the rival
     std::map<Title, std::vector<Point>> series;
+    std::map<std::string, int> dashes{{"", 1}};
     std::string curve;
     double n = 0;
     for (const Measurement& m : all) {
         if ((m.limit != Limit::none) != limited || !split_size(m.name, &curve, &n)) continue;
         series[{curve, ""}].push_back({n, value(m, m.seconds), ""});
-        for (const bench::Ratio& r : m.ratios)
+        for (const bench::Ratio& r : m.ratios) {
             series[{curve, r.name}].push_back({n, value(m, r.seconds), ""});
+            dashes.emplace(r.name, static_cast<int>(dashes.size()) + 1);
+        }
     }
     Panel panel;
     size_t colour = 0;
     for (auto& [title, points] : series) {
-        const bool rival = !title.second.empty();
-        if (!rival) ++colour;
+        const auto& [name, rival] = title;
+        if (rival.empty()) ++colour;
         if (points.size() < 2) continue;
         std::sort(points.begin(), points.end(),
                   [](const Point& a, const Point& b) { return a.x < b.x; });
         panel.push_back(
-            {rival ? title.first + ": " + title.second : title.first, points, colour, rival});
+            {rival.empty() ? name : name + ": " + rival, points, colour, dashes.at(rival)});
     }
     return panel;
 }
@@ -145,7 +148,7 @@ public:
               << scale << "\nplot ";
         for (size_t i = 0; i < panel.size(); ++i) {
             body_ << (i ? ", " : "") << data(i) << " using 1:2 with linespoints pt 7 ps 0.5"
-                  << (panel[i].dashed ? " dt 2" : "");
+                  << " dt " << panel[i].dashes;
             end(panel, i);
         }
         body_ << "\n";
