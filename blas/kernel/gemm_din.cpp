@@ -1,12 +1,12 @@
 // Inner kernels of dgemm: contract in gemm_kernels.h.
 #include "blas/kernel/gemm_columns.h"
 #include "blas/kernel/gemm_kernels.h"
-#include "blas/kernel/gemm_x87.h"
 #include "serv/entry.h"
+#include "serv/x87.h"
 
 namespace {
 
-using vor::load_and_multiply;
+using vor::loaded;
 
 constexpr int kGroup = 4;
 
@@ -17,9 +17,9 @@ inline void group(const double* a, const double* b, double* c) {
 #pragma GCC unroll 64
     for (int l = 1; l < K; ++l) {
         x = b[l];
-        s0 += load_and_multiply(a[l * kGroup], x);
-        s1 += load_and_multiply(a[l * kGroup + 1], x);
-        s2 += load_and_multiply(a[l * kGroup + 2], x);
+        s0 += loaded(a[l * kGroup]) * x;
+        s1 += loaded(a[l * kGroup + 1]) * x;
+        s2 += loaded(a[l * kGroup + 2]) * x;
         s3 += a[l * kGroup + 3] * x;
     }
     c[0] = static_cast<double>(s0 + c[0]);

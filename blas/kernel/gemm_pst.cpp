@@ -9,13 +9,13 @@
 
 #include "blas/kernel/gemm_kernels.h"
 #include "blas/kernel/gemm_operand.h"
-#include "blas/kernel/gemm_x87.h"
 #include "serv/entry.h"
+#include "serv/x87.h"
 
 namespace {
 
 using vor::cdouble;
-using vor::load_and_multiply;
+using vor::loaded;
 using vor::Op;
 using vor::Operand;
 
@@ -29,7 +29,7 @@ inline void tile(int k, T alpha, Operand<T> a, Operand<T> b, T* c, int ldc) {
         for (int s = 0; s < S; ++s) {
             const long double y = b(0, s);
 #pragma GCC unroll 4
-            for (int r = 0; r < R - 1; ++r) sum[s][r] += load_and_multiply(a(r, 0), y);
+            for (int r = 0; r < R - 1; ++r) sum[s][r] += loaded(a(r, 0)) * y;
             sum[s][R - 1] += a(R - 1, 0) * y;
         }
 #pragma GCC unroll 4
@@ -66,8 +66,8 @@ void extended(int m, int n, int k, T alpha, Operand<T> a, Operand<T> b, T* c, in
 
 // sum + a * y, or minus it.
 template <bool Minus>
-inline void add(long double& sum, double a, long double y) {
-    const long double x = load_and_multiply(a, y);
+inline void add(long double& sum, const double& a, long double y) {
+    const long double x = loaded(a) * y;
     if constexpr (Minus)
         sum -= x;
     else
