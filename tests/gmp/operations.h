@@ -11,12 +11,7 @@
 namespace vor::test {
 
 using Operation = std::function<Ints(const Ints&)>;
-using Operations = std::map<std::string, Operation>;
 
-const Operations& operations();
-
-void add_big_number_operations(Operations& all);
-void add_record_operations(Operations& all);
-void add_division_operations(Operations& all);
+const std::map<std::string, Operation>& operations();
 
 } // namespace vor::test

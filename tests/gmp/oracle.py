@@ -145,8 +145,8 @@ OPERATIONS = {
     "compare_word": lambda a, v: [sign(a - v), sign(abs(a) - v)],
     "compare_signed": lambda a, v: [sign(a - v)],
     "fits": lambda a: [int(low <= a <= high) for low, high in (
-        (-1 << 31, (1 << 31) - 1), (0, WORD), (-1 << 15, (1 << 15) - 1), (0, (1 << 16) - 1))],
-    "low_word": lambda a: [abs(a) & WORD, sign(a) * (abs(a) & WORD) & WORD,
+        *[(-1 << 31, (1 << 31) - 1), (0, WORD)] * 2, (-1 << 15, (1 << 15) - 1), (0, (1 << 16) - 1))],
+    "low_word": lambda a: [abs(a) & WORD, (sign(a) * (abs(a) & WORD) + (1 << 31) & WORD) - (1 << 31),
                            (abs(a).bit_length() + 31) // 32],
     "size_in_power_of_two": lambda a, b: [
         max(1, -(-abs(a).bit_length() // (b.bit_length() - 1)))],
