@@ -1,9 +1,9 @@
 #include "tests/gmp/operations.h"
-#include "gmp/generator.h"
 #include "tests/gmp/big_number.h"
 #include "tests/gmp/record.h"
 
 #include <memory>
+#include <sstream>
 #include <tuple>
 
 namespace vor::test {
@@ -141,15 +141,6 @@ Ints limb_addmul(const Ints& v) {
     return {Int(out.data(), static_cast<size_t>(n))};
 }
 
-Ints stream(const Ints& v) {
-    void* handle;
-    std::vector<uint32_t> words(word(v[1]));
-    EXPECT_EQ(rngNewStream(&handle, 0x100000, word(v[0])), 0);
-    EXPECT_EQ(rngUniformBits(0, handle, static_cast<int>(words.size()), words.data()), 0);
-    EXPECT_EQ(rngDeleteStream(&handle), 0);
-    return {Int(words.data(), words.size())};
-}
-
 // ---- Division ----------------------------------------------------------------------------------
 
 struct Family {
@@ -242,7 +233,7 @@ Operation on_objects(int more) {
 }
 
 Ints bn_multiply_add(const Ints& v) {
-    const int room = std::max(v[0].size() + v[1].size(), v[2].size()) + 1;
+    const int room = std::max(v[0].size() + v[1].size(), v[2].size()) + 2;
     return objects(
         {v[2]}, {v[0], v[1]}, room,
         [](const auto& r, const auto& a) { return tavsMAC_BN_I(*a[0], *a[1], *r[0]); }, true);
@@ -302,7 +293,6 @@ std::map<std::string, Operation> all_operations() {
         {"clrbit", records(__gmpz_clrbit, true)},
         {"limb_product", limb_product},
         {"limb_addmul", limb_addmul},
-        {"stream", stream},
         {"compare", queries(__gmpz_cmp, __gmpz_cmpabs, __gmpz_sgn)},
         {"compare_word", queries(__gmpz_cmp_ui, __gmpz_cmpabs_ui)},
         {"compare_signed", queries(__gmpz_cmp_si)},
@@ -350,11 +340,33 @@ std::map<std::string, Operation> all_operations() {
     return all;
 }
 
+std::string digests(const Ints& values) {
+    std::string text;
+    for (const Int& value : values) text += (text.empty() ? "" : " ") + value.digest();
+    return text;
+}
+
 } // namespace
 
 const std::map<std::string, Operation>& operations() {
     static const auto all = all_operations();
     return all;
+}
+
+std::string run_case(const std::string& line) {
+    SCOPED_TRACE(line.substr(0, 300));
+    const size_t equals = line.find(" = ");
+    std::istringstream question(line.substr(0, equals));
+    std::string name, operand;
+    question >> name;
+    Ints operands;
+    while (question >> operand) operands.emplace_back(operand);
+    const auto operation = operations().find(name);
+    if (operation == operations().end())
+        ADD_FAILURE() << "no such operation";
+    else
+        EXPECT_EQ(digests(operation->second(operands)), line.substr(equals + 3));
+    return name;
 }
 
 } // namespace vor::test

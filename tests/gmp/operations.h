@@ -14,4 +14,7 @@ using Operation = std::function<Ints(const Ints&)>;
 
 const std::map<std::string, Operation>& operations();
 
+// Runs a line of oracle.py, "operation operand... = result...", and expects its results; the operation.
+std::string run_case(const std::string& line);
+
 } // namespace vor::test
