@@ -53,6 +53,7 @@ void cpSqr_BNU8(const word* a, word* r) {
 // go without the bookkeeping of columns.
 void cpMul_BNU_FullSize(const word* a, int an, const word* b, int bn, word* r) {
     if (an < bn) return cpMul_BNU_FullSize(b, bn, a, an, r);
+    if (bn == 0) return Set_BNU(0, r, an);
     if (bn == 1) {
         r[an] = limb::mul_1(r, a, an, b[0]);
         return;

@@ -224,8 +224,8 @@ TEST(Corrections, EstimateFromThreeLimbs) {
 
 // A short quotient is estimated from truncated operands. The numerators q d - 1 make the estimate q, one
 // too large, and only the exact product tells; all ones by the d that lies just above ones / q make that
-// product longer than the numerator; d = (2^31, 0, ..., 0, ones) and the largest q make the estimate two
-// too large. The limb above the quotient is written.
+// product longer than the numerator; d = (2^31, 0, ..., 0, ones) and a q near the largest make the estimate
+// two too large. The limb above the quotient is written.
 TEST(Corrections, ShortQuotientIsChecked) {
     Random random(11);
     for (int turn = 0; turn < 900; ++turn) {
@@ -234,12 +234,12 @@ TEST(Corrections, ShortQuotientIsChecked) {
         const int kind = turn / 9 % 5;
         d0.words.back() = turn % 2 ? ~0u : 0x80000000u >> random.below(31) | 1;
         q0.words.back() = turn % 3 ? 1 : 0x7fffffff;
-        if (kind == 4) {
+        if (kind == 4 && qn > 0) {
             d0 = Int("bit(" + std::to_string(32 * dn - 1) + ")+ones(" +
-                     std::to_string(32 * (dn - qn - 1)) + ")");
-            q0 = Int("ones(" + std::to_string(32 * (qn + 1)) + ")");
+                     std::to_string(32 * (dn - qn)) + ")");
+            q0 = Int("ones(" + std::to_string(32 * qn) + ")-5");
         }
-        Z q(q0), d(d0), n, r;
+        Z q(q0), d(d0), n;
         __gmpz_mul(n, q, d);
         if (kind == 3) {
             n.set(Int("ones(" + std::to_string(32 * (dn + qn)) + ")"));
