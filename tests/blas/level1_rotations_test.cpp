@@ -166,7 +166,14 @@ TYPED_TEST(RealRotations, RotmgEdgesAndScaling) {
          0x1p24f * gamsq,
          8192,
          {-1, 4096, -4096, 4096, 4096}},
-        {0x1p-24, 0x1p-24, 1, 1, 0.5, 0.5, 2 * gam, {-1, gam, -gam, gam, gam}},
+        {2 * gamsq,
+         2 * gamsq,
+         1,
+         1,
+         gamsq * 0x1p24f,
+         gamsq * 0x1p24f,
+         2 * gam,
+         {-1, gam, -gam, gam, gam}},
     };
     for (const auto& row : rows) {
         T d1 = row.d1, d2 = row.d2, x1 = row.x1;

@@ -151,9 +151,7 @@ TEST_F(Memory, CompactionMovesTheHighestBlockIntoTheLowestHole) {
     void* lower = take(1000);
     void* upper = take(1000);
     give_back(0, 4);
-    take(2,
-         kLargest); // the first of these gives up the fourth block, whose slot the upper one takes
-    take(kLargest);
+    take(3, kLargest); // the first gives up the fourth block, whose slot the upper one takes
     give_back(4, 6);
     EXPECT_EQ(take(1100), upper);
     EXPECT_EQ(take(1100), lower);
@@ -177,11 +175,8 @@ TEST_F(Memory, TheFullTable) {
     EXPECT_EQ(take(100), lower);
     EXPECT_EQ(allocations.live(), slots - 1);
     EXPECT_EQ(allocations.calls(), slots + 1);
-    take(500); // the last slot again
-    take(500);
+    take(2, 500); // the last slot again, then none
     EXPECT_EQ(allocations.live(), slots + 1);
-    give_back(held_.size() - 1);
-    EXPECT_EQ(allocations.live(), slots);
     give_back();
     EXPECT_EQ(allocations.live(), slots);
     VOR_FreeBuffers();
