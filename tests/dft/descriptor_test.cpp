@@ -57,29 +57,28 @@ TEST(Descriptor, CreateReportsFaultsInOrderAndNullsTheHandle) {
 }
 
 TEST(Descriptor, LengthsRunFastestFirstInTheRecordsAndAreReversedFromC) {
-    Descriptor d({4, 6, 5});
+    const Descriptor d({4, 6, 5});
     const DftiRecord* head = d.handle;
-    const int strides[] = {1, 4, 24}, products[] = {120, 24, 120}, logs[] = {2, 2, 2};
+    const int strides[] = {1, 4, 24}, products[] = {120, 24, 120};
     for (int i = 0; i < 3; ++i) {
         EXPECT_EQ(head[i].input_stride, strides[i]);
         EXPECT_EQ(head[i].output_stride, strides[i]);
         EXPECT_EQ(head[i].size_so_far, products[i]);
-        EXPECT_EQ(head[i].log2_length, logs[i]);
+        EXPECT_EQ(head[i].log2_length, 2);
         EXPECT_EQ(head[i].max_length, 6);
         EXPECT_EQ(head[i].on_primitives, i > 0);
         EXPECT_EQ(head[i].previous, i ? head + i - 1 : nullptr);
         EXPECT_EQ(head[i].next, i < 2 ? head + i + 1 : nullptr);
     }
-    DFTI_DESCRIPTOR_HANDLE from_c;
-    ASSERT_EQ(create(&from_c, {4, 6, 5}), 0);
-    int lengths[3];
-    EXPECT_EQ(DftiGetValue(from_c, DFTI_LENGTHS, lengths), 0);
+    Descriptor from_c;
+    EXPECT_EQ(DftiFreeDescriptor(&from_c.handle), 0);
+    ASSERT_EQ(create(&from_c.handle, {4, 6, 5}), 0);
+    int lengths[3], one = kUntouched;
+    EXPECT_EQ(DftiGetValue(from_c.handle, DFTI_LENGTHS, lengths), 0);
     EXPECT_EQ(std::vector<int>(lengths, lengths + 3), (std::vector<int>{5, 6, 4}));
-    int one = kUntouched, number = DFTI_LENGTHS;
-    EXPECT_EQ(dfti_get_value_intval(&from_c, &number, &one), DFTI_INVALID_CONFIGURATION);
+    EXPECT_EQ(from_c.get(DFTI_LENGTHS, &one), DFTI_INVALID_CONFIGURATION);
     EXPECT_EQ(one, kUntouched);
-    EXPECT_EQ(DftiFreeDescriptor(&from_c), 0);
-    Descriptor single({1});
+    const Descriptor single({1});
     EXPECT_EQ(single->log2_length, 0);
     EXPECT_EQ(single->on_primitives, 0);
 }
@@ -212,94 +211,105 @@ TEST(Values, ConjugateEvenStorageForcesTheFormatAndDoesNotGiveItBack) {
     EXPECT_EQ(d.commit(), 0);
 }
 
-TEST(Values, StridesScalesAndTexts) {
+TEST(Values, Strides) {
     Descriptor d({8, 4}); // C: lengths 4, 8
-    const int given[] = {3, 8, 1};
-    int back[4] = {0, 0, 0, kUntouched};
+    const int given[] = {3, 8, 1}, fastest_first[] = {5, 2, 16};
+    int back[4] = {0, 0, 0, kUntouched}, number = DFTI_OUTPUT_STRIDES;
     EXPECT_EQ(DftiSetValue(d.handle, DFTI_INPUT_STRIDES, given), 0);
-    EXPECT_EQ(d.handle[0].input_stride, 1);
-    EXPECT_EQ(d.handle[1].input_stride, 8);
-    EXPECT_EQ(d.handle[1].input_offset, 3);
+    EXPECT_EQ(dfti_set_value_intvec(&d.handle, &number, fastest_first), 0);
+    const int stored[] = {d.handle[0].input_stride, d.handle[1].input_stride,
+                          d.handle[1].input_offset, d.handle[0].output_stride};
+    EXPECT_EQ(std::vector<int>(stored, stored + 4), (std::vector<int>{1, 8, 3, 2}));
     EXPECT_EQ(DftiGetValue(d.handle, DFTI_INPUT_STRIDES, back), 0);
     EXPECT_EQ(std::vector<int>(back, back + 4), (std::vector<int>{3, 8, 1, kUntouched}));
-    int number = DFTI_OUTPUT_STRIDES;
-    const int fastest_first[] = {5, 2, 16};
-    EXPECT_EQ(dfti_set_value_intvec(&d.handle, &number, fastest_first), 0);
-    EXPECT_EQ(d.handle[0].output_stride, 2);
     EXPECT_EQ(dfti_get_value_intvec(&d.handle, &number, back), 0);
     EXPECT_EQ(std::vector<int>(back, back + 3), (std::vector<int>{5, 2, 16}));
+}
 
-    // One record of a length other than 1 carries the scale.
-    Descriptor scaled({1, 8}, DFTI_COMPLEX, DFTI_SINGLE);
-    EXPECT_EQ(DftiSetValue(scaled.handle, DFTI_FORWARD_SCALE, 0.1), 0);
-    EXPECT_EQ(scaled.handle[0].forward_scale_s, 1.0f);
-    EXPECT_EQ(scaled.handle[1].forward_scale_s, 0.1f);
-    EXPECT_EQ(scaled.handle[1].forward_scale_d, static_cast<double>(0.1f));
+// One record of a length other than 1 carries the scale, in both widths; else the head.
+TEST(Values, Scales) {
+    Descriptor d({1, 8}, DFTI_COMPLEX, DFTI_SINGLE);
     float single = 0;
-    EXPECT_EQ(DftiGetValue(scaled.handle, DFTI_FORWARD_SCALE, &single), 0);
-    EXPECT_EQ(single, 0.1f);
-    const double third = 1.0 / 3;
-    number = DFTI_BACKWARD_SCALE;
-    EXPECT_EQ(dfti_set_value_dblval(&scaled.handle, &number, &third), 0);
-    EXPECT_EQ(scaled.handle[1].backward_scale_d, third);
-    EXPECT_EQ(scaled.handle[1].backward_scale_s, static_cast<float>(third));
     double extended = 0;
-    EXPECT_EQ(dfti_get_value_dblval(&scaled.handle, &number, &extended), 0);
+    const double third = 1.0 / 3;
+    int number = DFTI_BACKWARD_SCALE;
+    EXPECT_EQ(DftiSetValue(d.handle, DFTI_FORWARD_SCALE, 0.1), 0);
+    EXPECT_EQ(d.handle[0].forward_scale_s, 1.0f);
+    EXPECT_EQ(d.handle[1].forward_scale_s, 0.1f);
+    EXPECT_EQ(d.handle[1].forward_scale_d, static_cast<double>(0.1f));
+    EXPECT_EQ(DftiGetValue(d.handle, DFTI_FORWARD_SCALE, &single), 0);
+    EXPECT_EQ(single, 0.1f);
+    EXPECT_EQ(dfti_set_value_dblval(&d.handle, &number, &third), 0);
+    EXPECT_EQ(d.handle[1].backward_scale_d, third);
+    EXPECT_EQ(d.handle[1].backward_scale_s, static_cast<float>(third));
+    EXPECT_EQ(dfti_get_value_dblval(&d.handle, &number, &extended), 0);
     EXPECT_EQ(extended, third);
-    Descriptor ones({1, 1});
+    const Descriptor ones({1, 1});
     EXPECT_EQ(DftiSetValue(ones.handle, DFTI_FORWARD_SCALE, 3.0), 0);
     EXPECT_EQ(ones.handle[0].forward_scale_d, 3.0);
     EXPECT_EQ(ones.handle[1].forward_scale_d, 1.0);
+}
 
-    char text[DFTI_VERSION_LENGTH + 2];
-    std::memset(text, '#', sizeof text);
-    EXPECT_EQ(DftiGetValue(d.handle, DFTI_DESCRIPTOR_NAME, text), 0);
-    EXPECT_STREQ(text, ""); // never set
-    EXPECT_EQ(DftiSetValue(d.handle, DFTI_DESCRIPTOR_NAME, "0123456789ABC"), 0);
-    EXPECT_EQ(DftiGetValue(d.handle, DFTI_DESCRIPTOR_NAME, text), 0);
-    EXPECT_STREQ(text, "0123456789");
-    std::memset(text, '#', sizeof text);
-    number = DFTI_DESCRIPTOR_NAME;
-    EXPECT_EQ(dfti_get_value_chars(&d.handle, &number, text, 10), 0);
-    EXPECT_EQ(std::string(text, 11), "0123456789#");
-    number = DFTI_VERSION;
-    EXPECT_EQ(dfti_get_value_chars(&d.handle, &number, text, 198), 0);
-    EXPECT_EQ(std::string(text, 24), "Orbel(R) Numeric Library");
-    EXPECT_EQ(std::string(text + 196, 4), "  ##");
-    EXPECT_EQ(DftiGetValue(d.handle, DFTI_VERSION, text), 0);
-    EXPECT_EQ(text[197], '\0');
-    EXPECT_EQ(text[198], '#');
-    // Wrong kind of entry for a number.
-    number = DFTI_PLACEMENT;
-    EXPECT_EQ(dfti_set_value_dblval(&d.handle, &number, &third), 3);
-    EXPECT_EQ(dfti_set_value_intvec(&d.handle, &number, given), 3);
-    EXPECT_EQ(dfti_get_value_intvec(&d.handle, &number, back), 3);
-    EXPECT_EQ(dfti_set_value_chars(&d.handle, &number, "0123456789", 10), 3);
-    EXPECT_EQ(dfti_get_value_chars(&d.handle, &number, text, 10), 3);
+TEST(Values, Texts) {
+    Descriptor d;
+    std::string text(DFTI_VERSION_LENGTH + 2, '#');
+    int name = DFTI_DESCRIPTOR_NAME, version = DFTI_VERSION;
+    EXPECT_EQ(DftiGetValue(d.handle, name, text.data()), 0);
+    EXPECT_STREQ(text.c_str(), ""); // never set
+    EXPECT_EQ(DftiSetValue(d.handle, name, "0123456789ABC"), 0);
+    EXPECT_EQ(DftiGetValue(d.handle, name, text.data()), 0);
+    EXPECT_STREQ(text.c_str(), "0123456789");
+    text.assign(text.size(), '#');
+    EXPECT_EQ(dfti_get_value_chars(&d.handle, &name, text.data(), 10), 0);
+    EXPECT_EQ(text.substr(0, 11), "0123456789#");
+    EXPECT_EQ(dfti_get_value_chars(&d.handle, &version, text.data(), 198), 0);
+    EXPECT_EQ(text.substr(0, 24), "Orbel(R) Numeric Library");
+    EXPECT_EQ(text.substr(196), "  ##");
+    EXPECT_EQ(DftiGetValue(d.handle, version, text.data()), 0);
+    EXPECT_EQ(text.substr(197), std::string("\0##", 3));
 }
 
 TEST(Values, EverySetCallUncommitsButTheTwoThatCRefusesItself) {
     Descriptor d;
     const float single = 1;
+    const double extended = 1;
     const int strides[] = {0, 1};
-    const auto uncommits = [&](auto&& call) {
+    int back[4];
+    char text[] = "0123456789";
+    // A call of any entry with this number: its status, and whether the descriptor stays committed.
+    const auto expect = [&](int number, int status, bool committed, auto call) {
         EXPECT_EQ(d.commit(), 0);
         EXPECT_EQ(d.value(DFTI_COMMIT_STATUS), DFTI_COMMITTED);
-        call();
-        return d.value(DFTI_COMMIT_STATUS) == DFTI_UNCOMMITTED;
+        EXPECT_EQ(call(&number), status) << number;
+        EXPECT_EQ(d.value(DFTI_COMMIT_STATUS) == DFTI_COMMITTED, committed) << number;
     };
-    const auto typed = [&](int number, auto call) { return uncommits([&] { call(&number); }); };
-    EXPECT_TRUE(uncommits([&] { d.set(DFTI_PLACEMENT, DFTI_INPLACE); }));
-    EXPECT_TRUE(uncommits([&] { d.set(DFTI_PLACEMENT, 1); }));
-    EXPECT_TRUE(uncommits([&] { d.set(DFTI_DIMENSION, 1); }));
-    EXPECT_TRUE(uncommits([&] { d.set(999, 1); }));
-    EXPECT_TRUE(typed(4, [&](int* p) { dfti_set_value_sglval(&d.handle, p, &single); }));
-    EXPECT_TRUE(typed(7, [&](int* p) { dfti_set_value_sglval(&d.handle, p, &single); }));
-    EXPECT_TRUE(typed(12, [&](int* p) { dfti_set_value_intvec(&d.handle, p, strides); }));
-    EXPECT_TRUE(typed(20, [&](int* p) { dfti_set_value_chars(&d.handle, p, "0123456789", 10); }));
-    EXPECT_FALSE(uncommits([&] { EXPECT_EQ(DftiSetValue(d.handle, DFTI_DIMENSION, 1), 6); }));
-    EXPECT_FALSE(uncommits([&] { EXPECT_EQ(DftiSetValue(d.handle, DFTI_LENGTHS, 8), 6); }));
-    EXPECT_TRUE(uncommits([&] { EXPECT_EQ(DftiSetValue(d.handle, DFTI_VERSION, 1), 3); }));
+    const auto by_value = [&](int value) {
+        return [&d, value](int* p) { return d.set(*p, value); };
+    };
+    const auto by_c = [&](int* p) { return DftiSetValue(d.handle, *p, 8); };
+    const auto scale = [&](int* p) { return dfti_set_value_sglval(&d.handle, p, &single); };
+    const auto wide_scale = [&](int* p) { return dfti_set_value_dblval(&d.handle, p, &extended); };
+    const auto vector = [&](int* p) { return dfti_set_value_intvec(&d.handle, p, strides); };
+    const auto chars = [&](int* p) { return dfti_set_value_chars(&d.handle, p, text, 10); };
+    expect(DFTI_PLACEMENT, 0, false, by_value(DFTI_INPLACE));
+    expect(DFTI_PLACEMENT, 3, false, by_value(1));
+    expect(DFTI_DIMENSION, 6, false, by_value(1));
+    expect(999, 3, false, by_value(1));
+    expect(DFTI_FORWARD_SCALE, 0, false, scale);
+    expect(DFTI_INPUT_STRIDES, 0, false, vector);
+    expect(DFTI_DESCRIPTOR_NAME, 0, false, chars);
+    expect(DFTI_DIMENSION, 6, true, by_c);
+    expect(DFTI_LENGTHS, 6, true, by_c);
+    expect(DFTI_VERSION, 3, false, by_c);
+    // The wrong entry for a number.
+    expect(DFTI_PLACEMENT, 3, false, scale);
+    expect(DFTI_PLACEMENT, 3, false, wide_scale);
+    expect(DFTI_PLACEMENT, 3, false, vector);
+    expect(DFTI_PLACEMENT, 3, false, chars);
+    expect(DFTI_PLACEMENT, 3, true,
+           [&](int* p) { return dfti_get_value_intvec(&d.handle, p, back); });
+    expect(DFTI_PLACEMENT, 3, true,
+           [&](int* p) { return dfti_get_value_chars(&d.handle, p, text, 10); });
 }
 
 } // namespace
