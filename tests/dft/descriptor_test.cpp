@@ -78,45 +78,59 @@ TEST(Descriptor, LengthsRunFastestFirstInTheRecordsAndAreReversedFromC) {
     EXPECT_EQ(std::vector<int>(lengths, lengths + 3), (std::vector<int>{5, 6, 4}));
     EXPECT_EQ(from_c.get(DFTI_LENGTHS, &one), DFTI_INVALID_CONFIGURATION);
     EXPECT_EQ(one, kUntouched);
-    const Descriptor single({1});
-    EXPECT_EQ(single->log2_length, 0);
-    EXPECT_EQ(single->on_primitives, 0);
+    const Descriptor point({1});
+    EXPECT_EQ(point->log2_length, 0);
+    EXPECT_EQ(point->on_primitives, 0);
 }
 
+// The value calls, each with a parameter that it takes.
+struct ValueCall {
+    int parameter;
+    int (*run)(DFTI_DESCRIPTOR_HANDLE* handle, int* parameter);
+};
+using Handle = DFTI_DESCRIPTOR_HANDLE;
+int integers[4] = {DFTI_INPLACE, 1, 1, 1};
+float single = 1;
+double extended = 1;
+char text[] = "0123456789";
+
+const ValueCall kSets[] = {
+    {DFTI_PLACEMENT, [](Handle* h, int* p) { return dfti_set_value_intval(h, p, integers); }},
+    {DFTI_FORWARD_SCALE, [](Handle* h, int* p) { return dfti_set_value_sglval(h, p, &single); }},
+    {DFTI_BACKWARD_SCALE, [](Handle* h, int* p) { return dfti_set_value_dblval(h, p, &extended); }},
+    {DFTI_INPUT_STRIDES,
+     [](Handle* h, int* p) { return dfti_set_value_intvec(h, p, integers + 1); }},
+    {DFTI_DESCRIPTOR_NAME, [](Handle* h, int* p) { return dfti_set_value_chars(h, p, text, 10); }},
+    {DFTI_PLACEMENT, [](Handle* h, int* p) { return DftiSetValue(*h, *p, DFTI_INPLACE); }},
+};
+const ValueCall kGets[] = {
+    {DFTI_COMMIT_STATUS,
+     [](Handle* h, int* p) { return dfti_get_value_intval(h, p, integers + 1); }},
+    {DFTI_FORWARD_SCALE, [](Handle* h, int* p) { return dfti_get_value_sglval(h, p, &single); }},
+    {DFTI_BACKWARD_SCALE, [](Handle* h, int* p) { return dfti_get_value_dblval(h, p, &extended); }},
+    {DFTI_LENGTHS, [](Handle* h, int* p) { return dfti_get_value_intvec(h, p, integers + 1); }},
+    {DFTI_DESCRIPTOR_NAME, [](Handle* h, int* p) { return dfti_get_value_chars(h, p, text, 10); }},
+    {DFTI_LENGTHS, [](Handle* h, int* p) { return DftiGetValue(*h, *p, integers + 1); }},
+};
+
 TEST(Descriptor, HandlesThatAreNoneGetThreeOrFive) {
-    DFTI_DESCRIPTOR_HANDLE null = nullptr;
     char block[16] = "DFX no tag here";
-    auto foreign = reinterpret_cast<DFTI_DESCRIPTOR_HANDLE>(block);
-    int number = DFTI_PLACEMENT, value = DFTI_INPLACE;
-    float single = 1;
-    double extended = 1, data[2] = {};
-    char text[DFTI_VERSION_LENGTH] = "1234567890";
-    const auto all = [&](DFTI_DESCRIPTOR_HANDLE h) {
-        DFTI_DESCRIPTOR_HANDLE free_me = h;
-        return std::vector<int>{
-            DftiCommitDescriptor(h),
-            DftiFreeDescriptor(&free_me),
-            DftiSetValue(h, number, value),
-            DftiGetValue(h, number, &value),
-            DftiSetValue(h, DFTI_DIMENSION, 1),
-            dfti_set_value_sglval(&h, &number, &single),
-            dfti_set_value_dblval(&h, &number, &extended),
-            dfti_set_value_intvec(&h, &number, &value),
-            dfti_set_value_chars(&h, &number, text, 10),
-            dfti_get_value_sglval(&h, &number, &single),
-            dfti_get_value_dblval(&h, &number, &extended),
-            dfti_get_value_intvec(&h, &number, &value),
-            dfti_get_value_chars(&h, &number, text, 10),
-        };
-    };
-    for (int status : all(null)) EXPECT_EQ(status, DFTI_INCONSISTENT_CONFIGURATION);
-    for (int status : all(foreign)) EXPECT_EQ(status, DFTI_BAD_DESCRIPTOR);
-    // The compute calls look at the first byte alone.
-    block[0] = 'X';
-    EXPECT_EQ(DftiComputeForward(null, data), DFTI_INCONSISTENT_CONFIGURATION);
-    EXPECT_EQ(DftiComputeForward(foreign, data), DFTI_BAD_DESCRIPTOR);
-    EXPECT_EQ(dfti_compute_backward_d_out(&foreign, data, data), DFTI_BAD_DESCRIPTOR);
-    EXPECT_EQ(dfti_compute_backward_d_out(&null, data, data), DFTI_INCONSISTENT_CONFIGURATION);
+    double data[2] = {};
+    for (const int status : {DFTI_INCONSISTENT_CONFIGURATION, DFTI_BAD_DESCRIPTOR}) {
+        block[0] = 'D';
+        Handle none = status == DFTI_BAD_DESCRIPTOR ? reinterpret_cast<Handle>(block) : nullptr;
+        for (const auto& calls : {kSets, kGets})
+            for (int i = 0; i < 6; ++i) {
+                int parameter = calls[i].parameter;
+                EXPECT_EQ(calls[i].run(&none, &parameter), status) << parameter;
+            }
+        EXPECT_EQ(DftiSetValue(none, DFTI_DIMENSION, 1), status);
+        EXPECT_EQ(DftiCommitDescriptor(none), status);
+        EXPECT_EQ(DftiFreeDescriptor(&none), status);
+        block[0] = 'X'; // the compute calls look at the first byte alone
+        EXPECT_EQ(DftiComputeForward(none, data), status);
+        EXPECT_EQ(dfti_compute_backward_d_out(&none, data, data), status);
+    }
 }
 
 TEST(Descriptor, ACopyOfAFreedHandleIsNone) {
@@ -229,21 +243,21 @@ TEST(Values, Strides) {
 // One record of a length other than 1 carries the scale, in both widths; else the head.
 TEST(Values, Scales) {
     Descriptor d({1, 8}, DFTI_COMPLEX, DFTI_SINGLE);
-    float single = 0;
-    double extended = 0;
+    float one = 0;
+    double other = 0;
     const double third = 1.0 / 3;
     int number = DFTI_BACKWARD_SCALE;
     EXPECT_EQ(DftiSetValue(d.handle, DFTI_FORWARD_SCALE, 0.1), 0);
     EXPECT_EQ(d.handle[0].forward_scale_s, 1.0f);
     EXPECT_EQ(d.handle[1].forward_scale_s, 0.1f);
     EXPECT_EQ(d.handle[1].forward_scale_d, static_cast<double>(0.1f));
-    EXPECT_EQ(DftiGetValue(d.handle, DFTI_FORWARD_SCALE, &single), 0);
-    EXPECT_EQ(single, 0.1f);
+    EXPECT_EQ(DftiGetValue(d.handle, DFTI_FORWARD_SCALE, &one), 0);
+    EXPECT_EQ(one, 0.1f);
     EXPECT_EQ(dfti_set_value_dblval(&d.handle, &number, &third), 0);
     EXPECT_EQ(d.handle[1].backward_scale_d, third);
     EXPECT_EQ(d.handle[1].backward_scale_s, static_cast<float>(third));
-    EXPECT_EQ(dfti_get_value_dblval(&d.handle, &number, &extended), 0);
-    EXPECT_EQ(extended, third);
+    EXPECT_EQ(dfti_get_value_dblval(&d.handle, &number, &other), 0);
+    EXPECT_EQ(other, third);
     const Descriptor ones({1, 1});
     EXPECT_EQ(DftiSetValue(ones.handle, DFTI_FORWARD_SCALE, 3.0), 0);
     EXPECT_EQ(ones.handle[0].forward_scale_d, 3.0);
@@ -252,64 +266,46 @@ TEST(Values, Scales) {
 
 TEST(Values, Texts) {
     Descriptor d;
-    std::string text(DFTI_VERSION_LENGTH + 2, '#');
+    std::string buffer(DFTI_VERSION_LENGTH + 2, '#');
     int name = DFTI_DESCRIPTOR_NAME, version = DFTI_VERSION;
-    EXPECT_EQ(DftiGetValue(d.handle, name, text.data()), 0);
-    EXPECT_STREQ(text.c_str(), ""); // never set
+    EXPECT_EQ(DftiGetValue(d.handle, name, buffer.data()), 0);
+    EXPECT_STREQ(buffer.c_str(), ""); // never set
     EXPECT_EQ(DftiSetValue(d.handle, name, "0123456789ABC"), 0);
-    EXPECT_EQ(DftiGetValue(d.handle, name, text.data()), 0);
-    EXPECT_STREQ(text.c_str(), "0123456789");
-    text.assign(text.size(), '#');
-    EXPECT_EQ(dfti_get_value_chars(&d.handle, &name, text.data(), 10), 0);
-    EXPECT_EQ(text.substr(0, 11), "0123456789#");
-    EXPECT_EQ(dfti_get_value_chars(&d.handle, &version, text.data(), 198), 0);
-    EXPECT_EQ(text.substr(0, 24), "Orbel(R) Numeric Library");
-    EXPECT_EQ(text.substr(196), "  ##");
-    EXPECT_EQ(DftiGetValue(d.handle, version, text.data()), 0);
-    EXPECT_EQ(text.substr(197), std::string("\0##", 3));
+    EXPECT_EQ(DftiGetValue(d.handle, name, buffer.data()), 0);
+    EXPECT_STREQ(buffer.c_str(), "0123456789");
+    buffer.assign(buffer.size(), '#');
+    EXPECT_EQ(dfti_get_value_chars(&d.handle, &name, buffer.data(), 10), 0);
+    EXPECT_EQ(buffer.substr(0, 11), "0123456789#");
+    EXPECT_EQ(dfti_get_value_chars(&d.handle, &version, buffer.data(), 198), 0);
+    EXPECT_EQ(buffer.substr(0, 24), "Orbel(R) Numeric Library");
+    EXPECT_EQ(buffer.substr(196), "  ##");
+    EXPECT_EQ(DftiGetValue(d.handle, version, buffer.data()), 0);
+    EXPECT_EQ(buffer.substr(197), std::string("\0##", 3));
 }
 
 TEST(Values, EverySetCallUncommitsButTheTwoThatCRefusesItself) {
     Descriptor d;
-    const float single = 1;
-    const double extended = 1;
-    const int strides[] = {0, 1};
-    int back[4];
-    char text[] = "0123456789";
-    // A call of any entry with this number: its status, and whether the descriptor stays committed.
-    const auto expect = [&](int number, int status, bool committed, auto call) {
+    const auto expect = [&](int status, bool committed, int parameter, auto call) {
         EXPECT_EQ(d.commit(), 0);
         EXPECT_EQ(d.value(DFTI_COMMIT_STATUS), DFTI_COMMITTED);
-        EXPECT_EQ(call(&number), status) << number;
-        EXPECT_EQ(d.value(DFTI_COMMIT_STATUS) == DFTI_COMMITTED, committed) << number;
+        EXPECT_EQ(call(&d.handle, &parameter), status) << parameter;
+        EXPECT_EQ(d.value(DFTI_COMMIT_STATUS) == DFTI_COMMITTED, committed) << parameter;
     };
-    const auto by_value = [&](int value) {
-        return [&d, value](int* p) { return d.set(*p, value); };
-    };
-    const auto by_c = [&](int* p) { return DftiSetValue(d.handle, *p, 8); };
-    const auto scale = [&](int* p) { return dfti_set_value_sglval(&d.handle, p, &single); };
-    const auto wide_scale = [&](int* p) { return dfti_set_value_dblval(&d.handle, p, &extended); };
-    const auto vector = [&](int* p) { return dfti_set_value_intvec(&d.handle, p, strides); };
-    const auto chars = [&](int* p) { return dfti_set_value_chars(&d.handle, p, text, 10); };
-    expect(DFTI_PLACEMENT, 0, false, by_value(DFTI_INPLACE));
-    expect(DFTI_PLACEMENT, 3, false, by_value(1));
-    expect(DFTI_DIMENSION, 6, false, by_value(1));
-    expect(999, 3, false, by_value(1));
-    expect(DFTI_FORWARD_SCALE, 0, false, scale);
-    expect(DFTI_INPUT_STRIDES, 0, false, vector);
-    expect(DFTI_DESCRIPTOR_NAME, 0, false, chars);
-    expect(DFTI_DIMENSION, 6, true, by_c);
-    expect(DFTI_LENGTHS, 6, true, by_c);
-    expect(DFTI_VERSION, 3, false, by_c);
-    // The wrong entry for a number.
-    expect(DFTI_PLACEMENT, 3, false, scale);
-    expect(DFTI_PLACEMENT, 3, false, wide_scale);
-    expect(DFTI_PLACEMENT, 3, false, vector);
-    expect(DFTI_PLACEMENT, 3, false, chars);
-    expect(DFTI_PLACEMENT, 3, true,
-           [&](int* p) { return dfti_get_value_intvec(&d.handle, p, back); });
-    expect(DFTI_PLACEMENT, 3, true,
-           [&](int* p) { return dfti_get_value_chars(&d.handle, p, text, 10); });
+    for (const auto& [parameter, run] : kSets) expect(0, false, parameter, run);
+    for (const auto& [parameter, run] : kGets) expect(0, true, parameter, run);
+    for (int i = 0; i < 6; ++i) { // a number that is nobody's, or that has no form of this type
+        const int unfit = i == 0 || i == 5 ? 999 : DFTI_NUMBER_OF_USER_THREADS;
+        expect(3, false, unfit, kSets[i].run);
+        expect(3, true, unfit, kGets[i].run);
+    }
+    const auto by_number = kSets[0].run, by_c = kSets[5].run;
+    integers[0] = 1;
+    expect(3, false, DFTI_PLACEMENT, by_number);
+    integers[0] = DFTI_INPLACE;
+    expect(6, false, DFTI_DIMENSION, by_number);
+    expect(6, true, DFTI_DIMENSION, by_c);
+    expect(6, true, DFTI_LENGTHS, by_c);
+    expect(3, false, DFTI_VERSION, by_c);
 }
 
 } // namespace
