@@ -6,85 +6,87 @@
 // alpha * sum over the unknowns behind. All sums ascend in the order of the walk, extended; each store
 // rounds.
 #include "blas/level3/trmm_leaves.h"
-#include "blas/level3/triangle_leaf.h"
+#include "blas/level3/leaf_sums.h"
 #include "serv/entry.h"
 
 namespace {
 
 using vor::cdouble;
-using vor::kLiveSums;
+using vor::kLeafOrder;
+using vor::kSlot;
 using vor::Leaf;
 using vor::plus;
+using vor::real_t;
 using vor::times;
 using vor::Wide;
 
-// G equations from i on, for the right side at b.
-template <int G, bool Conj, class T>
-inline void multiply_group(const Leaf<T>& leaf, Wide<T> alpha, int i, T* b) {
+// G equations from i on for the right side x. corner[g][h]: coefficient of unknown i + h in equation
+// i + g; slots: those of the unknowns behind the group.
+template <int G, class T>
+[[gnu::noinline]] void multiply_group(const Leaf<T>& leaf, const Wide<T>& alpha, int i,
+                                      const T (*corner)[G], const real_t<T>* slots, T* x) {
+    x += i;
     Wide<T> sum[G] = {};
 #pragma GCC unroll 4
-    for (int g = 0; g < G; ++g)
+    for (int g = 0; g < G; ++g) {
 #pragma GCC unroll 4
         for (int h = g; h < G; ++h) {
-            const Wide<T> x = vor::widen(b[(i + h) * leaf.step]);
             const bool one = h == g && leaf.unit;
-            const auto term = [&] {
-                return times(vor::wide_coefficient<Conj>(*leaf.coefficient(i + g, i + h)), x);
-            };
-            sum[g] = plus(sum[g], one ? x : term());
+            const Wide<T> xh = vor::widen(x[h]);
+            sum[g] = plus(sum[g], one ? xh : times(vor::widen(corner[g][h]), xh));
         }
-#pragma GCC unroll 4
-    for (int g = 0; g < G; ++g) b[(i + g) * leaf.step] = vor::narrow<T>(times(alpha, sum[g]));
-
+        x[g] = vor::narrow<T>(times(alpha, sum[g]));
+    }
     const int behind = leaf.order - (i + G);
     if (behind == 0) return;
-    Wide<T> rest[G] = {};
-    vor::add_dots<Conj, false, G>(rest, behind, leaf.coefficient(i, i + G), leaf.row, leaf.column,
-                                  b + (i + G) * leaf.step, leaf.step);
+    vor::dots<G>(sum, behind, slots, x + G);
+#pragma GCC unroll 4
+    for (int g = 0; g < G; ++g) x[g] = vor::narrow<T>(plus(times(alpha, sum[g]), vor::widen(x[g])));
+}
+
+template <class T>
+void multiply_left(const Leaf<T>& leaf, const Wide<T>& alpha) {
+    real_t<T> slots[kLeafOrder * kSlot<T>];
+    vor::by_columns(leaf, [&](auto x, int count) {
+        vor::in_tiles<T>(leaf.order, [&](auto group, int i) {
+            T corner[group][group];
+            for (int g = 0; g < group; ++g)
+                for (int h = leaf.unit ? g + 1 : g; h < group; ++h)
+                    corner[g][h] = leaf.coefficient(i + g, i + h);
+            vor::pack_equations<group>(leaf, i, i + group, leaf.order - (i + group), slots);
+            for (int turn = 0; turn < count; ++turn)
+                multiply_group<group>(leaf, alpha, i, corner, slots, x[turn]);
+        });
+    });
+}
+
+// Equation i for the G right sides in slots; coefficients: those of the unknowns behind it.
+template <int G, class T>
+[[gnu::noinline]] void multiply_sides(const Leaf<T>& leaf, const Wide<T>& alpha, int i,
+                                      const T* coefficients, real_t<T>* slots) {
+    const int behind = leaf.order - (i + 1);
+    slots += i * kSlot<T>;
+    Wide<T> sum[G];
+    vor::dots<G>(sum, behind, slots + kSlot<T>, coefficients);
 #pragma GCC unroll 4
     for (int g = 0; g < G; ++g) {
-        T& result = b[(i + g) * leaf.step];
-        result = vor::narrow<T>(plus(times(alpha, rest[g]), vor::widen(result)));
+        Wide<T> own = times(alpha, vor::widen(vor::get<T>(slots, g)));
+        if (!leaf.unit) own = times(own, vor::widen(leaf.coefficient(i, i)));
+        vor::put(slots, g, vor::narrow<T>(behind > 0 ? plus(own, times(alpha, sum[g])) : own));
     }
 }
 
-template <bool Conj, class T>
-void multiply_left(const Leaf<T>& leaf, Wide<T> alpha) {
-    constexpr int G = kLiveSums<T>;
-    for (int q = 0; q < leaf.others; ++q) {
-        T* const b = leaf.side(q);
-        int i = 0;
-        for (; i + G <= leaf.order; i += G) multiply_group<G, Conj>(leaf, alpha, i, b);
-        for (; i < leaf.order; ++i) multiply_group<1, Conj>(leaf, alpha, i, b);
-    }
-}
-
-// G right sides from q on.
-template <int G, bool Conj, class T>
-inline void multiply_sides(const Leaf<T>& leaf, Wide<T> alpha, int q) {
-    T* b = leaf.side(q);
-    for (int i = 0; i < leaf.order; ++i, b += leaf.step) {
-        Wide<T> sum[G] = {};
-        const int behind = leaf.order - (i + 1);
-        if (behind > 0)
-            vor::add_dots<false, Conj, G>(sum, behind, b + leaf.step, leaf.next, leaf.step,
-                                          leaf.coefficient(i, i + 1), leaf.column);
-#pragma GCC unroll 4
-        for (int g = 0; g < G; ++g) {
-            T& result = b[g * leaf.next];
-            Wide<T> own = times(alpha, vor::widen(result));
-            if (!leaf.unit) own = times(own, vor::wide_coefficient<Conj>(*leaf.coefficient(i, i)));
-            result = vor::narrow<T>(behind > 0 ? plus(own, times(alpha, sum[g])) : own);
+template <class T>
+void multiply_right(const Leaf<T>& leaf, const Wide<T>& alpha) {
+    T coefficients[kLeafOrder];
+    vor::by_slots(leaf, [&](auto& x, int count) {
+        for (int i = 0; i < leaf.order; ++i) {
+            leaf.pack_row(i, i + 1, leaf.order - (i + 1), coefficients);
+            vor::in_tiles<T>(count, [&](auto sides, int turn) {
+                multiply_sides<sides>(leaf, alpha, i, coefficients, x.at(turn));
+            });
         }
-    }
-}
-
-template <bool Conj, class T>
-void multiply_right(const Leaf<T>& leaf, Wide<T> alpha) {
-    constexpr int G = kLiveSums<T>;
-    int q = 0;
-    for (; q + G <= leaf.others; q += G) multiply_sides<G, Conj>(leaf, alpha, q);
-    for (; q < leaf.others; ++q) multiply_sides<1, Conj>(leaf, alpha, q);
+    });
 }
 
 } // namespace
@@ -95,13 +97,13 @@ void multiply_right(const Leaf<T>& leaf, Wide<T> alpha) {
             side, *uploflag ? "U" : "L", trans, *diagflag ? "U" : "N", *m, *n, a, *lda, b, *ldb};  \
         multiply(Leaf<T>(p, !p.lower_system()), vor::widen(*alpha));                               \
     }
-LEAF(dtrmln, double, "L", "N", multiply_left<false>)
-LEAF(dtrmlt, double, "L", "T", multiply_left<false>)
-LEAF(dtrmrn, double, "R", "N", multiply_right<false>)
-LEAF(dtrmrt, double, "R", "T", multiply_right<false>)
-LEAF(ztrmln, cdouble, "L", "N", multiply_left<false>)
-LEAF(ztrmlt, cdouble, "L", "T", multiply_left<false>)
-LEAF(ztrmlc, cdouble, "L", "C", multiply_left<true>)
-LEAF(ztrmrn, cdouble, "R", "N", multiply_right<false>)
-LEAF(ztrmrt, cdouble, "R", "T", multiply_right<false>)
-LEAF(ztrmrc, cdouble, "R", "C", multiply_right<true>)
+LEAF(dtrmln, double, "L", "N", multiply_left)
+LEAF(dtrmlt, double, "L", "T", multiply_left)
+LEAF(dtrmrn, double, "R", "N", multiply_right)
+LEAF(dtrmrt, double, "R", "T", multiply_right)
+LEAF(ztrmln, cdouble, "L", "N", multiply_left)
+LEAF(ztrmlt, cdouble, "L", "T", multiply_left)
+LEAF(ztrmlc, cdouble, "L", "C", multiply_left)
+LEAF(ztrmrn, cdouble, "R", "N", multiply_right)
+LEAF(ztrmrt, cdouble, "R", "T", multiply_right)
+LEAF(ztrmrc, cdouble, "R", "C", multiply_right)

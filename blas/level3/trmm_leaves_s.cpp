@@ -68,10 +68,7 @@ private:
         const bool inside = upper ? i <= l : i >= l;
         if (!inside || std::max(i, l) >= leaf.order) return T{};
         if (i == l && leaf.unit) return vor::real_element<T>(1);
-        T x = *leaf.coefficient(i, l);
-        if constexpr (vor::is_complex<T>)
-            if (leaf.conjugated) x.im = -x.im;
-        return x;
+        return leaf.coefficient(i, l);
     }
 };
 
@@ -204,8 +201,8 @@ void multiply_right(const Triangular<float>& p, float alpha) {
     const Leaf<float> leaf(p, !p.lower_system());
     float factor[kRightOrder][kRightOrder];
     for (int i = 0; i < leaf.order; ++i) {
-        factor[i][i] = leaf.unit ? alpha : alpha * *leaf.coefficient(i, i);
-        for (int l = i + 1; l < leaf.order; ++l) factor[i][l] = alpha * *leaf.coefficient(i, l);
+        factor[i][i] = leaf.unit ? alpha : alpha * leaf.coefficient(i, i);
+        for (int l = i + 1; l < leaf.order; ++l) factor[i][l] = alpha * leaf.coefficient(i, l);
     }
     vor::for_rows(leaf.others, RightProduct{leaf, factor});
 }
@@ -252,9 +249,7 @@ void multiply_right(const Triangular<cfloat>& p, cfloat alpha) {
     for (int i = 0; i < leaf.order; ++i)
         for (int l = i; l < leaf.order; ++l) {
             const bool one = i == l && leaf.unit;
-            cfloat x = one ? vor::real_element<cfloat>(1) : *leaf.coefficient(i, l);
-            if (leaf.conjugated) x.im = -x.im;
-            factor[i][l] = x;
+            factor[i][l] = one ? vor::real_element<cfloat>(1) : leaf.coefficient(i, l);
         }
     int q = 0;
     for (; q + 4 <= leaf.others; q += 4) multiply_rows<2, 2>(leaf, factor, alpha, leaf.side(q));

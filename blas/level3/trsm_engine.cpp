@@ -88,17 +88,17 @@ void vor_blas_ctrsm_l2 PARAMS_XTRMM(cfloat);
         if (scale_right_sides(p, *alpha)) solve_blocks(p, size, chunk, next);                      \
     }
 
-LEVEL(dtrsm_l2, double, vor::kSolveLeaf, leaf(p))
+LEVEL(dtrsm_l2, double, 32, leaf(p))
 LEVEL(dtrsm_l1, double, p.left() ? 128 : 256, vor_blas_dtrsm_l2)
 TOP_LEVEL(xdtrsm, double, 512, kChunk, vor_blas_dtrsm_l1)
 
-LEVEL(strsm_l2, float, vor::kSolveLeaf, leaf(p))
+LEVEL(strsm_l2, float, 32, leaf(p))
 LEVEL(strsm_l1, float, 128, vor_blas_strsm_l2)
 TOP_LEVEL(xstrsm, float, p.left() ? 512 : 256, kChunk,
           has_middle_level(p) ? vor_blas_strsm_l1 : vor_blas_strsm_l2)
 
-LEVEL(ctrsm_l2, cfloat, vor::kSolveLeaf, vor_blas_ctrsm_i)
+LEVEL(ctrsm_l2, cfloat, 32, vor_blas_ctrsm_i)
 LEVEL(ctrsm_l1, cfloat, 64, vor_blas_ctrsm_l2)
 TOP_LEVEL(xctrsm, cfloat, 256, kChunk, has_middle_level(p) ? vor_blas_ctrsm_l1 : vor_blas_ctrsm_l2)
 
-TOP_LEVEL(xztrsm, cdouble, vor::kSolveLeaf, std::max(1, p.others()), leaf(p))
+TOP_LEVEL(xztrsm, cdouble, 32, std::max(1, p.others()), leaf(p))

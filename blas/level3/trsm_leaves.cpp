@@ -7,7 +7,7 @@
 // d and z, left: four equations together, then two, then one. Inside such a group the new unknowns
 // enter the sums of the next ones as they are, before they are rounded.
 #include "blas/level3/trsm_leaves.h"
-#include "blas/level3/triangle_leaf.h"
+#include "blas/level3/leaf_sums.h"
 #include "serv/entry.h"
 
 namespace {
@@ -15,143 +15,141 @@ namespace {
 using vor::cdouble;
 using vor::cfloat;
 using vor::extended;
-using vor::kLiveSums;
+using vor::kLeafOrder;
+using vor::kSlot;
+using vor::kTile;
 using vor::Leaf;
 using vor::minus;
 using vor::plus;
+using vor::real_t;
 using vor::times;
 using vor::Wide;
 
 // conj(x) / (re^2 + im^2), or 1 / x.
-template <bool Conj, class T, class R>
+template <class R, class T>
 R reciprocal(const T& x) {
     if constexpr (vor::is_complex<T>) {
-        const extended re = x.re, im = Conj ? -static_cast<extended>(x.im) : x.im;
-        const extended scale = 1 / (re * re + im * im);
+        const extended re = x.re, im = x.im, scale = 1 / (re * re + im * im);
         return {static_cast<double>(re * scale), static_cast<double>(-im * scale)};
     } else {
         return static_cast<R>(1 / static_cast<extended>(x));
     }
 }
 
-// The last step of an unknown, the division by the diagonal: by reciprocals of type R.
-template <class T, class R, bool Conj>
+// The last step of an unknown, the division by the diagonal: by reciprocals of type R. Ones where the
+// diagonal is not read.
+template <class T, class R>
 class Reciprocals {
 public:
-    explicit Reciprocals(const Leaf<T>& leaf) : unit_(leaf.unit) {
-        if (unit_) return;
+    explicit Reciprocals(const Leaf<T>& leaf) : leaf_(leaf) {
         for (int i = 0; i < leaf.order; ++i)
-            r_[i] = reciprocal<Conj, T, R>(*leaf.coefficient(i, i));
+            r_[i] = leaf.unit ? vor::real_element<R>(1) : reciprocal<R>(leaf.coefficient(i, i));
     }
-    Wide<T> finish(int i, const Wide<T>& x) const {
-        return unit_ ? x : times(x, vor::widen(r_[i]));
+    // The division in equation i.
+    auto in(int i) const {
+        return [this, i](const Wide<T>& x) {
+            // x * (1 + 0i) is not x if a part of x is infinite.
+            return vor::is_complex<T> && leaf_.unit ? x : times(x, vor::widen(r_[i]));
+        };
     }
 
 private:
-    bool unit_;
-    R r_[vor::kSolveLeaf];
+    const Leaf<T>& leaf_;
+    R r_[kLeafOrder];
 };
 
 // The same without an array: x * conj(a) * (1 / |a|^2).
-template <bool Conj>
 class Divisor {
 public:
     explicit Divisor(const Leaf<cfloat>& leaf) : leaf_(leaf) {}
-    Wide<cfloat> finish(int i, const Wide<cfloat>& x) const {
-        if (leaf_.unit) return x;
-        const Wide<cfloat> a = vor::wide_coefficient<!Conj>(*leaf_.coefficient(i, i));
-        const extended scale = 1 / (a.re * a.re + a.im * a.im);
-        const Wide<cfloat> y = times(x, a);
-        return {y.re * scale, y.im * scale};
+    auto in(int i) const {
+        const bool unit = leaf_.unit;
+        const cfloat a = unit ? cfloat{1, 0} : leaf_.coefficient(i, i);
+        const extended re = a.re, im = a.im, scale = 1 / (re * re + im * im);
+        return [=](const Wide<cfloat>& x) {
+            if (unit) return x;
+            const Wide<cfloat> y = times(x, Wide<cfloat>{a.re, -a.im});
+            return Wide<cfloat>{y.re * scale, y.im * scale};
+        };
     }
 
 private:
     const Leaf<cfloat>& leaf_;
 };
 
-// G equations from i on, for the right side at b.
-template <int G, bool Conj, class T, class Diagonal>
-inline void solve_group(const Leaf<T>& leaf, const Diagonal& diagonal, int i, T* b) {
-    constexpr int kLive = std::min(G, kLiveSums<T>);
-    Wide<T> sum[G] = {};
+// G equations from i on for the right side x. slots: for each tile of equations their coefficients of the
+// finished unknowns; corner[g][h]: of unknown i + g in equation i + h.
+template <int G, class T, class Diagonal>
+[[gnu::noinline]] void solve_group(const Diagonal& diagonal, int i,
+                                   const real_t<T> (*slots)[kLeafOrder * kSlot<T>],
+                                   const T (*corner)[4], T* x) {
+    constexpr int kLive = std::min(G, kTile<T>);
+    Wide<T> sum[G];
 #pragma GCC unroll 2
-    for (int g = 0; g < G; g += kLive)
-        vor::add_dots<Conj, false, kLive>(sum + g, i, leaf.coefficient(i + g, 0), leaf.row,
-                                          leaf.column, b, leaf.step);
+    for (int g = 0; g < G; g += kLive) vor::dots<kLive>(sum + g, i, slots[g / kLive], x);
 #pragma GCC unroll 4
     for (int g = 0; g < G; ++g) {
-        T& unknown = b[(i + g) * leaf.step];
-        const Wide<T> x = diagonal.finish(i + g, minus(vor::widen(unknown), sum[g]));
-        unknown = vor::narrow<T>(x);
+        const Wide<T> value = diagonal.in(i + g)(minus(vor::widen(x[i + g]), sum[g]));
+        x[i + g] = vor::narrow<T>(value);
 #pragma GCC unroll 4
         for (int h = g + 1; h < G; ++h)
-            sum[h] = plus(sum[h],
-                          times(vor::wide_coefficient<Conj>(*leaf.coefficient(i + h, i + g)), x));
+            sum[h] = plus(sum[h], times(vor::widen(corner[g][h]), value));
     }
 }
 
-// One right side after the other, equations in groups.
-template <bool Conj, class T>
+// Equations in groups, each for one right side after the other.
+template <class Diagonal, class T>
 void solve_by_equations(const Leaf<T>& leaf) {
-    const Reciprocals<T, T, Conj> diagonal(leaf);
-    for (int q = 0; q < leaf.others; ++q) {
-        T* const b = leaf.side(q);
+    const Diagonal diagonal(leaf);
+    real_t<T> slots[4 / kTile<T>][kLeafOrder * kSlot<T>];
+    T corner[4][4];
+    vor::by_columns(leaf, [&](auto x, int count) {
+        const auto group = [&]<int G>(std::integral_constant<int, G>, int i) {
+            constexpr int kLive = std::min(G, kTile<T>);
+            for (int g = 0; g < G; g += kLive)
+                vor::pack_equations<kLive>(leaf, i + g, 0, i, slots[g / kLive]);
+            for (int g = 0; g < G; ++g)
+                for (int h = g + 1; h < G; ++h) corner[g][h] = leaf.coefficient(i + h, i + g);
+            for (int turn = 0; turn < count; ++turn)
+                solve_group<G>(diagonal, i, slots, corner, x[turn]);
+        };
         int i = 0;
-        for (; i + 4 <= leaf.order; i += 4) solve_group<4, Conj>(leaf, diagonal, i, b);
+        for (; i + 4 <= leaf.order; i += 4) group(std::integral_constant<int, 4>{}, i);
         if (leaf.order - i >= 2) {
-            solve_group<2, Conj>(leaf, diagonal, i, b);
+            group(std::integral_constant<int, 2>{}, i);
             i += 2;
         }
-        if (i < leaf.order) solve_group<1, Conj>(leaf, diagonal, i, b);
-    }
+        if (i < leaf.order) group(std::integral_constant<int, 1>{}, i);
+    });
 }
 
-// G right sides from q on, one equation after the other.
-template <int G, bool Conj, class T, class Diagonal>
-inline void solve_sides(const Leaf<T>& leaf, const Diagonal& diagonal, int q) {
-    T* const b = leaf.side(q);
-    for (int i = 0; i < leaf.order; ++i) {
-        Wide<T> sum[G] = {};
-        vor::add_dots<false, Conj, G>(sum, i, b, leaf.next, leaf.step, leaf.coefficient(i, 0),
-                                      leaf.column);
+// Equation i for the G right sides in slots.
+template <int G, class T, class Division>
+[[gnu::noinline]] void solve_sides(const Division& divide, int i, const T* coefficients,
+                                   real_t<T>* slots) {
+    Wide<T> sum[G];
+    vor::dots<G>(sum, i, slots, coefficients);
+    slots += i * kSlot<T>;
 #pragma GCC unroll 4
-        for (int g = 0; g < G; ++g) {
-            T& unknown = b[i * leaf.step + g * leaf.next];
-            unknown = vor::narrow<T>(diagonal.finish(i, minus(vor::widen(unknown), sum[g])));
-        }
-    }
+    for (int g = 0; g < G; ++g)
+        vor::put(slots, g,
+                 vor::narrow<T>(divide(minus(vor::widen(vor::get<T>(slots, g)), sum[g]))));
 }
 
-template <bool Conj, class Diagonal, class T>
+// One equation after the other, each for a few right sides at once.
+template <class Diagonal, class T>
 void solve_by_sides(const Leaf<T>& leaf) {
-    constexpr int kLive = kLiveSums<T>;
     const Diagonal diagonal(leaf);
-    int q = 0;
-    for (; q + kLive <= leaf.others; q += kLive) solve_sides<kLive, Conj>(leaf, diagonal, q);
-    for (; q < leaf.others; ++q) solve_sides<1, Conj>(leaf, diagonal, q);
-}
-
-template <class T>
-void solve_left(const Leaf<T>& leaf) {
-    if constexpr (vor::is_complex<T>)
-        if (leaf.conjugated) return solve_by_equations<true>(leaf);
-    solve_by_equations<false>(leaf);
-}
-
-template <class T>
-void solve_right(const Leaf<T>& leaf) {
-    if constexpr (vor::is_complex<T>)
-        if (leaf.conjugated) return solve_by_sides<true, Reciprocals<T, T, true>>(leaf);
-    solve_by_sides<false, Reciprocals<T, T, false>>(leaf);
-}
-
-void solve_single(const Leaf<float>& leaf) {
-    solve_by_sides<false, Reciprocals<float, double, false>>(leaf);
-}
-
-void solve_single(const Leaf<cfloat>& leaf) {
-    if (leaf.conjugated) return solve_by_sides<true, Divisor<true>>(leaf);
-    solve_by_sides<false, Divisor<false>>(leaf);
+    T coefficients[kLeafOrder];
+    vor::by_slots(leaf, [&](auto& x, int count) {
+        for (int i = 0; i < leaf.order; ++i) {
+            leaf.pack_row(i, 0, i, coefficients);
+            const auto divide = diagonal.in(i);
+            vor::in_tiles<T>(count, [&](auto sides, int turn) {
+                solve_sides<sides>(divide, i, coefficients, x.at(turn));
+            });
+        }
+    });
 }
 
 } // namespace
@@ -162,15 +160,15 @@ void solve_single(const Leaf<cfloat>& leaf) {
         const auto p = TRIANGULAR(T);                                                              \
         solve(Leaf<T>(p, p.lower_system()));                                                       \
     }
-LEAF(dtrsmlln, double, solve_left)
-LEAF(dtrsmlun, double, solve_left)
-LEAF(dtrsmlt, double, solve_left)
-LEAF(dtrsmrn, double, solve_right)
-LEAF(dtrsmrt, double, solve_right)
-LEAF(ztrsmlln, cdouble, solve_left)
-LEAF(ztrsmlun, cdouble, solve_left)
-LEAF(ztrsmlt, cdouble, solve_left)
-LEAF(ztrsmrn, cdouble, solve_right)
-LEAF(ztrsmrt, cdouble, solve_right)
-LEAF(strsm_blk, float, solve_single)
-LEAF(ctrsm_i, cfloat, solve_single)
+LEAF(dtrsmlln, double, (solve_by_equations<Reciprocals<double, double>>))
+LEAF(dtrsmlun, double, (solve_by_equations<Reciprocals<double, double>>))
+LEAF(dtrsmlt, double, (solve_by_equations<Reciprocals<double, double>>))
+LEAF(dtrsmrn, double, (solve_by_sides<Reciprocals<double, double>>))
+LEAF(dtrsmrt, double, (solve_by_sides<Reciprocals<double, double>>))
+LEAF(ztrsmlln, cdouble, (solve_by_equations<Reciprocals<cdouble, cdouble>>))
+LEAF(ztrsmlun, cdouble, (solve_by_equations<Reciprocals<cdouble, cdouble>>))
+LEAF(ztrsmlt, cdouble, (solve_by_equations<Reciprocals<cdouble, cdouble>>))
+LEAF(ztrsmrn, cdouble, (solve_by_sides<Reciprocals<cdouble, cdouble>>))
+LEAF(ztrsmrt, cdouble, (solve_by_sides<Reciprocals<cdouble, cdouble>>))
+LEAF(strsm_blk, float, (solve_by_sides<Reciprocals<float, double>>))
+LEAF(ctrsm_i, cfloat, solve_by_sides<Divisor>)

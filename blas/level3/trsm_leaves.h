@@ -12,10 +12,6 @@
 
 #include "blas/signatures.h"
 
-namespace vor {
-inline constexpr int kSolveLeaf = 32; // the most unknowns that a leaf takes
-}
-
 extern "C" {
 void vor_blas_dtrsmlln PARAMS_XTRMM(double);
 void vor_blas_dtrsmlun PARAMS_XTRMM(double);

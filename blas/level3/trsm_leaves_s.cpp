@@ -18,7 +18,7 @@ namespace {
 using vor::Leaf;
 
 void reciprocals(const Leaf<float>& leaf, float* r) {
-    for (int i = 0; i < leaf.order; ++i) r[i] = leaf.unit ? 1 : 1 / *leaf.coefficient(i, i);
+    for (int i = 0; i < leaf.order; ++i) r[i] = leaf.unit ? 1 : 1 / leaf.coefficient(i, i);
 }
 
 struct RightSolve {
@@ -34,7 +34,7 @@ struct RightSolve {
             L x[V];
 #pragma GCC unroll 4
             for (int v = 0; v < V; ++v) x[v] = vor::load_rows<L>(column + v * vor::kLanes<L>);
-            vor::add_columns<true, V>(x, i, b, leaf.step, leaf.coefficient(i, 0), leaf.column);
+            vor::add_columns<true, V>(x, i, b, leaf.step, leaf.at(i, 0), leaf.column);
 #pragma GCC unroll 4
             for (int v = 0; v < V; ++v) vor::store_rows(column + v * vor::kLanes<L>, x[v] * factor);
         }
@@ -77,13 +77,12 @@ void solve_two(const Leaf<float>& leaf, const float* r, int i, float* b) {
     // Where the finished unknowns begin in memory: they lie in one piece.
     const int first = leaf.step > 0 ? 0 : 1 - i;
     float sum0 = 0, sum1 = 0;
-    add_two_dots(i, leaf.coefficient(i, 0) + first, leaf.coefficient(partner, 0) + first, b + first,
-                 sum0, sum1);
+    add_two_dots(i, leaf.at(i, 0) + first, leaf.at(partner, 0) + first, b + first, sum0, sum1);
     float& x0 = b[i * leaf.step];
     x0 = (x0 - sum0) * r[i];
     if (partner == i) return;
     float& x1 = b[partner * leaf.step];
-    x1 = (x1 - (sum1 + *leaf.coefficient(partner, i) * x0)) * r[partner];
+    x1 = (x1 - (sum1 + leaf.coefficient(partner, i) * x0)) * r[partner];
 }
 
 // A few right sides by turns: the next equations of one need what the last ones have stored, and the
@@ -102,7 +101,7 @@ VOR_ENGINE void vor_blas_strsm_i PARAMS_XTRMM(float) {
     static_cast<void>(alpha);
     const auto p = TRIANGULAR(float);
     const Leaf<float> leaf(p, p.lower_system());
-    float r[vor::kSolveLeaf];
+    float r[vor::kLeafOrder];
     reciprocals(leaf, r);
     vor::for_rows(leaf.others, RightSolve{leaf, r});
 }
@@ -111,7 +110,7 @@ VOR_ENGINE void vor_blas_strsmlt PARAMS_XTRMM(float) {
     static_cast<void>(alpha);
     const auto p = TRIANGULAR(float);
     const Leaf<float> leaf(p, p.lower_system());
-    float r[vor::kSolveLeaf];
+    float r[vor::kLeafOrder];
     reciprocals(leaf, r);
     solve_left_transposed(leaf, r);
 }
