@@ -25,19 +25,20 @@ struct Scale {
 // the same four numbers for each step. A part of b(l) is pushed, each of its products enters a sum, and
 // the last product takes its place. (fsubrp subtracts the top from the other, in this syntax.)
 #define REAL_STEP                                                                                  \
-    "fldl 16*step(%[b])\n"                                                                         \
-    "fldl 32*step(%[a])\n fmul %%st(1), %%st\n faddp %%st, %%st(2)\n"                              \
-    "fldl 32*step+8(%[a])\n fmul %%st(1), %%st\n faddp %%st, %%st(3)\n"                            \
-    "fldl 32*step+16(%[a])\n fmul %%st(1), %%st\n faddp %%st, %%st(4)\n"                           \
-    "fmull 32*step+24(%[a])\n faddp %%st, %%st(4)\n"
+    "fldl 16*.Lstep(%[b])\n"                                                                       \
+    "fldl 32*.Lstep(%[a])\n fmul %%st(1), %%st\n faddp %%st, %%st(2)\n"                            \
+    "fldl 32*.Lstep+8(%[a])\n fmul %%st(1), %%st\n faddp %%st, %%st(3)\n"                          \
+    "fldl 32*.Lstep+16(%[a])\n fmul %%st(1), %%st\n faddp %%st, %%st(4)\n"                         \
+    "fmull 32*.Lstep+24(%[a])\n faddp %%st, %%st(4)\n"
 #define IMAGINARY_STEP                                                                             \
-    "fldl 16*step+8(%[b])\n"                                                                       \
-    "fldl 32*step(%[a])\n fmul %%st(1), %%st\n faddp %%st, %%st(3)\n"                              \
-    "fldl 32*step+8(%[a])\n fmul %%st(1), %%st\n fsubrp %%st, %%st(2)\n"                           \
-    "fldl 32*step+16(%[a])\n fmul %%st(1), %%st\n faddp %%st, %%st(5)\n"                           \
-    "fmull 32*step+24(%[a])\n fsubrp %%st, %%st(3)\n"
+    "fldl 16*.Lstep+8(%[b])\n"                                                                     \
+    "fldl 32*.Lstep(%[a])\n fmul %%st(1), %%st\n faddp %%st, %%st(3)\n"                            \
+    "fldl 32*.Lstep+8(%[a])\n fmul %%st(1), %%st\n fsubrp %%st, %%st(2)\n"                         \
+    "fldl 32*.Lstep+16(%[a])\n fmul %%st(1), %%st\n faddp %%st, %%st(5)\n"                         \
+    "fmull 32*.Lstep+24(%[a])\n fsubrp %%st, %%st(3)\n"
 #define SWEEP(first, body) /* steps first to K */                                                  \
-    ".set step, " first "\n .rept %c[steps] - " first "\n" body ".set step, step + 1\n .endr\n"
+    ".set .Lstep, " first "\n .rept %c[steps] - " first "\n" body                                  \
+    ".set .Lstep, .Lstep + 1\n .endr\n"
 
 // The sums leave the stack for C: with alpha = 1 and -1 by one operation, else times alpha, an element
 // after the other.
