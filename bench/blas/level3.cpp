@@ -8,7 +8,7 @@ namespace vor::bench {
 namespace {
 
 // One routine by the shape of its argument list.
-enum class Shape { triangular, symmetric, rank_k, rank_2k };
+enum class Shape { triangle, rank_k, two_operands };
 
 struct Operation {
     std::string name; // without the type letter
@@ -31,14 +31,14 @@ Call bind(const Library& library, char type, const Operation& op, int n) {
         return [=] { call(f, *x); };
     };
     switch (op.shape) {
-    case Shape::triangular:
+    case Shape::triangle:
         return with(library.function<void(Letter, Letter, Letter, Letter, Size, Size, In, In, Size,
                                           T*, Size, int, int, int, int)>(symbol.c_str()),
                     [s](auto f, Square<T>& m) {
                         f(&s[0], &s[1], &s[2], &s[3], &m.n, &m.n, &m.one, m.a.data(), &m.n,
                           m.b.data(), &m.n, 1, 1, 1, 1);
                     });
-    case Shape::symmetric:
+    case Shape::two_operands:
         return with(library.function<void(Letter, Letter, Size, Size, In, In, Size, In, Size, In,
                                           T*, Size, int, int)>(symbol.c_str()),
                     [s](auto f, Square<T>& m) {
@@ -53,26 +53,26 @@ Call bind(const Library& library, char type, const Operation& op, int n) {
                         f(&s[0], &s[1], &m.n, &m.n, &m.one, m.b.data(), &m.n, &m.zero, m.c.data(),
                           &m.n, 1, 1);
                     });
-    case Shape::rank_2k:
-        return with(library.function<void(Letter, Letter, Size, Size, In, In, Size, In, Size, In,
-                                          T*, Size, int, int)>(symbol.c_str()),
-                    [s](auto f, Square<T>& m) {
-                        f(&s[0], &s[1], &m.n, &m.n, &m.one, m.a.data(), &m.n, m.b.data(), &m.n,
-                          &m.zero, m.c.data(), &m.n, 1, 1);
-                    });
     }
     return {};
 }
 
 const Operation kOperations[] = {
-    {"trsm", "LLNN", Shape::triangular, 1},    {"trsm", "LUTN", Shape::triangular, 1},
-    {"trsm", "RUNN", Shape::triangular, 1},    {"trmm", "LUNN", Shape::triangular, 1},
-    {"trmm", "LLTN", Shape::triangular, 1},    {"trmm", "RLNN", Shape::triangular, 1},
-    {"symm", "LU", Shape::symmetric, 2},       {"symm", "RL", Shape::symmetric, 2},
-    {"syrk", "UN", Shape::rank_k, 1},          {"syrk", "LT", Shape::rank_k, 1},
-    {"syr2k", "UN", Shape::rank_2k, 2},        {"syr2k", "LT", Shape::rank_2k, 2},
-    {"hemm", "LU", Shape::symmetric, 2, true}, {"herk", "UN", Shape::rank_k, 1, true},
-    {"her2k", "UN", Shape::rank_2k, 2, true},
+    {"trsm", "LLNN", Shape::triangle, 1},
+    {"trsm", "LUTN", Shape::triangle, 1},
+    {"trsm", "RUNN", Shape::triangle, 1},
+    {"trmm", "LUNN", Shape::triangle, 1},
+    {"trmm", "LLTN", Shape::triangle, 1},
+    {"trmm", "RLNN", Shape::triangle, 1},
+    {"symm", "LU", Shape::two_operands, 2},
+    {"symm", "RL", Shape::two_operands, 2},
+    {"syrk", "UN", Shape::rank_k, 1},
+    {"syrk", "LT", Shape::rank_k, 1},
+    {"syr2k", "UN", Shape::two_operands, 2},
+    {"syr2k", "LT", Shape::two_operands, 2},
+    {"hemm", "LU", Shape::two_operands, 2, true},
+    {"herk", "UN", Shape::rank_k, 1, true},
+    {"her2k", "UN", Shape::two_operands, 2, true},
 };
 
 constexpr double kExtendedShare = 0.92; // of the x87 rate, d and z

@@ -10,18 +10,18 @@ constexpr int kGroup = 4;
 // One step into the sums of four rows. On the x87 stack, from the top, stand the four sums; b(l) is
 // pushed, each of its products is added to a sum, and the last product takes its place.
 #define STEP                                                                                       \
-    "fldl 8*step(%[b])\n"                                                                          \
-    "fldl 32*step(%[a])\n fmul %%st(1), %%st\n faddp %%st, %%st(2)\n"                              \
-    "fldl 32*step+8(%[a])\n fmul %%st(1), %%st\n faddp %%st, %%st(3)\n"                            \
-    "fldl 32*step+16(%[a])\n fmul %%st(1), %%st\n faddp %%st, %%st(4)\n"                           \
-    "fmull 32*step+24(%[a])\n faddp %%st, %%st(4)\n"
+    "fldl 8*.Lstep(%[b])\n"                                                                        \
+    "fldl 32*.Lstep(%[a])\n fmul %%st(1), %%st\n faddp %%st, %%st(2)\n"                            \
+    "fldl 32*.Lstep+8(%[a])\n fmul %%st(1), %%st\n faddp %%st, %%st(3)\n"                          \
+    "fldl 32*.Lstep+16(%[a])\n fmul %%st(1), %%st\n faddp %%st, %%st(4)\n"                         \
+    "fmull 32*.Lstep+24(%[a])\n faddp %%st, %%st(4)\n"
 
 // Written by hand: without a register exchanged or copied every turn of both units goes into the sums.
 template <int K>
 inline void group(const double* a, const double* b, double* c) {
     asm volatile("fldl 24(%[a])\n fmull (%[b])\n fldl 16(%[a])\n fmull (%[b])\n"
                  "fldl 8(%[a])\n fmull (%[b])\n fldl (%[a])\n fmull (%[b])\n"
-                 ".set step, 1\n .rept %c[steps] - 1\n" STEP ".set step, step + 1\n .endr\n"
+                 ".set .Lstep, 1\n .rept %c[steps] - 1\n" STEP ".set .Lstep, .Lstep + 1\n .endr\n"
                  "faddl (%[c])\n fstpl (%[c])\n faddl 8(%[c])\n fstpl 8(%[c])\n"
                  "faddl 16(%[c])\n fstpl 16(%[c])\n faddl 24(%[c])\n fstpl 24(%[c])\n"
                  :

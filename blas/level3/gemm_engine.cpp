@@ -17,6 +17,7 @@
 #include "serv/memory.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace {
 
@@ -156,7 +157,7 @@ using PostS = void PARAMS_GEMM_POST(float);
 using PostD = void PARAMS_GEMM_POST(double);
 using PostZ = void PARAMS_XGEMM(cdouble);
 template <class T>
-constexpr int kPost = 0;
+constexpr std::nullptr_t kPost = nullptr;
 template <>
 constexpr PostS* kPost<float>[2][2] = {{vor_blas_spst_nnk, vor_blas_spst_ntk},
                                        {vor_blas_spst_tnk, vor_blas_spst_ttk}};
@@ -361,19 +362,8 @@ void multiply_plain PARAMS_XGEMM(T) {
 // Out of line: a small product does not wait for the preparations of a large one.
 template <class T>
 [[gnu::noinline]] void multiply_in_passes PARAMS_XGEMM_1(T) {
-    const Product<T> product = {vor::op_of<T>(*transa),
-                                vor::op_of<T>(*transb),
-                                *m,
-                                *n,
-                                *k,
-                                alpha,
-                                a,
-                                *lda,
-                                b,
-                                *ldb,
-                                beta,
-                                c,
-                                *ldc};
+    const Op op_a = vor::op_of<T>(*transa), op_b = vor::op_of<T>(*transb);
+    const Product<T> product = {op_a, op_b, *m, *n, *k, alpha, a, *lda, b, *ldb, beta, c, *ldc};
     Engine<T>(product, a_panel, b_panel, ldp).run();
 }
 

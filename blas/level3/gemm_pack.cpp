@@ -100,17 +100,17 @@ constexpr int kGroup = vor::is_complex<T> ? 2
 template <class T, class F>
 void pack_a(Op op, const T* a, int lda, int m, int k, int depth, T* pack, F value) {
     constexpr int G = kGroup<T>;
-    for (int i = 0; i < m; i += G, pack += G * depth) {
-        if (op != Op::plain) {
-            transpose(G, k, a + i * lda, lda, pack, G, value);
-            continue;
-        }
-        for (int l = 0; l < k; ++l) {
-            const T* column = a + i + l * lda;
-            // The line of the next column: its distance may be too large for the hardware to guess.
-            __builtin_prefetch(column + lda);
-            for (int r = 0; r < G; r += kLanes<T>) store(pack + l * G + r, value(load(column + r)));
-        }
+    if (op != Op::plain) {
+        for (int i = 0; i < m; i += G)
+            transpose(G, k, a + i * lda, lda, pack + i * depth, G, value);
+        return;
+    }
+    for (int l = 0; l < k; ++l, a += lda, pack += G) {
+        // The line of the next column: its distance may be too large for the hardware to guess.
+        __builtin_prefetch(a + lda);
+        for (int i = 0; i < m; i += G)
+            for (int r = 0; r < G; r += kLanes<T>)
+                store(pack + i * depth + r, value(load(a + i + r)));
     }
 }
 

@@ -1,4 +1,5 @@
 // The four engines against a plain sum, over the seams of their blocks, letters, scalars and scratch.
+#include "serv/memory.h"
 #include "tests/blas/gemm_engines.h"
 #include "tests/common/allocations.h"
 #include "tests/common/fenced.h"
@@ -144,6 +145,22 @@ TYPED_TEST(GemmEngine, WorksWithoutScratch) {
             VOR_FreeBuffers();
             EXPECT_EQ(allocations.live(), 0);
         }
+}
+
+// What an earlier call has left in the scratch does not reach a padded panel.
+TYPED_TEST(GemmEngine, OldScratchDoesNotCount) {
+    VOR_FreeBuffers();
+    for (const unsigned size :
+         {8320u, 0x20010u}) { // at least what any engine but that of c asks for
+        void* old = vor_serv_allocate(size);
+        std::memset(old, 0xff, size);
+        vor_serv_deallocate(old);
+    }
+    for (const char* letters : {"NN", "TT"}) {
+        Product<TypeParam> p(this->random_, letters[0], letters[1], {37, 5, 60},
+                             element<TypeParam>(0.5), element<TypeParam>(1));
+        this->expect_right(p);
+    }
 }
 
 // d and z take their two panels whatever the arguments; s once a panel can be filled, c once the product

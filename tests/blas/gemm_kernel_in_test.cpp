@@ -1,5 +1,5 @@
-// The inner kernels of sgemm and cgemm bit for bit against their order of summation, on one and on
-// several columns. (Those of dgemm and zgemm: gemm_engine_order_test.cpp, inside their engines.)
+// The inner kernels of cgemm bit for bit against their order of summation, on one and on several columns.
+// (Those of the other types: gemm_engine_order_test.cpp, inside their engines.)
 #include "blas/kernel/gemm_kernels.h"
 #include "tests/common/matrix.h"
 
@@ -7,36 +7,6 @@
 
 using namespace vor::test;
 using vor::cfloat;
-
-// C and b need no alignment: three rows of slack, one element behind that of the panels.
-TEST(GemmKernel, SingleSumsInOrder) {
-    const struct {
-        int m, k;
-        void(*run) PARAMS_GEMM_KERNEL(float);
-    } kernels[] = {{32, 64, vor_blas_sin32_64},
-                   {16, 64, vor_blas_sin16_64},
-                   {32, 48, vor_blas_sin32_48},
-                   {32, 32, vor_blas_sin32_32},
-                   {32, 16, vor_blas_sin32_16}};
-    Random random(1);
-    for (const auto& [m, k, run] : kernels)
-        for (const int n : {1, 5}) {
-            Guarded<float> a(static_cast<size_t>(m * k));
-            a.fill(random);
-            const auto b = Matrix<float>::random(random, 'N', k, n, 3, sizeof(float));
-            auto c = Matrix<float>::random(random, 'N', m, n, 3, sizeof(float));
-            Matrix<float> want = c;
-            want.fill([&](int i, int j) {
-                const float* row = a.data() + i / 16 * 16 * k + i % 16;
-                float sum = 0;
-                for (int l = 0; l < k; ++l) sum += row[l * 16] * b(l, j);
-                return sum + c(i, j);
-            });
-            run(&n, a.data(), b.data(), &b.ld(), c.data(), &c.ld());
-            EXPECT_TRUE(c.same_as(want)) << m << " x " << n << " x " << k;
-            EXPECT_TRUE(c.intact());
-        }
-}
 
 // Four partial sums of each part, combined as (0 + 2) + (1 + 3).
 TEST(GemmKernel, SingleComplexLanesInOrder) {

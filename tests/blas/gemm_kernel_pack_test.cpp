@@ -1,11 +1,11 @@
-// Packing routines against the layouts of their panels, element by element.
+// Packing routines of s, d and c against the layouts of their panels, element by element. (Those of z:
+// gemm_engine_order_test.cpp, inside their engine.)
 #include "blas/level3/gemm_pack.h"
 #include "tests/common/matrix.h"
 
 #include <gtest/gtest.h>
 
 using namespace vor::test;
-using vor::cdouble;
 using vor::cfloat;
 
 namespace {
@@ -127,32 +127,6 @@ TYPED_TEST(GemmPackReal, ColumnsOfB) {
                 expect_panel(padded, kpad, n, position,
                              [&](int l, int j) { return l < k ? op(l, j) : T(0); });
             }
-        }
-}
-
-TEST(GemmPackZ, PairsOfRowsAndColumns) {
-    Random random(5);
-    void(*const pack_a[])
-        PARAMS_PACK_A_Z(cdouble) = {vor_blas_zgtran, vor_blas_zgtrat, vor_blas_zgtrac};
-    void(*const pack_b[]) PARAMS_PACK_B(cdouble) = {nullptr, vor_blas_zgtrbt, vor_blas_zgtrbc};
-    const char letters[] = {'N', 'T', 'C'};
-    const int ldp = 32;
-    for (int way = 0; way < 3; ++way)
-        for (const int k : {1, 16, 24, 32}) {
-            const int m = 6, n = 5;
-            const auto a = Matrix<cdouble>::random(random, letters[way], m, k, kGap);
-            auto pack = panel<cdouble>(static_cast<size_t>(m * k));
-            pack_a[way](a.data(), &a.ld(), &m, &k, pack.data());
-            expect_panel(
-                pack, m, k, [&](int i, int l) { return i / 2 * 2 * k + l * 2 + i % 2; },
-                Operand<cdouble>(a, letters[way]));
-            if (way == 0) continue;
-            const auto b = Matrix<cdouble>::random(random, letters[way], k, n, kGap);
-            auto columns = panel<cdouble>(n * ldp);
-            pack_b[way](&n, &k, b.data(), &b.ld(), columns.data(), &ldp);
-            expect_panel(
-                columns, k, n, [&](int l, int j) { return j * ldp + l; },
-                Operand<cdouble>(b, letters[way]));
         }
 }
 
