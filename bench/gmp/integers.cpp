@@ -157,10 +157,13 @@ Call product_call(const Library& library, int n) {
 }
 
 Case product(int n, double most_microseconds) {
-    return {.name = of_size("__gmpz_mul", n),
+    const char* const method = n <= gmp::kSchoolbookLength ? "schoolbook"
+                               : n < gmp::kFourierLength   ? "Karatsuba"
+                                                           : "Fourier";
+    return {.name = of_size((std::string("__gmpz_mul ") + method).c_str(), n),
             .formula = "n^2 products",
             .work = static_cast<double>(n) * n,
-            .limit = Limit::product32,
+            .limit = Limit::none,
             .bind = [n](const Library& library) { return product_call(library, n); },
             .rivals = {},
             .most_seconds = most_microseconds * 1e-6};

@@ -232,7 +232,7 @@ TEST(MemoryDeathTest, AtEveryAllocation) {
 // Whatever allocation of the transforms fails: another method gives the same product.
 TEST(Blocks, WithoutMemoryForTransforms) {
     const int n = 4100;
-    const Int a = long_operand(n, 4, 1), b = long_operand(n, 4, 2);
+    const Int a("ones(131200)"), b("rnd(1,131200)");
     std::vector<uint32_t> want(2 * n), got(2 * n);
     vor_gmp_mul_dft(a.words.data(), n, b.words.data(), n, want.data());
     for (long k = 1;; ++k) {

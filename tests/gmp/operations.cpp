@@ -130,6 +130,14 @@ Ints limb_product(const Ints& v) {
     return {result};
 }
 
+// By transforms: twice the longer operand, all of it written.
+Ints dft_product(const Ints& v) {
+    Guarded<uint32_t> r(2 * std::max(v[0].words.size(), v[1].words.size()));
+    vor_gmp_mul_dft(v[0].words.data(), v[0].size(), v[1].words.data(), v[1].size(), r.data());
+    EXPECT_TRUE(r.intact());
+    return {Int(r.data(), r.size())};
+}
+
 Ints limb_addmul(const Ints& v) {
     const auto& [r, a, b] = std::tie(v[0], v[1], v[2]);
     Guarded<uint32_t> out(std::max(r.words.size(), a.words.size() + b.words.size()) + 1);
@@ -293,6 +301,7 @@ std::map<std::string, Operation> all_operations() {
         {"clrbit", records(__gmpz_clrbit, true)},
         {"limb_product", limb_product},
         {"limb_addmul", limb_addmul},
+        {"dft_product", dft_product},
         {"compare", queries(__gmpz_cmp, __gmpz_cmpabs, __gmpz_sgn)},
         {"compare_word", queries(__gmpz_cmp_ui, __gmpz_cmpabs_ui)},
         {"compare_signed", queries(__gmpz_cmp_si)},
