@@ -1,11 +1,13 @@
 // What the table of cases does not hold: division by zero, comparison with doubles, estimates of
 // quotient limbs, random numbers.
 #include "tests/gmp/record.h"
+#include "vor_bignum.h"
 
 #include <csetjmp>
 #include <csignal>
 #include <functional>
 #include <limits>
+#include <numeric>
 
 namespace vor::test {
 namespace {
@@ -145,6 +147,62 @@ TEST(Estimates, FromThreeLimbsAndTwo) {
             }
         }
     }
+}
+
+// ---- Small functions -----------------------------------------------------------------------------------
+
+TEST(Limbs, SmallFunctions) {
+    uint32_t hi, lo, limbs[] = {~0u, ~0u, 5, 0};
+    EXPECT_EQ(mpl_umul_ppmm(&hi, ~0u, ~0u), 1u);
+    EXPECT_EQ(hi, ~0u - 1);
+    mpl_add_ssaaaa(&hi, &lo, 1, ~0u, 2, 3);
+    EXPECT_TRUE(hi == 4 && lo == 2);
+    mpl_sub_ddssss(&hi, &lo, 1, 0, 2, 3);
+    EXPECT_TRUE(hi == ~0u - 1 && lo == ~0u - 2);
+    EXPECT_TRUE(mpl_adjust_size(limbs, 4) == 3 && mpl_adjust_size(limbs + 3, 1) == 0);
+    EXPECT_TRUE(mpl_is_nonzero(limbs + 2, 2) == 1 && mpl_is_nonzero(limbs + 3, 1) == 0);
+    mpn_incr_u(limbs, 2);
+    EXPECT_TRUE(limbs[0] == 1 && limbs[1] == 0 && limbs[2] == 6 && limbs[3] == 0);
+}
+
+TEST(Limbs, CopiesAndFills) {
+    for (int n = 0; n < 13; ++n) {
+        Guarded<uint32_t> d(static_cast<size_t>(n));
+        std::vector<uint32_t> s(d.size()), sevens(d.size(), 0x07070707);
+        std::iota(s.begin(), s.end(), 100);
+        const auto check = [&](const std::vector<uint32_t>& want) {
+            EXPECT_EQ(d.copy(), want);
+            EXPECT_TRUE(d.intact());
+            std::fill(d.begin(), d.end(), 1);
+        };
+        _impMemcpy(d.data(), s.data(), 4 * n), check(s);
+        _impMemcpy_32(d.data(), s.data(), n), check(s);
+        _impMemcpy_limb(d.data(), s.data(), n), check(s);
+        cpMemcpy(d.data(), s.data(), 4 * n), check(s);
+        cpMemcpy32u(d.data(), s.data(), n), check(s);
+        _impMemset(d.data(), 0x107, 4 * n), check(sevens);
+        _impMemset_32(d.data(), 0x07070707, n), check(sevens);
+        _impMemset_limb(d.data(), 0x07070707, n), check(sevens);
+        cpMemset(d.data(), 7, 4 * n), check(sevens);
+        cpMemset32u(d.data(), 0x07070707, n), check(sevens);
+    }
+}
+
+TEST(Records, MadeAndExchanged) {
+    vor_mpz x, y, z;
+    __gmpz_init_set_si(&x, -5);
+    __gmpz_init_set_ui(&y, ~0u);
+    __gmpz_init_set(&z, &x);
+    __gmpz_swap(&x, &y);
+    EXPECT_TRUE(__gmpz_cmp_ui(&x, ~0u) == 0 && __gmpz_cmp_si(&y, -5) == 0);
+    EXPECT_EQ(__gmpz_cmp(&y, &z), 0);
+    __gmpz_set_si(&z, INT32_MIN);
+    EXPECT_EQ(__gmpz_cmp_si(&z, INT32_MIN), 0);
+    __gmpz_set_ui(&z, 0);
+    EXPECT_EQ(z._mp_size, 0);
+    EXPECT_EQ(__gmpz_getlimbn(&x, 0), ~0u);
+    EXPECT_TRUE(__gmpz_getlimbn(&x, 1) == 0 && __gmpz_getlimbn(&x, -1) == 0);
+    for (vor_mpz* record : {&x, &y, &z}) __gmpz_clear(record);
 }
 
 // ---- Random numbers ----------------------------------------------------------------------------------

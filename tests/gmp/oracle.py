@@ -79,6 +79,14 @@ def sign(x):
     return (x > 0) - (x < 0)
 
 
+def limb_rows(a, b, w):
+    """Over n limbs, with the carry or the borrow above them."""
+    B = 1 << 32 * max((max(a, b).bit_length() + 31) // 32, 1)
+    wrapped = lambda x: x % B + B * -(x // B) if x < 0 else x
+    return [a + b, wrapped(a - b), a + w, wrapped(a - w), a * w, b + a * w, wrapped(b - a * w),
+            sign(a - b)]
+
+
 def first_one(a, i):
     """Of infinite two's complement: the first 1 at or after bit i; WORD if there is none."""
     rest = a >> i
@@ -120,6 +128,7 @@ OPERATIONS = {
     "submul": lambda r, a, b: [r - a * b],
     "addmul_ui": lambda r, a, v: [r + a * v],
     "submul_ui": lambda r, a, v: [r - a * v],
+    "limb_rows": limb_rows,
     "limb_product": lambda a, b: [a * b],
     "dft_product": lambda a, b: [a * b],
     "limb_addmul": lambda r, a, b: [r + a * b],
@@ -220,6 +229,15 @@ def product_cases(seeds):
     unequal = [(17, 15), (17, 16), (16, 15), (18, 17), (40, 20), (41, 20), (61, 20), (60, 20),
                (81, 20), (100, 1), (100, 2), (39, 20), (21, 20), (256, 255), (256, 256), (257, 256),
                (300, 17), (200, 99)]
+    for n in range(1, 41):
+        for w in ("0", "1", "80000000", "ffffffff"):
+            yield "limb_rows", seeds.rnd(32 * n), seeds.rnd(32 * n), w
+        yield "limb_rows", "ones(%d)" % (32 * n), "1", "ffffffff"
+    lengths = [*range(1, 37), 63, 64, 90]
+    for n in lengths:
+        for m in lengths:
+            if m <= n:
+                yield "limb_product", seeds.rnd(32 * n), ("ones(%d)" % (32 * m), seeds.rnd(32 * m))[n % 2]
     for n, m in [(n, n) for n in equal] + unequal:
         for a, b in zip(shapes(seeds, n) + ["ones(%d)" % (32 * n)],
                         shapes(seeds, m) + [seeds.rnd(32 * m)]):
@@ -373,7 +391,7 @@ OPERANDS = {kinds: names.split() for kinds, names in {
     "zk": "mul_2exp setbit clrbit bit tdiv_2exp fdiv_2exp cdiv_2exp mod_2exp",
     "zb": "size_in_power_of_two", "we": "ui_pow_ui", "ye": "pow_ui",
     "zzw": "addmul_ui submul_ui", "zzz": "addmul submul bn_mac",
-    "ppp": "limb_addmul", "pp": "limb_product dft_product",
+    "ppw": "limb_rows", "ppp": "limb_addmul", "pp": "limb_product dft_product",
 }.items()}
 
 
