@@ -68,6 +68,13 @@ TEST(Record, ZerosAboveTheValue) {
     expect([](vor_mpz* r, vor_mpz* x) { __gmpz_set(r, x); });
     expect([](vor_mpz* r, vor_mpz* x) { __gmpz_neg(r, x); });
     expect([](vor_mpz* r, vor_mpz* x) { __gmpz_mul_2exp(r, x, 40); });
+    expect([](vor_mpz* r, vor_mpz* x) { vor_gmp_divqr_2exp(r, x, x, 1); });
+    expect([](vor_mpz* r, vor_mpz* x) { vor_gmp_divqr_2exp(x, r, x, 1); });
+    vor_randstate state;
+    __gmp_randinit_default(&state);
+    expect([&](vor_mpz* r, vor_mpz*) { __gmpz_urandomb(r, &state, 40); });
+    expect([&](vor_mpz* r, vor_mpz*) { __gmpz_rrandomb(r, &state, 40); });
+    __gmp_randclear(&state);
 }
 
 TEST(Record, ToleratesASingleZeroLimb) {
