@@ -211,6 +211,20 @@ def chosen_cases():
             for k in ("e", "f", "10", "1f", "20", "21"):
                 for op in ("bit", "setbit", "clrbit"):
                     yield op, y, k
+    # Moduli and residues at which sums carry; logic whose result needs one bit more.
+    for words in (1, 2, 3, 8, 16):
+        for n in ("ones(%d)" % (32 * words), "bit(%d)+1" % (32 * words - 1)):
+            top = "%x" % (parse(n) - 1)
+            for a, b in ((top, top), (n, top), (n, n), ("1", "0"), (top, "1")):
+                yield "mont_mul", n, a, b
+                yield "mont_form", n, a
+            for a, e in ((top, "ffff"), (n, "2"), ("3", "0"), (top, "1"), ("3", n)):
+                yield "mont_exp", n, a, e
+    for n in (1, 2, 8, 9):
+        for a, b in (("ones", "ones"), ("ones", "bit"), ("bit", "bit")):
+            for x, y in signed("%s(%d)" % (a, 32 * n), "%s(%d)" % (b, 32 * n - 1)):
+                for op in ("and", "ior", "xor", "hamdist", "compare", "add", "sub"):
+                    yield op, x, y
     # Equal but for the lowest limb; all ones plus one; a difference that loses all limbs but one.
     for n in (2, 9, 33):
         x = rnd(n, 32 * n)
