@@ -40,8 +40,9 @@ void karatsuba(limb_t* r, const limb_t* a, const limb_t* b, int n, limb_t* scrat
     high -= subtract(p, 2 * m, r, 2 * l);
     high -= subtract(p, 2 * m, r + 2 * l, 2 * m);
     high += limb::add_n(r + l, r + l, p, 2 * m);
-    // For n = 3 and such the middle term ends below the top of r, and fits: high is 0 there.
-    if (high) vor_gmp_mpn_incr_u(r + l + 2 * m, high);
+    // Added even if it is 0, which no processor foresees. It ends within r, as the product does.
+    limb_t* const above = r + l + 2 * m;
+    if (__builtin_add_overflow(*above, high, above)) vor_gmp_mpn_incr_u(above + 1, 1);
 }
 
 void multiply(limb_t* r, const limb_t* a, const limb_t* b, int n) {
