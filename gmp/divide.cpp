@@ -10,6 +10,25 @@ namespace {
 
 constexpr int kLocal = 256; // limbs of scratch on the stack
 
+struct Sizes {
+    int quotient, rest;
+};
+
+// A quotient of few limbs by a divisor of ds, on a copy of n, since q may be n. q or r may be null.
+Sizes divide_short(limb_t* q, limb_t* r, const vor_mpz* n, const limb_t* d, int ds,
+                   const char* function) {
+    const int ns = limbs_of(n);
+    limb_t unwanted[kShortQuotient + 2];
+    if (!q) q = unwanted;
+    Limbs<kLocal> rest(ns, function);
+    copy_limbs(rest, n->_mp_d, ns);
+    if (!r) return {vor_gmp_mpl_divq_sq(q, rest, ns, d, ds), 0};
+    Sizes sizes;
+    sizes.rest = vor_gmp_mpl_divqr_sq(q, &sizes.quotient, rest, ns, d, ds);
+    copy_limbs(r, rest, sizes.rest);
+    return sizes;
+}
+
 // q or r may be null.
 void divide(vor_mpz* q, vor_mpz* r, const vor_mpz* n, const vor_mpz* d, const char* function) {
     const int ns = value_size(n), ds = value_size(d);
@@ -34,30 +53,22 @@ void divide(vor_mpz* q, vor_mpz* r, const vor_mpz* n, const vor_mpz* d, const ch
         copy_limbs(divisor_copy, divisor, ds);
         divisor = divisor_copy;
     }
-    int quotient_size = qn + 1, rest_size = ds;
+    limb_t* const rest = r ? r->_mp_d : nullptr;
+    Sizes sizes{qn + 1, ds};
     if (ds <= kSchoolbookDivisor) {
         limb_t unwanted[kSchoolbookDivisor];
         const limb_t top =
-            vor_gmp_mpl_divqr_long(quotient, r ? r->_mp_d : unwanted, n->_mp_d, ns, divisor, ds);
+            vor_gmp_mpl_divqr_long(quotient, rest ? rest : unwanted, n->_mp_d, ns, divisor, ds);
         if (q) quotient[qn] = top;
     } else if (qn > kShortQuotient) {
         Limbs<kLocal> unwanted(r ? 0 : ds, function);
-        vor_gmp_mpl_divqr_dc(quotient, &quotient_size, r ? r->_mp_d : unwanted, &rest_size,
+        vor_gmp_mpl_divqr_dc(quotient, &sizes.quotient, rest ? rest : unwanted, &sizes.rest,
                              n->_mp_d, ns, divisor, ds);
     } else {
-        limb_t unwanted[kShortQuotient + 2];
-        Limbs<kLocal> rest(ns, function);
-        copy_limbs(rest, n->_mp_d, ns);
-        limb_t* const digits = q ? quotient : unwanted;
-        if (r) {
-            rest_size = vor_gmp_mpl_divqr_sq(digits, &quotient_size, rest, ns, divisor, ds);
-            copy_limbs(r->_mp_d, rest, rest_size);
-        } else {
-            quotient_size = vor_gmp_mpl_divq_sq(digits, rest, ns, divisor, ds);
-        }
+        sizes = divide_short(quotient, rest, n, divisor, ds, function);
     }
-    if (q) finish(q, quotient_size, false);
-    if (r) finish(r, rest_size, false);
+    if (q) finish(q, sizes.quotient, false);
+    if (r) finish(r, sizes.rest, false);
 }
 
 } // namespace

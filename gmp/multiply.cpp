@@ -22,11 +22,11 @@ limb_t subtract(limb_t* p, int np, const limb_t* x, int nx) {
     return bn::sub_1(p + nx, np - nx, limb::sub_n(p, p, x, nx));
 }
 
+void multiply(limb_t* r, const limb_t* a, const limb_t* b, int n);
+
 // With a = a0 + a1 B^l, b = b0 + b1 B^l (Karatsuba and Ofman, Doklady Akademii Nauk SSSR 145, 1962):
 //     a b = a0 b0 + (S T - a0 b0 - a1 b1) B^l + a1 b1 B^(2l),   S = a0 + a1, T = b0 + b1
 // S and T have m limbs and a carry each; `high` counts what S T and the differences have in limb 2m.
-void multiply(limb_t* r, const limb_t* a, const limb_t* b, int n);
-
 void karatsuba(limb_t* r, const limb_t* a, const limb_t* b, int n, limb_t* scratch) {
     const int l = n / 2, m = n - l;
     limb_t *const s = scratch, *const t = s + m, *const p = t + m;
@@ -40,8 +40,9 @@ void karatsuba(limb_t* r, const limb_t* a, const limb_t* b, int n, limb_t* scrat
     high -= subtract(p, 2 * m, r, 2 * l);
     high -= subtract(p, 2 * m, r + 2 * l, 2 * m);
     high += limb::add_n(r + l, r + l, p, 2 * m);
-    // For n = 3 and such the middle term ends below the top of r, and fits: high is 0 there.
-    if (high) vor_gmp_mpn_incr_u(r + l + 2 * m, high);
+    // Added even if it is 0, which no processor foresees. It ends within r, as the product does.
+    limb_t* const above = r + l + 2 * m;
+    if (__builtin_add_overflow(*above, high, above)) vor_gmp_mpn_incr_u(above + 1, 1);
 }
 
 void multiply(limb_t* r, const limb_t* a, const limb_t* b, int n) {

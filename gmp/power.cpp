@@ -1,4 +1,4 @@
-// Powers by squaring, from the lowest bit of the exponent up.
+// Powers by squaring, from the lowest bit of the exponent up (Knuth, 4.6.3, algorithm A).
 #include "gmp/integer.h"
 
 using namespace vor::gmp;

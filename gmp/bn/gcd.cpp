@@ -1,4 +1,5 @@
-// Greatest common divisors: Euclid on words, Lehmer on numbers.
+// Greatest common divisors: Euclid on words, Lehmer on numbers (Lehmer, American Mathematical Monthly
+// 45, 1938; Knuth, 4.5.2, algorithm L).
 //
 // A step of Lehmer runs Euclid on the top words (xh, yh) of x and y as long as the quotient is the
 // same for every x and y with these top words; that is so while floor((xh + A) / (yh + C)) =

@@ -90,7 +90,7 @@ ADD_SUB_N(vor_limb_sub_n, "sbb")
             "2: shrl $2, 28(%esp)\n jz 4f\n"                                                       \
             "3:\n"                                                                                 \
             PAIR(0, LOAD, STORE) PAIR(8, LOAD, STORE)                                              \
-            "add $16, %esi\n add $16, %edi\n decl 28(%esp)\n jnz 3b\n"                            \
+            "add $16, %esi\n add $16, %edi\n decl 28(%esp)\n jnz 3b\n"                             \
             "4: mov %ecx, %eax\n"                                                                  \
             RESTORE "ret\n");                                                                      \
     }
@@ -126,24 +126,24 @@ ROW(vor_limb_submul_1, LOAD_NONE, STORE_SUBTRACT, "", "sub %eax, (%edi)\n adc $0
     extern "C" __attribute__((naked)) void name(vor::limb::word*, const vor::limb::word*, int,     \
                                                 const vor::limb::word*, int) {                     \
         asm(SAVE                                                                                   \
-            "call 1f\n 1: addl $2f-13-1b, (%esp)\n"                                              \
-            "mov 28(%esp), %esi\n add $4, %esi\n"                                                 \
-            "mov 36(%esp), %edi\n sub $-128, %edi\n"                                              \
-            "mov 40(%esp), %eax\n sub %eax, 32(%esp)\n mov %eax, 36(%esp)\n"                      \
-            "xor %ebx, %ebx\n xor %ecx, %ecx\n xor %ebp, %ebp\n"                                  \
+            "call 1f\n 1: addl $2f-13-1b, (%esp)\n"                                                \
+            "mov 28(%esp), %esi\n add $4, %esi\n"                                                  \
+            "mov 36(%esp), %edi\n sub $-128, %edi\n"                                               \
+            "mov 40(%esp), %eax\n sub %eax, 32(%esp)\n mov %eax, 36(%esp)\n"                       \
+            "xor %ebx, %ebx\n xor %ecx, %ecx\n xor %ebp, %ebp\n"                                   \
             "jmp *(%esp)\n"                                                                        \
             STRIP                                                                                  \
             "2: mov 24(%esp), %eax\n"                                                              \
             BEGIN                                                                                  \
-            "mov %ebx, (%eax)\n add $4, %eax\n mov %eax, 24(%esp)\n"                              \
-            "mov %ecx, %ebx\n mov %ebp, %ecx\n xor %ebp, %ebp\n"                                  \
-            "decl 40(%esp)\n jle 3f\n"                                                            \
-            "add $4, %esi\n subl $13, (%esp)\n jmp *(%esp)\n"                                     \
-            "3: decl 32(%esp)\n js 4f\n"                                                          \
-            "add $4, %esi\n jmp *(%esp)\n"                                                        \
-            "4: decl 36(%esp)\n jz 5f\n"                                                          \
-            "add $4, %edi\n addl $13, (%esp)\n jmp *(%esp)\n"                                     \
-            "5: mov %ebx, (%eax)\n add $4, %esp\n"                                                \
+            "mov %ebx, (%eax)\n add $4, %eax\n mov %eax, 24(%esp)\n"                               \
+            "mov %ecx, %ebx\n mov %ebp, %ecx\n xor %ebp, %ebp\n"                                   \
+            "decl 40(%esp)\n jle 3f\n"                                                             \
+            "add $4, %esi\n subl $13, (%esp)\n jmp *(%esp)\n"                                      \
+            "3: decl 32(%esp)\n js 4f\n"                                                           \
+            "add $4, %esi\n jmp *(%esp)\n"                                                         \
+            "4: decl 36(%esp)\n jz 5f\n"                                                           \
+            "add $4, %edi\n addl $13, (%esp)\n jmp *(%esp)\n"                                      \
+            "5: mov %ebx, (%eax)\n add $4, %esp\n"                                                 \
             RESTORE "ret\n");                                                                      \
     }
 COLUMNS(vor_limb_mul_columns, "")

@@ -1,5 +1,5 @@
-// Inverse modulo m by the extended method of Euclid on two remainders, with cofactors that are kept
-// as magnitudes: with m0 the modulus, at every time
+// Inverse modulo m by the extended method of Euclid (Knuth, 4.5.2, algorithm X) on two remainders, with
+// cofactors that are kept as magnitudes: with m0 the modulus, at every time
 //
 //     X1 a = wa,  X0 a = -m  (mod m0)  and  X1 m + X0 wa = m0
 //

@@ -1,5 +1,5 @@
-// Montgomery arithmetic modulo an odd N of k words, R = 2^(32 k): product and reduction are two
-// passes over an array of 2 k words.
+// Montgomery arithmetic (Montgomery, Mathematics of Computation 44, 1985) modulo an odd N of k words,
+// R = 2^(32 k): product and reduction are two passes over an array of 2 k words.
 #include "gmp/bn/bignum.h"
 
 using namespace vor;

@@ -1,12 +1,13 @@
-// What the table of cases does not hold: division by zero, comparison with doubles, products and
-// quotients of sizes at which the methods for long operands run, correction steps reached on purpose,
-// random numbers.
+// What the table of cases does not hold: division by zero, comparison with doubles, estimates of
+// quotient limbs, random numbers.
 #include "tests/gmp/record.h"
+#include "vor_bignum.h"
 
 #include <csetjmp>
 #include <csignal>
 #include <functional>
 #include <limits>
+#include <numeric>
 
 namespace vor::test {
 namespace {
@@ -123,87 +124,13 @@ TEST(SizeInBase, TenAtMostOneTooLarge) {
     }
 }
 
-// ---- Long operands -------------------------------------------------------------------------------
-
-constexpr uint32_t kPrimes[] = {4294967291u, 4294967279u, 4294967231u};
-
-void expect_product(const Int& a, const Int& b, const Int& product) {
-    for (const uint32_t p : kPrimes)
-        ASSERT_EQ(product.mod(p), static_cast<uint64_t>(a.mod(p)) * b.mod(p) % p);
-}
-
-// Lengths on both sides of the limit, lengths other than powers of two, and lengths at which digits
-// of 16 bits are no longer proved for every operand.
-TEST(LongProduct, Identities) {
-    for (const int n : {4095, 4096, 4097, 5000, 8192, 9001, 16384, 20011, 40000}) {
-        for (int kind = 0; kind < 5; ++kind) {
-            SCOPED_TRACE(std::to_string(n) + " limbs, kind " + std::to_string(kind));
-            const Int a = long_operand(n, kind, 1), b = long_operand(n, (kind + n) % 5, 2);
-            Z x(a), y(b), r;
-            __gmpz_mul(r, x, y);
-            expect_product(a, b, r.value());
-            __gmpz_mul(r, x, x);
-            expect_product(a, a, r.value());
-        }
-    }
-}
-
-TEST(LongProduct, FourierAgreesWithKaratsuba) {
-    for (const auto& [an, bn] : {std::pair{1, 1},
-                                 {1, 9},
-                                 {40, 3},
-                                 {500, 500},
-                                 {4095, 4095},
-                                 {4096, 4096},
-                                 {5000, 5000},
-                                 {4500, 300},
-                                 {0, 5}}) {
-        for (int kind = 0; kind < 5; ++kind) {
-            const Int a = an ? long_operand(an, kind, 1) : Int(),
-                      b = long_operand(bn, (kind + 3) % 5, 2);
-            Guarded<uint32_t> fourier(2 * static_cast<size_t>(std::max(an, bn)));
-            vor_gmp_mul_dft(a.words.data(), an, b.words.data(), bn, fourier.data());
-            EXPECT_TRUE(fourier.intact());
-            std::vector<uint32_t> schoolbook(static_cast<size_t>(an + bn));
-            mpn_mul_basecase(schoolbook.data(), a.words.data(), an, b.words.data(), bn);
-            schoolbook.resize(fourier.size());
-            ASSERT_EQ(fourier.copy(), schoolbook) << an << " by " << bn << ", kind " << kind;
-            if (an != bn) continue;
-            std::vector<uint32_t> karatsuba(fourier.size());
-            vor_gmp_mul_n_kara(a.words.data(), b.words.data(), karatsuba.data(), an);
-            ASSERT_EQ(karatsuba, schoolbook) << an << ", kind " << kind;
-        }
-    }
-}
-
-TEST(LongDivision, Identities) {
-    for (const auto& [nn, dn] : {std::pair{1000, 500},
-                                 {2000, 1000},
-                                 {1100, 600},
-                                 {8192, 4096},
-                                 {9000, 300},
-                                 {12000, 4999},
-                                 {5000, 4995}}) {
-        for (int kind = 0; kind < 5; ++kind) {
-            const Int n = long_operand(nn, kind, 3), d = long_operand(dn, (kind + 1) % 5, 4);
-            Z x(n), y(d), q, r, again;
-            __gmpz_tdiv_qr(q, r, x, y);
-            ASSERT_LT(__gmpz_cmp(r, y), 0);
-            ASSERT_GE(__gmpz_sgn(r), 0);
-            __gmpz_mul(again, q, y);
-            __gmpz_add(again, again, r);
-            ASSERT_EQ(again.value(), n) << nn << " by " << dn << ", kind " << kind;
-        }
-    }
-}
-
-// ---- Correction steps ------------------------------------------------------------------------------
+// ---- Estimates of quotients --------------------------------------------------------------------------
 
 uint32_t inverse(uint32_t d) {
     return d == 0x80000000u ? ~0u : mpl_udiv_qqrnnd(0 - d, 0, d);
 }
 
-TEST(Corrections, EstimateFromThreeLimbs) {
+TEST(Estimates, FromThreeLimbsAndTwo) {
     // The estimate that does not fit a limb: the top limb equals the divisor's.
     const uint32_t n[] = {5, ~0u - 1, ~0u};
     EXPECT_EQ(mpl_divq_3_by_2(n + 2, ~0u, ~0u, inverse(~0u)), ~0u);
@@ -222,40 +149,60 @@ TEST(Corrections, EstimateFromThreeLimbs) {
     }
 }
 
-// A short quotient is estimated from truncated operands. The numerators q d - 1 make the estimate q, one
-// too large, and only the exact product tells; all ones by the d that lies just above ones / q make that
-// product longer than the numerator; d = (2^31, 0, ..., 0, ones) and a q near the largest make the estimate
-// two too large. The limb above the quotient is written.
-TEST(Corrections, ShortQuotientIsChecked) {
-    Random random(11);
-    for (int turn = 0; turn < 900; ++turn) {
-        const int qn = turn % 9, dn = std::max(qn + 3, 11 + 7 * random.below(5));
-        Int d0 = long_operand(dn, 4, random.bits()), q0 = long_operand(qn + 1, 4, random.bits());
-        const int kind = turn / 9 % 5;
-        d0.words.back() = turn % 2 ? ~0u : 0x80000000u >> random.below(31) | 1;
-        q0.words.back() = turn % 3 ? 1 : 0x7fffffff;
-        if (kind == 4 && qn > 0) {
-            d0 = Int("bit(" + std::to_string(32 * dn - 1) + ")+ones(" +
-                     std::to_string(32 * (dn - qn)) + ")");
-            q0 = Int("ones(" + std::to_string(32 * qn) + ")-5");
-        }
-        Z q(q0), d(d0), n;
-        __gmpz_mul(n, q, d);
-        if (kind == 3) {
-            n.set(Int("ones(" + std::to_string(32 * (dn + qn)) + ")"));
-            __gmpz_tdiv_q(d, n, q);
-            __gmpz_add_ui(d, d, 1);
-        } else if (kind > 0) {
-            __gmpz_sub_ui(n, n, 1);
-        }
-        const int nn = __gmpz_size(n), size = __gmpz_size(d);
-        Guarded<uint32_t> quotient(static_cast<size_t>(nn - size + 2));
-        const int k = mpl_divq_sq(quotient.data(), n->_mp_d, nn, d->_mp_d, size);
-        EXPECT_TRUE(quotient.intact());
-        if (kind > 0) __gmpz_sub_ui(q, q, 1);
-        ASSERT_EQ(Int(quotient.data(), static_cast<size_t>(k)), q.value())
-            << nn << " by " << size << ", turn " << turn;
+// ---- Small functions -----------------------------------------------------------------------------------
+
+TEST(Limbs, SmallFunctions) {
+    uint32_t hi, lo, limbs[] = {~0u, ~0u, 5, 0};
+    EXPECT_EQ(mpl_umul_ppmm(&hi, ~0u, ~0u), 1u);
+    EXPECT_EQ(hi, ~0u - 1);
+    mpl_add_ssaaaa(&hi, &lo, 1, ~0u, 2, 3);
+    EXPECT_TRUE(hi == 4 && lo == 2);
+    mpl_sub_ddssss(&hi, &lo, 1, 0, 2, 3);
+    EXPECT_TRUE(hi == ~0u - 1 && lo == ~0u - 2);
+    EXPECT_TRUE(mpl_adjust_size(limbs, 4) == 3 && mpl_adjust_size(limbs + 3, 1) == 0);
+    EXPECT_TRUE(mpl_is_nonzero(limbs + 2, 2) == 1 && mpl_is_nonzero(limbs + 3, 1) == 0);
+    mpn_incr_u(limbs, 2);
+    EXPECT_TRUE(limbs[0] == 1 && limbs[1] == 0 && limbs[2] == 6 && limbs[3] == 0);
+}
+
+TEST(Limbs, CopiesAndFills) {
+    for (int n = 0; n < 13; ++n) {
+        Guarded<uint32_t> d(static_cast<size_t>(n));
+        std::vector<uint32_t> s(d.size()), sevens(d.size(), 0x07070707);
+        std::iota(s.begin(), s.end(), 100);
+        const auto check = [&](const std::vector<uint32_t>& want) {
+            EXPECT_EQ(d.copy(), want);
+            EXPECT_TRUE(d.intact());
+            std::fill(d.begin(), d.end(), 1);
+        };
+        _impMemcpy(d.data(), s.data(), 4 * n), check(s);
+        _impMemcpy_32(d.data(), s.data(), n), check(s);
+        _impMemcpy_limb(d.data(), s.data(), n), check(s);
+        cpMemcpy(d.data(), s.data(), 4 * n), check(s);
+        cpMemcpy32u(d.data(), s.data(), n), check(s);
+        _impMemset(d.data(), 0x107, 4 * n), check(sevens);
+        _impMemset_32(d.data(), 0x07070707, n), check(sevens);
+        _impMemset_limb(d.data(), 0x07070707, n), check(sevens);
+        cpMemset(d.data(), 7, 4 * n), check(sevens);
+        cpMemset32u(d.data(), 0x07070707, n), check(sevens);
     }
+}
+
+TEST(Records, MadeAndExchanged) {
+    vor_mpz x, y, z;
+    __gmpz_init_set_si(&x, -5);
+    __gmpz_init_set_ui(&y, ~0u);
+    __gmpz_init_set(&z, &x);
+    __gmpz_swap(&x, &y);
+    EXPECT_TRUE(__gmpz_cmp_ui(&x, ~0u) == 0 && __gmpz_cmp_si(&y, -5) == 0);
+    EXPECT_EQ(__gmpz_cmp(&y, &z), 0);
+    __gmpz_set_si(&z, INT32_MIN);
+    EXPECT_EQ(__gmpz_cmp_si(&z, INT32_MIN), 0);
+    __gmpz_set_ui(&z, 0);
+    EXPECT_EQ(z._mp_size, 0);
+    EXPECT_EQ(__gmpz_getlimbn(&x, 0), ~0u);
+    EXPECT_TRUE(__gmpz_getlimbn(&x, 1) == 0 && __gmpz_getlimbn(&x, -1) == 0);
+    for (vor_mpz* record : {&x, &y, &z}) __gmpz_clear(record);
 }
 
 // ---- Random numbers ----------------------------------------------------------------------------------

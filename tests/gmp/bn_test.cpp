@@ -1,4 +1,4 @@
-// Statuses and room of the big-number layer, its word arrays at the seams of their loops.
+// Statuses and room of the big-number layer, and its helpers on words.
 #include "tests/gmp/big_number.h"
 
 #include <functional>
@@ -7,105 +7,6 @@ namespace vor::test {
 namespace {
 
 using Words = std::vector<uint32_t>;
-
-// Words that provoke carries: many zeros and all-ones among random ones.
-Words provoking(Random& random, int n) {
-    Words words(static_cast<size_t>(n));
-    for (uint32_t& w : words) {
-        const uint32_t kinds[] = {0, ~0u, 1u << random.below(32),
-                                  static_cast<uint32_t>(random.bits())};
-        w = kinds[random.below(4)];
-    }
-    return words;
-}
-
-// r += a w or r -= a w, word by word; what falls off.
-uint32_t add_row(uint32_t* r, const Words& a, uint32_t w, bool subtract) {
-    uint64_t carry = 0;
-    for (const uint32_t x : a) {
-        carry += uint64_t{x} * w;
-        const uint32_t low = static_cast<uint32_t>(carry), old = *r;
-        *r = subtract ? old - low : old + low;
-        carry = (carry >> 32) + (subtract ? old < low : *r < low);
-        ++r;
-    }
-    return static_cast<uint32_t>(carry);
-}
-
-Words product(const Words& a, const Words& b) {
-    Words r(a.size() + b.size());
-    for (size_t j = 0; j < b.size(); ++j) r[j + a.size()] = add_row(&r[j], a, b[j], false);
-    return r;
-}
-
-TEST(Arrays, SumsAndRowsOfEveryLength) {
-    Random random(1);
-    for (int n = 1; n <= 40; ++n) {
-        const Words a = provoking(random, n), b = provoking(random, n), zero(a.size());
-        // f finds `from` in r and makes it start + a w or start - a w.
-        const auto check = [&](const Words& start, uint32_t w, bool subtract, const Words& from,
-                               auto f) {
-            SCOPED_TRACE(std::to_string(n) + " words by " + std::to_string(w));
-            Words want = start;
-            const uint32_t beyond = add_row(want.data(), a, w, subtract);
-            Guarded<uint32_t> r(a.size());
-            std::copy(from.begin(), from.end(), r.begin());
-            uint32_t got = 77;
-            f(r.data(), &got);
-            EXPECT_EQ(r.copy(), want);
-            EXPECT_EQ(got, beyond);
-            EXPECT_TRUE(r.intact());
-        };
-        const auto *const x = a.data(), *const y = b.data();
-        check(b, 1, false, b, [&](auto* r, auto* c) { cpAdd_BNU(r, x, r, n, c); });
-        check(b, 1, false, a, [&](auto* r, auto* c) { cpAdd_BNU(y, r, r, n, c); });
-        check(b, 1, false, zero, [&](auto* r, auto* c) { tavsAdd_BNU(x, y, r, n, c); });
-        check(b, 1, true, b, [&](auto* r, auto* c) { cpSub_BNU(r, x, r, n, c); });
-        check(b, 1, true, a, [&](auto* r, auto* c) { cpSub_BNU(y, r, r, n, c); });
-        check(b, 1, true, zero, [&](auto* r, auto* c) { tavsSub_BNU(y, x, r, n, c); });
-        for (const uint32_t w : {0u, 1u, 0x80000000u, ~0u, static_cast<uint32_t>(random.bits())}) {
-            check(zero, w, false, a, [&](auto* r, auto* c) { tavsMulOne_BNU(r, r, n, w, c); });
-            check(b, w, false, b, [&](auto* r, auto* c) { tavsMACOne_BNU_I(x, r, n, w, c); });
-            check(b, w, true, b, [&](auto* r, auto* c) { cpSubMulDgt_BNU(x, r, n, w, c); });
-        }
-    }
-}
-
-TEST(Arrays, ProductsOfEveryLength) {
-    Random random(3);
-    const auto step = [](int n) {
-        return n < 36 ? n + 1 : n + 27;
-    }; // blocks of 32 words: 63 and 90 too
-    for (int an = 1; an <= 90; an = step(an)) {
-        for (int bn = 1; bn <= 90; bn = step(bn)) {
-            SCOPED_TRACE(std::to_string(an) + " by " + std::to_string(bn));
-            for (const bool extreme : {true, false}) {
-                const Words a =
-                    extreme ? Words(static_cast<size_t>(an), ~0u) : provoking(random, an);
-                const Words b =
-                    extreme ? Words(static_cast<size_t>(bn), ~0u) : provoking(random, bn);
-                const Words want = product(a, b), square = product(a, a);
-                const auto check = [](const Words& expected, auto f) {
-                    Guarded<uint32_t> r(expected.size());
-                    f(r.data());
-                    ASSERT_EQ(r.copy(), expected);
-                    ASSERT_TRUE(r.intact());
-                };
-                const auto *const x = a.data(), *const y = b.data();
-                check(want, [&](auto* r) { cpMul_BNU_FullSize(x, an, y, bn, r); });
-                if (an != bn) continue;
-                if (an == 4) check(want, [&](auto* r) { tavsMul_BNU4(x, y, r); });
-                if (an == 8) check(want, [&](auto* r) { tavsMul_BNU8(x, y, r); });
-                if (an == 4) check(square, [&](auto* r) { tavsSqr_BNU4(x, r); });
-                if (an == 8) check(square, [&](auto* r) { tavsSqr_BNU8(x, r); });
-            }
-        }
-    }
-    const uint32_t words[] = {0, 1, ~0u};
-    uint32_t squares[6];
-    EXPECT_EQ(tavsSqr_32u64u(words, 3, squares), tavStsNoErr);
-    EXPECT_EQ(Words(squares, squares + 6), (Words{0, 0, 1, 0, 1, ~0u - 1}));
-}
 
 TEST(Arrays, RoomOfSumsAndProducts) {
     const Words ones(3, ~0u), one{1};
@@ -141,6 +42,10 @@ TEST(Arrays, RoomOfSumsAndProducts) {
 }
 
 TEST(Words, BitsShiftsAndComparisons) {
+    const uint32_t words[] = {0, 1, ~0u};
+    uint32_t squares[6];
+    EXPECT_EQ(tavsSqr_32u64u(words, 3, squares), tavStsNoErr);
+    EXPECT_EQ(Words(squares, squares + 6), (Words{0, 0, 1, 0, 1, ~0u - 1}));
     EXPECT_EQ(NLZ32u(0), 32);
     EXPECT_EQ(NTZ32u(0), 32);
     for (int i = 0; i < 32; ++i) {

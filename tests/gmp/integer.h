@@ -64,7 +64,8 @@ struct Int {
     }
 
 private:
-    // A number of hexadecimal digits, ones(n), bit(k) or rnd(seed,bits).
+    // A number of hexadecimal digits, ones(n), bit(k), rep(w,n), n words w, or rnd(seed,bits), in which one word in four is
+    // zero and one all ones: they carry on what comes from below.
     static Int atom(const std::string& text) {
         const auto argument = [&](size_t from) { return std::stoul(text.substr(from)); };
         Int x;
@@ -76,11 +77,17 @@ private:
         } else if (text.starts_with("bit(")) {
             with_bits(argument(4) + 1);
             set(argument(4), 1);
+        } else if (text.starts_with("rep(")) {
+            x.words.assign(argument(text.find(',') + 1),
+                           static_cast<uint32_t>(std::stoul(text.substr(4), nullptr, 16)));
         } else if (text.starts_with("rnd(")) {
             Random random(argument(4));
             const size_t bits = argument(text.find(',') + 1);
             with_bits(bits);
-            for (uint32_t& w : x.words) w = static_cast<uint32_t>(random.bits());
+            for (uint32_t& w : x.words) {
+                const uint64_t z = random.bits();
+                w = z >> 62 > 1 ? static_cast<uint32_t>(z) : 0 - static_cast<uint32_t>(z >> 62);
+            }
             if (bits % 32) x.words.back() &= (1u << bits % 32) - 1;
             set(bits - 1, 1);
         } else {
@@ -122,15 +129,5 @@ inline std::ostream& operator<<(std::ostream& out, const Int& x) {
 }
 
 using Ints = std::vector<Int>;
-
-// Limbs that make the largest digits of 16 bits, of both signs and of one, and random ones.
-inline Int long_operand(int n, int kind, uint64_t seed) {
-    Random random(seed);
-    std::vector<uint32_t> limbs(static_cast<size_t>(n));
-    const uint32_t constant[] = {0x7fff7fff, 0x80008000, 0x7fff8000, ~0u};
-    for (uint32_t& x : limbs) x = kind < 4 ? constant[kind] : static_cast<uint32_t>(random.bits());
-    limbs.back() |= 1;
-    return Int(limbs.data(), limbs.size());
-}
 
 } // namespace vor::test

@@ -68,6 +68,13 @@ TEST(Record, ZerosAboveTheValue) {
     expect([](vor_mpz* r, vor_mpz* x) { __gmpz_set(r, x); });
     expect([](vor_mpz* r, vor_mpz* x) { __gmpz_neg(r, x); });
     expect([](vor_mpz* r, vor_mpz* x) { __gmpz_mul_2exp(r, x, 40); });
+    expect([](vor_mpz* r, vor_mpz* x) { vor_gmp_divqr_2exp(r, x, x, 1); });
+    expect([](vor_mpz* r, vor_mpz* x) { vor_gmp_divqr_2exp(x, r, x, 1); });
+    vor_randstate state;
+    __gmp_randinit_default(&state);
+    expect([&](vor_mpz* r, vor_mpz*) { __gmpz_urandomb(r, &state, 40); });
+    expect([&](vor_mpz* r, vor_mpz*) { __gmpz_rrandomb(r, &state, 40); });
+    __gmp_randclear(&state);
 }
 
 TEST(Record, ToleratesASingleZeroLimb) {
@@ -232,7 +239,7 @@ TEST(MemoryDeathTest, AtEveryAllocation) {
 // Whatever allocation of the transforms fails: another method gives the same product.
 TEST(Blocks, WithoutMemoryForTransforms) {
     const int n = 4100;
-    const Int a = long_operand(n, 4, 1), b = long_operand(n, 4, 2);
+    const Int a("ones(131200)"), b("rnd(1,131200)");
     std::vector<uint32_t> want(2 * n), got(2 * n);
     vor_gmp_mul_dft(a.words.data(), n, b.words.data(), n, want.data());
     for (long k = 1;; ++k) {

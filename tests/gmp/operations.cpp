@@ -110,24 +110,105 @@ Operation queries(F... f) {
     };
 }
 
-// Limb arrays: r apart, in poisoned surroundings.
+// ---- Limb arrays -------------------------------------------------------------------------------
+
+// What f leaves of n limbs, x at first, and above them the carry that it returns, all in poisoned
+// surroundings.
+template <class F>
+Int row(size_t n, const Int& x, F f) {
+    Guarded<uint32_t> r(n);
+    std::fill(r.begin(), r.end(), 0);
+    std::copy(x.words.begin(), x.words.end(), r.begin());
+    const uint32_t carry = f(r.data());
+    EXPECT_TRUE(r.intact());
+    std::vector<uint32_t> result = r.copy();
+    result.push_back(carry);
+    return Int(result.data(), result.size());
+}
+
+// Sums and differences of a and b, and of b and a w, over the limbs of the longer one, by all that
+// form them.
+Ints limb_rows(const Ints& v) {
+    const Int &a = v[0], &b = v[1], none;
+    const size_t size = std::max({a.words.size(), b.words.size(), size_t{1}});
+    const int n = static_cast<int>(size);
+    const uint32_t w = word(v[2]);
+    std::vector<uint32_t> x = a.words, y = b.words;
+    x.resize(size), y.resize(size);
+    const auto same = [&](const Int& first, std::initializer_list<Int> others) {
+        for (const Int& other : others) EXPECT_EQ(other, first);
+        return first;
+    };
+    using Checked = TavStatus (*)(const unsigned*, const unsigned*, unsigned*, int, unsigned*);
+    using Row = unsigned (*)(unsigned*, const unsigned*, const unsigned*, int);
+    const auto sum = [&](Checked checked, Row f) {
+        return same(row(size, none, [&](auto* r) { return f(r, x.data(), y.data(), n); }),
+                    {row(size, a, [&](auto* r) { return f(r, r, y.data(), n); }),
+                     row(size, b, [&](auto* r) { return f(r, x.data(), r, n); }),
+                     row(size, none, [&](auto* r) {
+                         unsigned carry;
+                         EXPECT_EQ(checked(x.data(), y.data(), r, n, &carry), tavStsNoErr);
+                         return carry;
+                     })});
+    };
+    const auto with_word = [&](auto f) {
+        return same(row(size, none, [&](auto* r) { return f(r, x.data(), n, w); }),
+                    {row(size, a, [&](auto* r) { return f(r, r, n, w); })});
+    };
+    const auto checked = [&](auto f, auto* r) {
+        unsigned carry;
+        f(x.data(), r, n, w, &carry);
+        return carry;
+    };
+    return {sum(tavsAdd_BNU, __gmpn_add_n),
+            sum(tavsSub_BNU, __gmpn_sub_n),
+            with_word(__gmpn_add_1),
+            with_word(__gmpn_sub_1),
+            row(size, a,
+                [&](auto* r) {
+                    unsigned carry;
+                    EXPECT_EQ(tavsMulOne_BNU(r, r, n, w, &carry), tavStsNoErr);
+                    return carry;
+                }),
+            same(row(size, b, [&](auto* r) { return __gmpn_addmul_1(r, x.data(), n, w); }),
+                 {row(size, b, [&](auto* r) { return checked(tavsMACOne_BNU_I, r); })}),
+            same(row(size, b, [&](auto* r) { return __gmpn_submul_1(r, x.data(), n, w); }),
+                 {row(size, b, [&](auto* r) { return checked(cpSubMulDgt_BNU, r); })}),
+            number(__gmpn_cmp(x.data(), y.data(), n))};
+}
+
+// The product by everything that forms it.
 Ints limb_product(const Ints& v) {
     const bool swap = v[0].size() < v[1].size();
     const Int &a = v[swap], &b = v[!swap];
-    Guarded<uint32_t> r(a.words.size() + b.words.size());
-    const auto value = [&] { return Int(r.data(), r.size()); };
-    __gmpn_mul(r.data(), a.words.data(), a.size(), b.words.data(), b.size());
-    const Int result = value();
-    mpn_mul_basecase(r.data(), b.words.data(), b.size(), a.words.data(), a.size());
-    EXPECT_EQ(value(), result);
-    if (a.size() == b.size()) {
-        __gmpn_mul_n(r.data(), a.words.data(), b.words.data(), a.size());
-        EXPECT_EQ(value(), result);
-        vor_gmp_mul_n_kara(a.words.data(), b.words.data(), r.data(), a.size());
-        EXPECT_EQ(value(), result);
+    const uint32_t *const x = a.words.data(), *const y = b.words.data();
+    const int an = a.size(), bn = b.size();
+    const auto product = [&](auto f) {
+        return row(static_cast<size_t>(an + bn), Int(), [&](auto* r) { return f(r), 0; });
+    };
+    const Int result = product([&](auto* r) { __gmpn_mul(r, x, an, y, bn); });
+    EXPECT_EQ(product([&](auto* r) { mpn_mul_basecase(r, y, bn, x, an); }), result);
+    EXPECT_EQ(product([&](auto* r) { cpMul_BNU_FullSize(y, bn, x, an, r); }), result);
+    if (an == bn) {
+        EXPECT_EQ(product([&](auto* r) { __gmpn_mul_n(r, x, y, an); }), result);
+        EXPECT_EQ(product([&](auto* r) { vor_gmp_mul_n_kara(x, y, r, an); }), result);
     }
-    EXPECT_TRUE(r.intact());
+    for (const auto& [n, multiply, square] : {std::tuple(4, &tavsMul_BNU4, &tavsSqr_BNU4),
+                                              std::tuple(8, &tavsMul_BNU8, &tavsSqr_BNU8)}) {
+        if (an != n || bn != n) continue;
+        EXPECT_EQ(product([&](auto* r) { multiply(x, y, r); }), result);
+        EXPECT_EQ(product([&](auto* r) { square(x, r); }),
+                  product([&](auto* r) { cpMul_BNU_FullSize(x, n, x, n, r); }));
+    }
     return {result};
+}
+
+// By transforms: twice the longer operand, all of it written.
+Ints dft_product(const Ints& v) {
+    return {row(2 * std::max(v[0].words.size(), v[1].words.size()), Int(), [&](auto* r) {
+        vor_gmp_mul_dft(v[0].words.data(), v[0].size(), v[1].words.data(), v[1].size(), r);
+        return 0;
+    })};
 }
 
 Ints limb_addmul(const Ints& v) {
@@ -291,8 +372,10 @@ std::map<std::string, Operation> all_operations() {
         {"submul_ui", records(__gmpz_submul_ui, true)},
         {"setbit", records(__gmpz_setbit, true)},
         {"clrbit", records(__gmpz_clrbit, true)},
+        {"limb_rows", limb_rows},
         {"limb_product", limb_product},
         {"limb_addmul", limb_addmul},
+        {"dft_product", dft_product},
         {"compare", queries(__gmpz_cmp, __gmpz_cmpabs, __gmpz_sgn)},
         {"compare_word", queries(__gmpz_cmp_ui, __gmpz_cmpabs_ui)},
         {"compare_signed", queries(__gmpz_cmp_si)},

@@ -4,8 +4,8 @@
     oracle.py --table          writes cases.txt: one case a line, "operation operand... = result..."
     oracle.py --random SEED    writes random cases in the same form, without an end
 
-An operand is a hexadecimal number, ones(n) = 2^n - 1, bit(k) = 2^k or rnd(seed,bits), a number of
-exactly that many bits from SplitMix64; or a product of two of these; each with another one added
+An operand is a hexadecimal number, ones(n) = 2^n - 1, bit(k) = 2^k, rep(w,n), n words w, or
+rnd(seed,bits), a number of exactly that many bits from SplitMix64; or a product of two of these; each with another one added
 or subtracted behind it; a minus may stand in front of the whole. A large result stands for itself by
 its sign, its length in bits and its residues modulo three word primes.
 """
@@ -26,7 +26,8 @@ def rnd(seed, bits):
         z = seed
         z = ((z ^ (z >> 30)) * 0xbf58476d1ce4e5b9) & MASK
         z = ((z ^ (z >> 27)) * 0x94d049bb133111eb) & MASK
-        value |= ((z ^ (z >> 31)) & 0xffffffff) << 32 * i
+        z ^= z >> 31
+        value |= (z & WORD if z >> 62 > 1 else WORD * (z >> 62)) << 32 * i
     return value & ((1 << bits) - 1) | 1 << (bits - 1)
 
 
@@ -35,6 +36,9 @@ def atom(text):
         return (1 << int(text[5:-1])) - 1
     if text.startswith("bit("):
         return 1 << int(text[4:-1])
+    if text.startswith("rep("):
+        word, n = text[4:-1].split(",")
+        return int(word, 16) * ((1 << 32 * int(n)) - 1) // WORD
     if text.startswith("rnd("):
         return rnd(*map(int, text[4:-1].split(",")))
     return int(text, 16)
@@ -73,6 +77,14 @@ def montgomery(f):
 
 def sign(x):
     return (x > 0) - (x < 0)
+
+
+def limb_rows(a, b, w):
+    """Over n limbs, with the carry or the borrow above them."""
+    B = 1 << 32 * max((max(a, b).bit_length() + 31) // 32, 1)
+    wrapped = lambda x: x % B + B * -(x // B) if x < 0 else x
+    return [a + b, wrapped(a - b), a + w, wrapped(a - w), a * w, b + a * w, wrapped(b - a * w),
+            sign(a - b)]
 
 
 def first_one(a, i):
@@ -116,7 +128,9 @@ OPERATIONS = {
     "submul": lambda r, a, b: [r - a * b],
     "addmul_ui": lambda r, a, v: [r + a * v],
     "submul_ui": lambda r, a, v: [r - a * v],
+    "limb_rows": limb_rows,
     "limb_product": lambda a, b: [a * b],
+    "dft_product": lambda a, b: [a * b],
     "limb_addmul": lambda r, a, b: [r + a * b],
     "compare": lambda a, b: [sign(a - b), sign(abs(a) - abs(b)), sign(a)],
     "compare_word": lambda a, v: [sign(a - v), sign(abs(a) - v)],
@@ -173,32 +187,7 @@ def multiples(q, d):
     return [successor + "*" + d + "-1", q + "*" + d, q + "*" + d + "-1"]
 
 
-def big_number_cases(seeds):
-    small = ["0", "1", "2", "ffffffff"]
-    operands = small + [x for n in (1, 2, 3, 8, 9) for x in shapes(seeds, n)]
-    for i, a in enumerate(operands):
-        for b in operands[i % 3::3]:
-            for x, y in signed(a, b) if i % 4 == 0 else [(a, b), ("-" + b, a)]:
-                for op in ("bn_add", "bn_sub", "bn_mul"):
-                    yield op, x, y
-                yield "bn_mac", x, y, operands[(i + 5) % len(operands)]
-                yield "bn_mac", x, y, "-" + operands[(i + 11) % len(operands)]
-                if parse(y):
-                    yield "bn_div", x, y
-                if parse(y) > 0:
-                    yield "bn_mod", x, y
-                    if 0 < parse(x) < parse(y):
-                        yield "bn_modinv", x, y
-                if parse(x) or parse(y):
-                    yield "bn_gcd", x, y
-    # Quotients of every length over divisors of every length, the digits all ones: the estimate is
-    # one too large where the divisor starts with a 1 bit and zeros and ends in ones.
-    for n in (2, 3, 5, 12):
-        for d in shapes(seeds, n) + ["bit(%d)+ones(%d)" % (32 * n - 1, 32 * n - 33),
-                                     "bit(%d)+1" % (32 * n - 32)]:
-            for q in ("ones(%d)" % (32 * n), "ones(32)", seeds.rnd(77)):
-                for n_of_q in multiples(q, d):
-                    yield "bn_div", n_of_q, d
+def chosen_cases():
     # Neighbours in the sequence of Fibonacci keep every quotient at 1; multiples of one number.
     f, g = 1, 1
     for i in range(600):
@@ -208,59 +197,34 @@ def big_number_cases(seeds):
             yield "bn_modinv", "%x" % f, "%x" % (f + g)
             yield "bn_gcd", "%x" % (g * 0xfffffffb), "%x" % (f * 0xfffffffb)
             yield "bn_modinv", "%x" % (f * 6), "%x" % (g * 6 + f * 6)
-    for n in (2, 3, 7, 20):
-        common = rnd(n, 40)
-        yield "bn_gcd", "%x" % (rnd(n + 50, 32 * n) * common), "%x" % (rnd(n + 60, 31 * n) * common)
-    for words in (1, 2, 3, 4, 8, 9, 16, 30):
-        for n in ("%x" % (parse(x) | 1) for x in shapes(seeds, words)):
-            if n == "1":
-                continue
-            N = parse(n)
-            residues = ["0", "1", "%x" % (N - 1), n, "%x" % (rnd(words, 32 * words + 5) % N)]
-            for a in residues:
-                yield "mont_form", n, a
-                yield "mont_mul", n, a, residues[-1]
-                yield "mont_mul", n, a, residues[2]
-            for e in ("0", "1", "2", "3", "ffff", n, "%x" % (N - 1)):
-                if parse(e) <= N and (words < 9 or e != n):
-                    yield "mont_exp", n, residues[4], e
-            yield "mont_exp", n, n, "2"
-
-
-def record_cases(seeds):
-    words = ["0", "1", "7fffffff", "80000000", "ffffffff"]
-    # 8 limbs are what a record has at first, 9 make it grow.
-    operands = words + [x for n in (2, 8, 9, 20) for x in shapes(seeds, n)]
-    for i, a in enumerate(operands):
-        for x in (a, "-" + a):
-            for op in ("set", "neg", "abs", "com", "fits", "low_word", "popcount"):
-                yield op, x
-            for v in words + ["3"]:
-                for op in ("add_ui", "sub_ui", "ui_sub", "mul_ui", "compare_word"):
-                    yield op, x, v
-            for v in ("0", "1", "-1", "7fffffff", "-80000000"):
-                yield "mul_si", x, v
-                yield "compare_signed", x, v
-            n = parse(a).bit_length()
-            for k in {0, 1, 31, 32, 33, n, max(n - 1, 0), n + 64}:
-                for op in ("mul_2exp", "setbit", "clrbit", "bit"):
-                    yield op, x, "%x" % k
-            for base in ("2", "4", "8", "10", "20"):
-                yield "size_in_power_of_two", x, base
-            for e in ("0", "1", "2", "5", "c"):
-                yield "pow_ui", x, e
-        for b in operands[i % 2::2] + [a]:
-            for x, y in signed(a, b):
-                for op in ("add", "sub", "and", "ior", "xor", "compare", "hamdist"):
-                    yield op, x, y
-            yield "mul", a, "-" + b
-            yield "addmul", a, b, a
-            yield "submul", a, a, "-" + b
-            yield "addmul_ui", "-" + a, b, "ffffffff"
-            yield "submul_ui", a, a, "%x" % (parse(b) & WORD)
-            yield "limb_addmul", a, b, operands[(i + 3) % len(operands)]
     for v, e in (("0", "0"), ("0", "5"), ("2", "40"), ("ffffffff", "7")):
         yield "ui_pow_ui", v, e
+        yield "pow_ui", "-" + v, e
+    for x in ("7fff", "8000", "ffff", "10000", "7fffffff", "80000000", "ffffffff", "100000000"):
+        for y in (x, "-" + x):
+            yield "fits", y
+            yield "low_word", y
+            for op in ("compare_word", "compare_signed", "add_ui", "sub_ui", "ui_sub"):
+                yield op, y, "7fffffff"
+            yield "compare_signed", y, "-80000000"
+            yield "mul_si", y, "-80000000"
+            for k in ("e", "f", "10", "1f", "20", "21"):
+                for op in ("bit", "setbit", "clrbit"):
+                    yield op, y, k
+    # Moduli and residues at which sums carry; logic whose result needs one bit more.
+    for words in (1, 2, 3, 8, 16):
+        for n in ("ones(%d)" % (32 * words), "bit(%d)+1" % (32 * words - 1)):
+            top = "%x" % (parse(n) - 1)
+            for a, b in ((top, top), (n, top), (n, n), ("1", "0"), (top, "1")):
+                yield "mont_mul", n, a, b
+                yield "mont_form", n, a
+            for a, e in ((top, "ffff"), (n, "2"), ("3", "0"), (top, "1"), ("3", n)):
+                yield "mont_exp", n, a, e
+    for n in (1, 2, 8, 9):
+        for a, b in (("ones", "ones"), ("ones", "bit"), ("bit", "bit")):
+            for x, y in signed("%s(%d)" % (a, 32 * n), "%s(%d)" % (b, 32 * n - 1)):
+                for op in ("and", "ior", "xor", "hamdist", "compare", "add", "sub"):
+                    yield op, x, y
     # Equal but for the lowest limb; all ones plus one; a difference that loses all limbs but one.
     for n in (2, 9, 33):
         x = rnd(n, 32 * n)
@@ -279,6 +243,15 @@ def product_cases(seeds):
     unequal = [(17, 15), (17, 16), (16, 15), (18, 17), (40, 20), (41, 20), (61, 20), (60, 20),
                (81, 20), (100, 1), (100, 2), (39, 20), (21, 20), (256, 255), (256, 256), (257, 256),
                (300, 17), (200, 99)]
+    for n in range(1, 41):
+        for w in ("0", "1", "80000000", "ffffffff"):
+            yield "limb_rows", seeds.rnd(32 * n), seeds.rnd(32 * n), w
+        yield "limb_rows", "ones(%d)" % (32 * n), "1", "ffffffff"
+    lengths = [*range(1, 37), 63, 64, 90]
+    for n in lengths:
+        for m in lengths:
+            if m <= n:
+                yield "limb_product", seeds.rnd(32 * n), ("ones(%d)" % (32 * m), seeds.rnd(32 * m))[n % 2]
     for n, m in [(n, n) for n in equal] + unequal:
         for a, b in zip(shapes(seeds, n) + ["ones(%d)" % (32 * n)],
                         shapes(seeds, m) + [seeds.rnd(32 * m)]):
@@ -290,6 +263,49 @@ def product_cases(seeds):
         if m > 1:
             yield "limb_product", "ones(%d)" % (32 * n), half
             yield "limb_product", "%x" % (1 << 32 * n - 1 | ((1 << 32 * (n // 2)) - 1)), half
+
+
+def long_operands(n, i):
+    """The largest digits of 16 bits, of both signs and of one, all ones, random words."""
+    kinds = ["rep(7fff7fff,%d)", "rep(80008000,%d)", "rep(7fff8000,%d)", "rep(ffffffff,%d)"]
+    return (kinds[i] if i < 4 else "rnd(9,%d)") % (n if i < 4 else 32 * n)
+
+
+def long_cases():
+    # Both sides of the limit of transforms, lengths other than powers of two, and lengths at which
+    # digits of 16 bits are no longer proved for every operand.
+    for n in (4095, 4096, 4097, 5000, 8192, 9001, 16384, 20011, 40000):
+        for i in range(5):
+            yield "mul", long_operands(n, i), long_operands(n, (i + n) % 5)
+    yield "mul", long_operands(9001, 0), long_operands(9001, 0)
+    for n, m in ((1, 1), (1, 9), (2, 3), (40, 3), (500, 500), (4095, 4095), (4096, 4096), (5000, 5000),
+                 (4500, 300), (0, 5)):
+        for i in range(5):
+            a, b = long_operands(n, i) if n else "0", long_operands(m, (i + 3) % 5)
+            yield "dft_product", a, b
+            if n == m < 5000:
+                yield "limb_product", a, b
+    for n, m in ((1000, 500), (2000, 1000), (1100, 600), (8192, 4096), (9000, 300), (12000, 4999),
+                 (5000, 4995)):
+        for i in range(5):
+            yield "tdiv", long_operands(n, i), long_operands(m, (i + 1) % 5)
+
+
+def short_quotient_cases(seeds):
+    """Estimates from truncated operands that are too large: by one for q d - 1, as only the exact
+    product tells, by two for d = (2^31, 0, ..., ones) and q near the largest; ones by the d just above
+    ones / q has a product longer than the numerator."""
+    for qn in range(9):
+        for dn in (33, 40, 53):
+            for bits in (0, 7, 31):
+                q, d = "%x" % (parse(seeds.rnd(32 * qn + 33)) >> bits), seeds.rnd(32 * dn - bits)
+                for n in (q + "*" + d, q + "*" + d + "-1"):
+                    yield "div_magnitudes", n, d
+                ones = "ones(%d)" % (32 * (dn + qn))
+                yield "div_magnitudes", ones, "%x" % (parse(ones) // parse(q) + 1)
+            d = "bit(%d)+ones(%d)" % (32 * dn - 1, 32 * (dn - qn))
+            if qn:
+                yield "div_magnitudes", "%x" % ((parse("ones(%d)" % (32 * qn)) - 5) * parse(d) - 1), d
 
 
 DIVISIONS = ("tdiv", "fdiv", "cdiv", "div_magnitudes", "mod")
@@ -337,29 +353,25 @@ class Operands:
     """Operands of random kinds, by the letters of KINDS."""
     def __init__(self, seed):
         self.below = random.Random(seed).randrange
+        self.last, self.last_words = "1", 1
 
-    def magnitude(self, longest):
-        """Long runs of equal bits, or random ones; lengths near the sizes where methods change."""
-        seams = (1, 2, 8, 9, 16, 17, 32, 33, 40, 41, 64, 65, 128, 129, 256, 257, 512)
-        words = seams[self.below(17)] + self.below(3) - 1 if self.below(3) else self.below(longest)
-        bits = 32 * min(max(words, 1), longest)
-        if self.below(2):
-            return self.below(1 << bits)
-        value, at = 0, 0
-        while at < bits:
-            ones = self.below(8 if self.below(2) else 200)
-            value |= (1 << ones) - 1 << at
-            at += ones + self.below(8 if self.below(2) else 200) + 1
-        return value & (1 << bits) - 1
+    def positive(self, longest):
+        """One atom: lengths near the sizes where methods change, now and then the last one again."""
+        if self.below(10) == 0 and self.last_words <= longest:
+            return self.last
+        seams = (1, 1, 2, 8, 9, 16, 17, 32, 33, 40, 41, 64, 65, 128, 129, 256, 257, 512)
+        words = seams[self.below(18)] + self.below(3) - 1 if self.below(3) else self.below(longest)
+        self.last_words = words = min(max(words, 1), longest)
+        bits = 32 * words - self.below(2) * self.below(32)
+        self.last = ("rnd(%d,%d)" % (self.below(10**6), bits), "rnd(%d,%d)" % (self.below(10**6), bits),
+                     "ones(%d)" % bits, "bit(%d)" % (bits - 1), self.small(32))[self.below(5)]
+        return self.last
 
     def sign(self):
         return "-" if self.below(2) else ""
 
-    def positive(self, longest):
-        return "%x" % max(self.magnitude(longest), 1)
-
     def small(self, bits):
-        return "%x" % self.below(1 << self.below(bits) + 1)
+        return "%x" % max(self.below(1 << self.below(bits) + 1), 1)
 
     def divided(self, longest, sign):
         """Dividend and divisor: anything, or near a multiple of the divisor."""
@@ -380,10 +392,10 @@ KINDS = {
     "z": lambda x, n: x.sign() + x.positive(n) if x.below(12) else "0",
     "y": lambda x, n: x.sign() + x.positive(20),
     "p": lambda x, n: x.positive(n),
-    "w": lambda x, n: x.small(32) if x.below(2) else "ffffffff",
+    "w": lambda x, n: (x.small(32), x.small(32), "ffffffff", "0")[x.below(4)],
     "s": lambda x, n: x.sign() + x.small(31),
-    "k": lambda x, n: x.small(12),
-    "e": lambda x, n: x.small(5),
+    "k": lambda x, n: x.small(12) if x.below(12) else "0",
+    "e": lambda x, n: x.small(5) if x.below(12) else "0",
     "b": lambda x, n: ("2", "4", "8", "10", "20")[x.below(5)],
 }
 OPERANDS = {kinds: names.split() for kinds, names in {
@@ -393,13 +405,13 @@ OPERANDS = {kinds: names.split() for kinds, names in {
     "zk": "mul_2exp setbit clrbit bit tdiv_2exp fdiv_2exp cdiv_2exp mod_2exp",
     "zb": "size_in_power_of_two", "we": "ui_pow_ui", "ye": "pow_ui",
     "zzw": "addmul_ui submul_ui", "zzz": "addmul submul bn_mac",
-    "ppp": "limb_addmul", "pp": "limb_product",
+    "ppw": "limb_rows", "ppp": "limb_addmul", "pp": "limb_product dft_product",
 }.items()}
 
 
 def random_case(x):
     op = list(OPERATIONS)[x.below(len(OPERATIONS))]
-    longest = 70 if x.below(8) else 700
+    longest = (10, 70, 700)[x.below(24) // 11]
     if op in DIVISIONS or op in ("bn_div", "bn_mod"):
         return (op, *x.divided(longest, "" if op == "bn_mod" else x.sign()))
     if op == "bn_gcd":
@@ -420,10 +432,11 @@ def answered(case):
 
 
 def table():
-    seeds = Seeds()
-    # Of the families that cross every operand with every other, one in three.
-    crossed = [case for family in (big_number_cases, record_cases) for case in family(seeds)]
-    return dict.fromkeys(crossed[::3] + list(product_cases(seeds)) + list(division_cases(seeds)))
+    seeds, operands = Seeds(), Operands(1)
+    yield from dict.fromkeys([*chosen_cases(), *product_cases(seeds), *long_cases(),
+                              *division_cases(seeds), *short_quotient_cases(seeds)])
+    for _ in range(4000):
+        yield random_case(operands)
 
 
 def main():
