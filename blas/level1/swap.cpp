@@ -18,7 +18,7 @@ inline void swap_word(word* x, word* y) {
     *y = kept;
 }
 
-// y is a multiple of 16 bytes. Whole rounds only; gives the number of words done.
+// y is a multiple of 32 bytes. Whole rounds only; gives the number of words done.
 template <bool AlignedX>
 size_t swap_vectors(size_t words, word* x, word* y) {
     size_t i = 0;

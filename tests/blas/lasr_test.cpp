@@ -7,6 +7,7 @@
 #include <omp.h>
 
 #include <cstdlib>
+#include <tuple>
 
 using namespace vor::test;
 
@@ -14,28 +15,13 @@ namespace {
 
 const int parallel_mode = setenv("VOR_SERIAL", "NO", 1);
 
+// The pivot letter, the direction, and a member of the family by the end of its name.
 template <class T>
-using Lasr = void(const int*, const int*, const vor::real_t<T>*, const vor::real_t<T>*, T*,
-                  const int*);
-template <class T>
-struct Member {
-    char pivot;
-    bool forward;
-    Lasr<T>* routine;
-};
-#define MEMBERS(p)                                                                                 \
-    {                                                                                              \
-        {'v', true, p##lasr_lvf}, {'v', false, p##lasr_lvb_}, {'t', true, p##lasr_ltf},            \
-            {'t', false, p##lasr_ltb}, {'b', true, p##lasr_lbf}, {                                 \
-            'b', false, p##lasr_lbb                                                                \
-        }                                                                                          \
-    }
-template <class T>
-std::vector<Member<T>> members() {
-    if constexpr (std::is_same_v<T, float>) return MEMBERS(s);
-    if constexpr (std::is_same_v<T, double>) return MEMBERS(d);
-    if constexpr (std::is_same_v<T, vor::cfloat>) return MEMBERS(c);
-    if constexpr (std::is_same_v<T, vor::cdouble>) return MEMBERS(z);
+auto members() {
+#define MEMBER(ending) of_type<T>(slasr_##ending, dlasr_##ending, clasr_##ending, zlasr_##ending)
+    return std::vector{std::tuple('v', true, MEMBER(lvf)), std::tuple('v', false, MEMBER(lvb)),
+                       std::tuple('t', true, MEMBER(ltf)), std::tuple('t', false, MEMBER(ltb)),
+                       std::tuple('b', true, MEMBER(lbf)), std::tuple('b', false, MEMBER(lbb))};
 }
 
 template <class T>

@@ -146,6 +146,7 @@ TYPED_TEST(RealRotations, RotmgEdgesAndScaling) {
     using T = TypeParam;
     const T gam = of_type<T>(0.000244141f, 0x1p-12);
     const T gamsq = of_type<T>(5.9604645e-08f, 5.960464477539e-08);
+    const T large = 0x1p25f, small = 2 * gamsq;
     const struct {
         T d1, d2, x1, y1;         // in
         T d1_out, d2_out, x1_out; // out
@@ -158,23 +159,8 @@ TYPED_TEST(RealRotations, RotmgEdgesAndScaling) {
         {3, 1, 2, 0, 3, 1, 2, {-2, 7, 7, 7, 7}},
         // Too large: scaled by the decimal reciprocal of 2^24, x1 and H by 4096. Too small: by 2^24,
         // with the decimal reciprocal of 4096.
-        {0x1p25,
-         0x1p25,
-         1,
-         1,
-         0x1p24f * gamsq,
-         0x1p24f * gamsq,
-         8192,
-         {-1, 4096, -4096, 4096, 4096}},
-        {2 * gamsq,
-         2 * gamsq,
-         1,
-         1,
-         gamsq * 0x1p24f,
-         gamsq * 0x1p24f,
-         2 * gam,
-         {-1, gam, -gam, gam, gam}},
-    };
+        {large, large, 1, 1, 0x1p24f * gamsq, 0x1p24f * gamsq, 8192, {-1, 4096, -4096, 4096, 4096}},
+        {small, small, 1, 1, 0x1p24f * gamsq, 0x1p24f * gamsq, 2 * gam, {-1, gam, -gam, gam, gam}}};
     for (const auto& row : rows) {
         T d1 = row.d1, d2 = row.d2, x1 = row.x1;
         std::vector<T> param(5, 7);

@@ -25,20 +25,26 @@ long double four_sums_model(const Terms& terms, bool rounds_of_8 = false) {
     return rounds_model(terms, groups, {3, 0, 1, 2});
 }
 
-// Two vectors of partial sums in single precision over rounds of `round` elements, the first lane
-// starting from `start`. Reports in `body` how many elements they took.
-float vectors_model(const std::vector<float>& terms, float start, size_t round, size_t& body) {
-    float lanes[2][4] = {{start}};
-    body = terms.size() / round * round;
-    for (size_t i = 0; i < body; ++i) lanes[i / 4 % 2][i % 4] += terms[i];
+// Terms in vectors: those in front of the first 16-byte boundary behind p are summed in W and start the
+// first lane of two vectors of partial sums in single precision, which take whole rounds; what is left is
+// added in W.
+template <class W>
+W vectors_model(const void* p, const std::vector<W>& terms, size_t round) {
+    const size_t gap = -reinterpret_cast<uintptr_t>(p) % 16 / sizeof(float);
+    const size_t prefix = std::min(terms.size(), gap);
+    const size_t body = (terms.size() - prefix) / round * round;
+    W start = 0;
+    for (size_t i = 0; i < prefix; ++i) start += terms[i];
+    float lanes[2][4] = {{static_cast<float>(start)}};
+    for (size_t i = 0; i < body; ++i) {
+        float& lane = lanes[i / 4 % 2][i % 4];
+        lane += static_cast<float>(terms[prefix + i]);
+    }
     for (int k = 0; k < 4; ++k) lanes[0][k] += lanes[1][k];
     for (int k = 0; k < 2; ++k) lanes[0][k] += lanes[0][k + 2];
-    return lanes[0][0] + lanes[0][1];
-}
-
-// Elements in front of the first 16-byte boundary.
-int prefix_of(const void* p, int n) {
-    return std::min(n, int(-reinterpret_cast<uintptr_t>(p) % 16 / sizeof(float)));
+    W sum = lanes[0][0] + lanes[0][1];
+    for (size_t i = prefix + body; i < terms.size(); ++i) sum += terms[i];
+    return sum;
 }
 bool on_words(const void* p) {
     return reinterpret_cast<uintptr_t>(p) % sizeof(float) == 0;
@@ -57,34 +63,9 @@ long double sdot_model(int n, Vector<float>& x, Vector<float>& y) {
         }
         return four_sums_model(products, n > 8 && one_sided);
     }
-    const int prefix = prefix_of(y.data(), n);
-    float start = 0;
-    std::vector<float> terms;
-    for (int i = 0; i < n; ++i) {
-        const float product = x.data()[i] * y.data()[i];
-        if (i < prefix)
-            start += product;
-        else
-            terms.push_back(product);
-    }
-    size_t body;
-    float sum = vectors_model(terms, start, 16, body);
-    for (size_t i = body; i < terms.size(); ++i) sum += terms[i];
-    return sum;
-}
-
-// asum and nrm2 of single precision with unit steps; `term` is exact in extended precision.
-template <class Term>
-long double single_sum_model(int entries, const float* x, size_t round, Term term) {
-    const int prefix = prefix_of(x, entries);
-    long double start = 0;
-    for (int i = 0; i < prefix; ++i) start += term(x[i]);
-    std::vector<float> terms;
-    for (int i = prefix; i < entries; ++i) terms.push_back(static_cast<float>(term(x[i])));
-    size_t body;
-    long double sum = vectors_model(terms, static_cast<float>(start), round, body);
-    for (int i = prefix + int(body); i < entries; ++i) sum += term(x[i]);
-    return sum;
+    std::vector<float> terms; // single precision throughout
+    for (int i = 0; i < n; ++i) terms.push_back(x.data()[i] * y.data()[i]);
+    return vectors_model(y.data(), terms, 16);
 }
 
 // The sum of `term` over the real entries of x, by the scheme of the routine.
@@ -92,20 +73,17 @@ template <class T, class Term>
 long double entries_model(int n, Vector<T>& x, Term term, bool is_norm) {
     using R = real_t<T>;
     constexpr bool kSingle = sizeof(R) == sizeof(float);
-    constexpr int kParts = is_complex<T> ? 2 : 1;
     const bool backwards_is_unit = !(is_norm && std::is_same_v<T, float>);
     const bool unit = x.inc() == 1 || (x.inc() == -1 && backwards_is_unit);
     if (n < 1) return 0;
-    const auto* entries = reinterpret_cast<const R*>(x.data());
-    if constexpr (kSingle)
-        if (unit && on_words(entries))
-            return single_sum_model(kParts * n, entries, is_norm && is_complex<T> ? 24 : 16, term);
+    const bool vectors = kSingle && unit && on_words(x.data());
     Terms terms;
     for (int i = 0; i < n; ++i) {
-        const Wide e = unit && !kSingle ? wide(x.data()[i]) : wide(x.at(i));
+        const Wide e = vectors || (unit && !kSingle) ? wide(x.data()[i]) : wide(x.at(i));
         terms.push_back(term(e.real()));
         if (is_complex<T>) terms.push_back(term(e.imag()));
     }
+    if (vectors) return vectors_model(x.data(), terms, is_norm && is_complex<T> ? 24 : 16);
     if (!unit || kSingle) return rounds_model(terms, {0, 1}, {0, 1});
     return is_norm ? rounds_model(terms, {0, 1, 0, 2}, {1, 0, 2}) : four_sums_model(terms);
 }

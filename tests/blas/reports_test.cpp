@@ -4,62 +4,21 @@
 // itself, and from the published meaning of those names.
 #include "blas/check/routines.h"
 #include "tests/blas/reports.h"
+#include "tests/blas/routine.h"
 #include "vor_cblas.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cctype>
-#include <cstring>
 #include <functional>
-#include <map>
-#include <sstream>
 
 namespace {
 
-using vor::test::Report;
-using vor::test::Reports;
-using Names = std::vector<std::string>;
-using Values = std::map<std::string, int>; // by argument; arrays and scalars are left out
+using namespace vor::test;
 
-// The options: the beginning of the name, the letters, and the enumeration value of the first of them.
-struct Option {
-    std::string name, letters;
-    int first;
-};
-const Option kOptions[] = {
-    {"trans", "NTC", 111}, {"uplo", "UL", 121}, {"diag", "NU", 131}, {"side", "LR", 141}};
-
-const Option* option_of(const std::string& name) {
-    const auto fits = [&](const Option& option) { return name.starts_with(option.name); };
-    const auto* option = std::find_if(std::begin(kOptions), std::end(kOptions), fits);
-    return option == std::end(kOptions) ? nullptr : option;
-}
-bool is_count(const std::string& name) {
-    return name.size() <= 2 && std::strchr("mnk", name[0]);
-}
-bool is_step(const std::string& name) {
-    return name.starts_with("inc");
-}
-bool is_leading(const std::string& name) {
-    return name.starts_with("ld");
-}
-
-// One routine in one of the interfaces.
-struct Routine {
-    std::string type, op;
-    Names arguments; // hidden lengths left out
-    bool for_c;
+struct Tested : Routine {
     // The call: true if it goes on behind the tests, as far as that can be seen.
     std::function<bool(const Names& arguments, const Values& values)> call;
 
-    int number(const std::string& argument) const {
-        const auto at = std::find(arguments.begin(), arguments.end(), argument);
-        return at == arguments.end() ? 0 : static_cast<int>(at - arguments.begin()) + 1;
-    }
-    bool has(const std::string& argument) const { return number(argument) != 0; }
-    bool is_complex() const { return type == "c" || type == "z"; }
-    bool is_level2() const { return has("incx"); }
     std::string reported_name() const {
         std::string name = type + op;
         if (for_c) return "cblas_" + name;
@@ -68,17 +27,6 @@ struct Routine {
         return name;
     }
 };
-
-Names names_of(std::string list, bool for_c) {
-    Names names;
-    if (for_c) names.push_back("order");
-    std::istringstream stream(list.substr(1, list.size() - 2));
-    for (std::string one; std::getline(stream, one, ',');) {
-        const std::string name = one.substr(one.find_first_not_of(' '));
-        if (name.find("_length") == std::string::npos) names.push_back(name);
-    }
-    return names;
-}
 
 // A check function, given addresses: those of arrays and scalars are null, and reading one ends the test.
 template <class... A>
@@ -121,15 +69,13 @@ auto caller(void (*routine)(A...)) {
     };
 }
 
-std::vector<Routine> routines(bool for_c) {
-#define TEXT(...) #__VA_ARGS__
-#define NAMES(args, for_c) names_of(TEXT(args), for_c)
+const std::vector<Tested>& routines(bool for_c) {
 #define CHECK(p, P, T, op, OP, list, LIST)                                                         \
-    {#p, #op, NAMES(ARGS_##LIST, false), false, caller(vor_blas_errchk_##p##op)},
+    {{#p, #op, false, VOR_NAMES(ARGS_##LIST, false)}, caller(vor_blas_errchk_##p##op)},
 #define FOR_C(p, P, T, op, OP, list, LIST)                                                         \
-    {#p, #op, NAMES(ARGS_##LIST, true), true, caller(cblas_##p##op)},
-    static const std::vector<Routine> checks = {VOR_CHECKED_ROUTINES(CHECK)};
-    static const std::vector<Routine> all_for_c = {VOR_CHECKED_ROUTINES(FOR_C)};
+    {{#p, #op, true, VOR_NAMES(ARGS_##LIST, true)}, caller(cblas_##p##op)},
+    static const std::vector<Tested> checks = {VOR_CHECKED_ROUTINES(CHECK)};
+    static const std::vector<Tested> all_for_c = {VOR_CHECKED_ROUTINES(FOR_C)};
     return for_c ? all_for_c : checks;
 }
 
@@ -141,7 +87,7 @@ Names tests_of(const Routine& routine, int order) {
         if (name == "order") return routine.is_level2() ? 0 : 3;
         // Complex row-major products of a general matrix with a vector look at the transpose last.
         const bool product = routine.op == "gemv" || routine.op == "gbmv";
-        if (option_of(name)) return product && routine.is_complex() && order == 101 ? 6 : 1;
+        if (option_of(name)) return product && routine.is_complex() && order == kRowMajor ? 6 : 1;
         return is_count(name) ? 2 : is_leading(name) ? 4 : 5;
     };
     Names tests;
@@ -154,53 +100,9 @@ Names tests_of(const Routine& routine, int order) {
     return tests;
 }
 
-// The values that an argument may have: of an option its letters in both cases, for C its enumeration
-// values; empty if it is neither an option nor the order.
-std::vector<int> choices(const Routine& routine, const std::string& name) {
-    const Option* option = option_of(name);
-    if (name == "order") return {101, 102};
-    if (!option) return {};
-    std::vector<int> values;
-    for (size_t i = 0; i < option->letters.size(); ++i) {
-        const char letter = option->letters[i];
-        // A Hermitian update has no form without conjugation, a complex symmetric one none with it.
-        if (letter == 'T' && (routine.op == "herk" || routine.op == "her2k")) continue;
-        if (letter == 'C' && routine.is_complex() && routine.op.starts_with("syr")) continue;
-        if (routine.for_c)
-            values.push_back(option->first + static_cast<int>(i));
-        else
-            values.insert(values.end(), {letter, std::tolower(letter)});
-    }
-    return values;
-}
-
-// The least leading dimension: the length of a column, row-major of a row, of the array as it is stored.
-int least(const Routine& routine, const std::string& leading, const Values& v) {
-    const bool row_major = routine.for_c && v.at("order") == 101;
-    const auto is = [&](const char* option, char letter) {
-        const int value = v.at(option);
-        return routine.for_c ? value == (letter == 'N' ? 111 : 141) : std::toupper(value) == letter;
-    };
-    // op(array) is rows by columns.
-    const auto of = [&](const char* rows, const char* columns, const char* trans = nullptr) {
-        const bool transposed = trans && !is(trans, 'N');
-        return std::max(1, v.at(transposed != row_major ? columns : rows));
-    };
-    if (routine.has("ku")) return v.at("kl") + v.at("ku") + 1;
-    if (routine.has("k") && routine.is_level2()) return v.at("k") + 1;
-    if (routine.has("transb"))
-        return leading == "lda"   ? of("m", "k", "transa")
-               : leading == "ldb" ? of("k", "n", "transb")
-                                  : of("m", "n");
-    if (routine.has("side") && leading == "lda")
-        return std::max(1, v.at(is("side", 'L') ? "m" : "n"));
-    if (routine.has("k")) return leading == "ldc" ? of("n", "n") : of("n", "k", "trans");
-    return routine.has("m") ? of("m", "n") : of("n", "n");
-}
-
 void fit_leading(const Routine& routine, Values& v) {
     for (const std::string& name : routine.arguments)
-        if (is_leading(name)) v[name] = least(routine, name, v);
+        if (is_leading(name)) v[name] = routine.least(name, v);
 }
 
 // Arguments without fault, the leading dimensions as small as they may be.
@@ -210,7 +112,7 @@ Values fit(const Routine& routine, int order) {
     for (const std::string& name : routine.arguments) {
         if (is_count(name)) v[name] = next += 2;
         if (is_step(name)) v[name] = -1;
-        if (const auto values = choices(routine, name); !values.empty()) v[name] = values[0];
+        if (const auto values = routine.choices(name); !values.empty()) v[name] = values[0];
     }
     if (routine.for_c) v["order"] = order;
     fit_leading(routine, v);
@@ -220,7 +122,7 @@ Values fit(const Routine& routine, int order) {
 int unfit(const Routine& routine, const std::string& name, const Values& v) {
     if (is_count(name)) return -1;
     if (is_step(name)) return 0;
-    if (is_leading(name)) return least(routine, name, v) - 1;
+    if (is_leading(name)) return routine.least(name, v) - 1;
     return 'X';
 }
 
@@ -228,7 +130,7 @@ int unfit(const Routine& routine, const std::string& name, const Values& v) {
 class ArgumentReports : public testing::TestWithParam<bool> {
 protected:
     // The call stays silent (number 0) and goes on, or reports this number and ends.
-    void expect(const Routine& routine, const Values& v, int number, const std::string& what) {
+    void expect(const Tested& routine, const Values& v, int number, const std::string& what) {
         std::memset(memory, number ? kUntouched : 0, sizeof memory);
         const bool goes_on = routine.call(routine.arguments, v);
         const auto want =
@@ -241,7 +143,7 @@ protected:
     // check(routine, order) for all; the check functions know no order.
     template <class Check>
     void each_routine(Check check) {
-        for (const Routine& routine : routines(GetParam())) {
+        for (const Tested& routine : routines(GetParam())) {
             check(routine, 102);
             if (routine.for_c) check(routine, 101);
         }
@@ -253,7 +155,7 @@ INSTANTIATE_TEST_SUITE_P(Cblas, ArgumentReports, testing::Values(true));
 
 TEST_P(ArgumentReports, NameTheFirstOfTwoFaults) {
     EXPECT_EQ(routines(GetParam()).size(), 96u);
-    each_routine([&](const Routine& routine, int order) {
+    each_routine([&](const Tested& routine, int order) {
         const Values fine = fit(routine, order);
         const Names tests = tests_of(routine, order);
         expect(routine, fine, 0, "no fault");
@@ -268,9 +170,9 @@ TEST_P(ArgumentReports, NameTheFirstOfTwoFaults) {
 }
 
 TEST_P(ArgumentReports, KnowTheValuesOfTheirOptions) {
-    for (const Routine& routine : routines(GetParam()))
+    for (const Tested& routine : routines(GetParam()))
         for (const std::string& name : routine.arguments) {
-            const auto values = choices(routine, name);
+            const auto values = routine.choices(name);
             for (int value = 0; value < 256 && !values.empty(); ++value) {
                 Values v = fit(routine, 102);
                 v[name] = value;
@@ -284,11 +186,11 @@ TEST_P(ArgumentReports, KnowTheValuesOfTheirOptions) {
 
 // Each leading dimension at its edge, under each value of each option and with each count at 0.
 TEST_P(ArgumentReports, MeasureLeadingDimensions) {
-    each_routine([&](const Routine& routine, int order) {
+    each_routine([&](const Tested& routine, int order) {
         const Values base = fit(routine, order);
         std::vector<Values> calls = {base};
         for (const std::string& name : routine.arguments) {
-            std::vector<int> values = choices(routine, name);
+            std::vector<int> values = routine.choices(name);
             if (is_count(name)) values = {0};
             for (const int value : values) calls.push_back(base), calls.back()[name] = value;
         }
@@ -308,7 +210,7 @@ TEST_P(ArgumentReports, MeasureLeadingDimensions) {
 
 // Diagonals whose number passes the range of an integer must not wrap to a small leading dimension.
 TEST_P(ArgumentReports, BandsOfHugeWidth) {
-    each_routine([&](const Routine& routine, int order) {
+    each_routine([&](const Tested& routine, int order) {
         if (!routine.is_level2() || !(routine.has("k") || routine.has("kl"))) return;
         Values v = fit(routine, order);
         for (const char* width : {"k", "kl", "ku"})

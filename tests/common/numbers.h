@@ -72,6 +72,7 @@ public:
         std::copy(other.data_, other.data_ + n_, data_);
     }
     Guarded(Guarded&&) = default;
+    Guarded& operator=(Guarded&&) = default;
     T* data() { return data_; }
     const T* data() const { return data_; }
     size_t size() const { return n_; }

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+using vor::test::expect_answers;
 using vor::test::Folder;
 using vor::test::probe;
 
@@ -16,6 +17,18 @@ const std::string yes = "vor_serial=yes\n", no = "vor_serial=no\n";
 
 std::string blanks(size_t n) {
     return std::string(n, ' ');
+}
+
+// Lines for the names of all libraries, as long as they may be, with one more line.
+std::string library_names(const std::string& last) {
+    std::string text;
+    for (const char* key : {"x87so", "sse1so", "sse2so", "sse3so", "vec_x87so", "vec_sse1so",
+                            "vec_sse2so", "vec_sse3so", "intervalso", "lapack32so", "lapack64so"}) {
+        text += "VOR_" + std::string(key) + " = " + std::string(3000, 'N') + ".so \r\n";
+        text += "vor_" + std::string(key) + "=" + std::string(4090, 'n') + "\n";
+        text += "vor_" + std::string(key) + "=\n";
+    }
+    return text + last;
 }
 
 } // namespace
@@ -41,6 +54,7 @@ TEST(Config, Lines) {
         {"vor_serial=omp\nvor_serial=no\n", kParallel},
         {"# comment\n[section]\n=\nvor_serial\nxvor_serial=yes\nvor_serial=#yes\n", kDefaults},
         {"vor_sse1so=libmine.so\nvor_lapack32so=\nvor_vec_x87so==\n", kDefaults},
+        {library_names(no), kParallel},
         // A line is read in pieces of 4095 characters, each of which is a line.
         {std::string(4095, 'x') + yes, kSerial},
         {std::string(4094, 'x') + yes, kDefaults},
@@ -56,22 +70,9 @@ TEST(Config, Lines) {
     }
 }
 
-TEST(Config, LibraryNamesAreTakenWithoutHarm) {
-    const Folder folder;
-    std::string text;
-    for (const char* key : {"x87so", "sse1so", "sse2so", "sse3so", "vec_x87so", "vec_sse1so",
-                            "vec_sse2so", "vec_sse3so", "intervalso", "lapack32so", "lapack64so"}) {
-        text += "VOR_" + std::string(key) + " = " + std::string(3000, 'N') + ".so \r\n";
-        text += "vor_" + std::string(key) + "=" + std::string(4090, 'n') + "\n";
-        text += "vor_" + std::string(key) + "=\n";
-    }
-    folder.write("vor.cfg", text + no);
-    EXPECT_EQ(probe("gate 0 settings", {}, folder.path()), "0 " + kParallel);
-}
-
 TEST(Config, SearchOrder) {
     const struct {
-        const char* why;
+        const char* what;
         std::vector<std::string> found, passed_over; // files
         std::string named, path;                     // @ stands for the folder; empty acts as unset
     } cases[] = {{"the file that is named", {"a"}, {"vor.cfg"}, "@/a", ""},
@@ -89,15 +90,9 @@ TEST(Config, SearchOrder) {
         const Folder folder;
         for (const auto& name : c.found) folder.write(name, yes);
         for (const auto& name : c.passed_over) folder.write(name, no);
-        std::vector<std::string> environment;
-        for (std::string value : {"VOR_CFG_FILE=" + c.named, "PATH=" + c.path}) {
-            if (const size_t at = value.find('@'); at != value.npos)
-                value.replace(at, 1, folder.path());
-            environment.push_back(value);
-        }
-        EXPECT_EQ(probe("gate 1 settings", environment, folder.path()),
-                  c.found.empty() ? "-1 " + kDefaults : "0 " + kSerial)
-            << c.why;
+        const std::string answer = c.found.empty() ? "-1 " + kDefaults : "0 " + kSerial;
+        expect_answers(
+            folder, {{"VOR_CFG_FILE=" + c.named + ";PATH=" + c.path, "gate 1 settings", answer}});
     }
 }
 
@@ -105,66 +100,57 @@ TEST(Config, ElementsOfThePath) {
     const Folder folder;
     for (const char* name : {"a/f", "b/f/inside", "x.f", ".f", "c d/f", "here"})
         folder.write(name, "");
-    const struct {
-        std::string path, name, answer;
-    } cases[] = {
-        {"a", "f", "3 a/f"},
-        {"a/", "f", "3 a/f"},
-        {"missing:a", "f", "3 a/f"},
-        {"b:a", "f", "3 a/f"},           // b/f is a folder
-        {"x.:a", "f", "3 x.f"},          // no slash behind a dot
-        {".:a", "f", "2 .f"},            //
-        {"a \t :x.", "f", "3 a/f"},      // blanks at the end are dropped
-        {"c d", "f", "5 c d/f"},         // others are not
-        {" a", "f", "0 untouched"},      //
-        {"a", "here", "6 ./here"},       // the current folder comes last
-        {"", "here", "6 ./here"},        //
-        {"a", "missing", "0 untouched"}, //
-        {"::a", "f", "3 a/f"},           // empty elements and those beyond the room
-        {std::string(5000, 'p') + ":a", "f", "3 a/f"},
-        {std::string(4093, '/') + "a:a", "f", "3 a/f"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(probe("search " + c.name, {"PATH=" + c.path}, folder.path()), c.answer) << c.path;
-    EXPECT_EQ(probe("search here", {}, folder.path()), "6 ./here");
+    expect_answers(folder, {
+                               {"PATH=a", "search f", "3 a/f"},
+                               {"PATH=a/", "search f", "3 a/f"},
+                               {"PATH=missing:a", "search f", "3 a/f"},
+                               {"PATH=b:a", "search f", "3 a/f"},      // b/f is a folder
+                               {"PATH=x.:a", "search f", "3 x.f"},     // no slash behind a dot
+                               {"PATH=.:a", "search f", "2 .f"},       //
+                               {"PATH=a \t :x.", "search f", "3 a/f"}, // blanks at the end drop
+                               {"PATH=c d", "search f", "5 c d/f"},    // others do not
+                               {"PATH= a", "search f", "0 untouched"},
+                               {"PATH=a", "search here", "6 ./here"}, // this folder comes last
+                               {"PATH=", "search here", "6 ./here"},
+                               {"", "search here", "6 ./here"},
+                               {"PATH=a", "search missing", "0 untouched"},
+                               // Empty elements, and elements beyond the room.
+                               {"PATH=::a", "search f", "3 a/f"},
+                               {"PATH=" + std::string(5000, 'p') + ":a", "search f", "3 a/f"},
+                               {"PATH=" + std::string(4093, '/') + "a:a", "search f", "3 a/f"},
+                           });
 }
 
 TEST(Config, TheGateOpensOnce) {
     const Folder folder;
-    EXPECT_EQ(probe("settings gate 1 settings gate 1 settings", {}, folder.path()),
-              kDefaults + " -1 " + kDefaults + " 0 " + kDefaults);
-    const std::string file = folder.write("settings", yes);
-    EXPECT_EQ(probe("gate 1 setenv VOR_CFG_FILE " + file + " gate 1 settings"),
-              "-1 0 " + kDefaults);
-    EXPECT_EQ(probe("settings gate 1 gate 1 settings", {"VOR_CFG_FILE=" + file}),
-              kDefaults + " 0 0 " + kSerial);
+    folder.write("yes", yes);
+    expect_answers(
+        folder,
+        {{"", "settings gate 1 settings gate 1 settings",
+          kDefaults + " -1 " + kDefaults + " 0 " + kDefaults},
+         {"", "gate 1 setenv VOR_CFG_FILE @/yes gate 1 settings", "-1 0 " + kDefaults},
+         {"VOR_CFG_FILE=@/yes", "settings gate 1 gate 1 settings", kDefaults + " 0 0 " + kSerial}});
 }
 
+// The mode is pushed into the environment at every call, not only at the first.
 TEST(Config, EveryEntryRunsTheFrame) {
     const Folder folder;
-    const std::string serial = "VOR_CFG_FILE=" + folder.write("yes", yes);
-    const std::string parallel = "VOR_CFG_FILE=" + folder.write("no", no);
-    const std::string neither = "VOR_CFG_FILE=" + folder.write("omp", "vor_serial=omp");
-    const std::string entries[] = {"lsame",   "lsamen",         "ilaenv",           "dsecnd second",
-                                   "version", "version_string", "version_string_c", "free_buffers"};
-    for (const std::string& entry : entries) {
-        // The mode is pushed into the environment at every call, not only at the first.
-        const std::string line = entry + " settings getenv VOR_SERIAL setenv VOR_SERIAL mine " +
-                                 entry + " getenv VOR_SERIAL";
-        EXPECT_EQ(probe(line, {serial}), kSerial + " YES YES") << entry;
-    }
-    const std::string line =
-        "lsame getenv VOR_SERIAL setenv VOR_SERIAL mine lsame getenv VOR_SERIAL";
-    EXPECT_EQ(probe(line, {parallel}), "NO NO");
-    EXPECT_EQ(probe(line, {neither}), "unset mine");
-    EXPECT_EQ(probe(line, {}), "unset mine");
-}
-
-TEST(Config, OtherFunctionsRunNoFrame) {
-    const Folder folder;
-    const std::string serial = "VOR_CFG_FILE=" + folder.write("yes", yes);
+    folder.write("yes", yes);
+    folder.write("no", no);
+    folder.write("omp", "vor_serial=omp");
+    const std::string mine = " getenv VOR_SERIAL setenv VOR_SERIAL mine ",
+                      after = " getenv VOR_SERIAL";
+    for (const std::string entry : {"lsame", "lsamen", "ilaenv", "dsecnd second", "version",
+                                    "version_string", "version_string_c", "free_buffers"})
+        expect_answers(folder, {{"VOR_CFG_FILE=@/yes", entry + " settings" + mine + entry + after,
+                                 kSerial + " YES YES"}});
+    expect_answers(folder, {{"VOR_CFG_FILE=@/no", "lsame" + mine + "lsame" + after, "NO NO"},
+                            {"VOR_CFG_FILE=@/omp", "lsame" + mine + "lsame" + after, "unset mine"},
+                            {"", "lsame" + mine + "lsame" + after, "unset mine"}});
+    // Others run none.
     for (const char* call : {"set_serial", "set_parallel", "in_serial", "search f", "keep 1 1"}) {
-        const std::string answers = probe(std::string(call) + " settings", {serial});
+        const std::string answers =
+            probe(std::string(call) + " settings", {"VOR_CFG_FILE=" + folder.path() + "/yes"});
         EXPECT_TRUE(answers.ends_with(kDefaults)) << call << ": " << answers;
     }
 }

@@ -3,6 +3,7 @@
 
 #include "tests/common/child.h"
 
+#include <gtest/gtest.h>
 #include <sstream>
 
 namespace vor::test {
@@ -21,6 +22,25 @@ inline std::string probe(const std::string& commands,
     if (outcome.status != 0 || !outcome.err.empty())
         return "status " + std::to_string(outcome.status) + " " + outcome.err;
     return outcome.out.substr(0, outcome.out.find_last_not_of(' ') + 1);
+}
+
+// A process: the settings of its environment, separated by semicolons, what the probe is told to do,
+// and what it answers. @ in settings and commands stands for the folder in which it runs.
+struct Scenario {
+    std::string settings, commands, answers;
+};
+inline void expect_answers(const Folder& folder, const std::vector<Scenario>& scenarios) {
+    const auto placed = [&](std::string text) {
+        for (size_t at; (at = text.find('@')) != text.npos;) text.replace(at, 1, folder.path());
+        return text;
+    };
+    for (const Scenario& s : scenarios) {
+        std::vector<std::string> environment;
+        std::istringstream settings(placed(s.settings));
+        for (std::string one; std::getline(settings, one, ';');) environment.push_back(one);
+        EXPECT_EQ(probe(placed(s.commands), environment, folder.path()), s.answers)
+            << s.settings.substr(0, 100) << ": " << s.commands;
+    }
 }
 
 } // namespace vor::test

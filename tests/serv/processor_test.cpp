@@ -6,6 +6,7 @@
 #include <cpuid.h>
 #include <gtest/gtest.h>
 
+using vor::test::expect_answers;
 using vor::test::Folder;
 using vor::test::probe;
 
@@ -43,31 +44,24 @@ TEST(Processor, AnswersOfThisMachine) {
     EXPECT_EQ(vor_serv_l2cache(), vor::cache_class(words));
 }
 
-TEST(Processor, FrequencyThatTheSystemTells) {
+TEST(Processor, FrequencyIsTheToldOneElseTheMeasuredOne) {
     const Folder folder;
-    const struct {
-        std::string text, answer;
-    } cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {"processor\t: 0\ncpu MHz\t\t: 1000.000\ncpu MHz\t\t: 3000.0\n", "1e+09"},
         {"cpu MHz:2500", "2.5e+09"},
         {"CPU MHz : 1\n cpu MHz : 2\ncpu MH : 3\n", "-1"},
-        {"", "-1"},
         {"cpu MHz\n", "-1"},
         // Lines are read in pieces of 109 characters.
         {std::string(109, 'x') + "cpu MHz : 1500\n", "1.5e+09"},
         {std::string(108, 'x') + "cpu MHz : 1500\n", "-1"},
     };
-    for (const auto& c : cases) {
-        const std::string file = "PROBE_CPUINFO=" + folder.write("cpuinfo", c.text);
-        EXPECT_EQ(probe("told_frequency", {file}), c.answer) << c.text;
+    for (const auto& [text, answer] : cases) {
+        folder.write("cpuinfo", text);
+        expect_answers(folder, {{"PROBE_CPUINFO=@/cpuinfo", "told_frequency", answer}});
     }
-    EXPECT_EQ(probe("told_frequency", {"PROBE_CPUINFO=/missing"}), "-1");
-}
-
-TEST(Processor, FrequencyIsTheToldOneElseTheMeasuredOne) {
-    const Folder folder;
-    const std::string told = folder.write("told", "cpu MHz : 1000.000\n");
-    EXPECT_EQ(probe("frequency", {"PROBE_CPUINFO=" + told}), "1e+09");
+    folder.write("cpuinfo", "cpu MHz : 1000.000\n");
+    expect_answers(folder, {{"PROBE_CPUINFO=@/missing", "told_frequency", "-1"},
+                            {"PROBE_CPUINFO=@/cpuinfo", "frequency", "1e+09"}});
     EXPECT_GT(std::stod(probe("frequency", {"PROBE_CPUINFO=/missing"})), 1e8);
 }
 

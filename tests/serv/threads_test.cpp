@@ -8,67 +8,53 @@
 #include <pthread.h>
 #include <thread>
 
+using vor::test::expect_answers;
 using vor::test::Folder;
-using vor::test::probe;
 
-TEST(Decision, Environment) {
-    // Settings separated by semicolons, with the answer.
-    const std::pair<std::string, const char*> cases[] = {
-        {"", "1"},
-        {"VOR_SERIAL=", "1"},
-        {"VOR_SERIAL=YES", "1"},
-        {"VOR_SERIAL=yes", "1"},
-        {"VOR_SERIAL=NO", "0"},
-        {"VOR_SERIAL=Yes", "0"},
-        {"VOR_SERIAL=YES ", "0"},
-        {"OMP_NUM_THREADS=4", "0"},
-        {"OMP_NUM_THREADS=none", "0"},
-        {"OMP_NUM_THREADS=1;VOR_SERIAL=", "0"},
-        {"OMP_NUM_THREADS=4;VOR_SERIAL=yes", "1"},
-        {"OMP_NUM_THREADS=4;VOR_SERIAL=Yes", "0"},
-        {"OMP_NUM_THREADS=;omp_num_threads=4", "1"},
-        {"OMP_NUM_THREADS=;omp_num_threads=4;VOR_SERIAL=x", "0"},
-        {"OMP_NUM_THREADS=4;omp_num_threads=", "0"},
-        {"omp_num_threads=4", "0"},
-        {"omp_num_threads=4;VOR_SERIAL=YES", "1"},
-        {"omp_num_threads=", "1"},
-    };
-    for (const auto& [settings, answer] : cases) {
-        std::vector<std::string> environment;
-        std::istringstream words(settings);
-        for (std::string word; std::getline(words, word, ';');) environment.push_back(word);
-        EXPECT_EQ(probe("in_serial in_serial", environment), answer + std::string(" ") + answer)
-            << settings;
-    }
-}
-
-TEST(Decision, IsFrozenAtTheFirstQuestion) {
+TEST(Decision, ComesFromTheEnvironmentAndIsFrozenAtTheFirstQuestion) {
     const Folder folder;
-    const std::string yes = "VOR_CFG_FILE=" + folder.write("yes", "vor_serial=yes");
-    const std::string no = "VOR_CFG_FILE=" + folder.write("no", "vor_serial=no");
-    const std::string omp = "VOR_CFG_FILE=" + folder.write("omp", "vor_serial=omp");
-    const struct {
-        std::vector<std::string> environment;
-        std::string commands, answers;
-    } cases[] = {
-        {{}, "set_parallel in_serial", "0 0"},
-        {{}, "set_parallel set_serial in_serial", "0 0 1"},
-        {{}, "in_serial set_parallel in_serial getenv VOR_SERIAL", "1 0 1 NO"},
-        {{"VOR_SERIAL=NO"}, "in_serial set_serial in_serial getenv VOR_SERIAL", "0 0 0 YES"},
-        {{"VOR_SERIAL=mine"}, "set_serial getenv VOR_SERIAL in_serial", "0 YES 1"},
-        {{"OMP_NUM_THREADS=2"}, "set_serial in_serial", "0 1"},
-        {{}, "in_serial setenv OMP_NUM_THREADS 2 in_serial", "1 1"},
-        {{no}, "lsame in_serial", "0"},
-        {{no}, "in_serial lsame in_serial getenv VOR_SERIAL", "1 1 NO"},
-        {{no}, "lsame set_serial lsame in_serial", "0 0"}, // the file has the last word
-        {{no}, "lsame set_serial in_serial", "0 1"},       // until the question is asked
-        {{yes, "OMP_NUM_THREADS=2"}, "lsame in_serial", "1"},
-        {{yes, "OMP_NUM_THREADS=2"}, "in_serial lsame in_serial", "0 0"},
-        {{omp, "OMP_NUM_THREADS=2"}, "lsame in_serial", "0"},
-        {{omp}, "lsame in_serial getenv VOR_SERIAL", "1 unset"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(probe(c.commands, c.environment), c.answers) << c.commands;
+    folder.write("yes", "vor_serial=yes");
+    folder.write("no", "vor_serial=no");
+    folder.write("omp", "vor_serial=omp");
+    expect_answers(
+        folder,
+        {
+            {"", "in_serial in_serial", "1 1"},
+            {"VOR_SERIAL=", "in_serial", "1"},
+            {"VOR_SERIAL=YES", "in_serial", "1"},
+            {"VOR_SERIAL=yes", "in_serial", "1"},
+            {"VOR_SERIAL=NO", "in_serial in_serial", "0 0"},
+            {"VOR_SERIAL=Yes", "in_serial", "0"},
+            {"VOR_SERIAL=YES ", "in_serial", "0"},
+            {"OMP_NUM_THREADS=4", "in_serial", "0"},
+            {"OMP_NUM_THREADS=none", "in_serial", "0"},
+            {"OMP_NUM_THREADS=1;VOR_SERIAL=", "in_serial", "0"},
+            {"OMP_NUM_THREADS=4;VOR_SERIAL=yes", "in_serial", "1"},
+            {"OMP_NUM_THREADS=4;VOR_SERIAL=Yes", "in_serial", "0"},
+            {"OMP_NUM_THREADS=;omp_num_threads=4", "in_serial", "1"},
+            {"OMP_NUM_THREADS=;omp_num_threads=4;VOR_SERIAL=x", "in_serial", "0"},
+            {"OMP_NUM_THREADS=4;omp_num_threads=", "in_serial", "0"},
+            {"omp_num_threads=4", "in_serial", "0"},
+            {"omp_num_threads=4;VOR_SERIAL=YES", "in_serial", "1"},
+            {"omp_num_threads=", "in_serial", "1"},
+
+            {"", "set_parallel in_serial", "0 0"},
+            {"", "set_parallel set_serial in_serial", "0 0 1"},
+            {"", "in_serial set_parallel in_serial getenv VOR_SERIAL", "1 0 1 NO"},
+            {"VOR_SERIAL=NO", "in_serial set_serial in_serial getenv VOR_SERIAL", "0 0 0 YES"},
+            {"VOR_SERIAL=mine", "set_serial getenv VOR_SERIAL in_serial", "0 YES 1"},
+            {"OMP_NUM_THREADS=2", "set_serial in_serial", "0 1"},
+            {"", "in_serial setenv OMP_NUM_THREADS 2 in_serial", "1 1"},
+            {"VOR_CFG_FILE=@/no", "lsame in_serial", "0"},
+            {"VOR_CFG_FILE=@/no", "in_serial lsame in_serial getenv VOR_SERIAL", "1 1 NO"},
+            // The file has the last word until the question is asked.
+            {"VOR_CFG_FILE=@/no", "lsame set_serial lsame in_serial", "0 0"},
+            {"VOR_CFG_FILE=@/no", "lsame set_serial in_serial", "0 1"},
+            {"VOR_CFG_FILE=@/yes;OMP_NUM_THREADS=2", "lsame in_serial", "1"},
+            {"VOR_CFG_FILE=@/yes;OMP_NUM_THREADS=2", "in_serial lsame in_serial", "0 0"},
+            {"VOR_CFG_FILE=@/omp;OMP_NUM_THREADS=2", "lsame in_serial", "0"},
+            {"VOR_CFG_FILE=@/omp", "lsame in_serial getenv VOR_SERIAL", "1 unset"},
+        });
 }
 
 TEST(ThreadId, IsThatOfTheThread) {

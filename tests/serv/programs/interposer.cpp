@@ -13,23 +13,8 @@ void xerbla_(const char* name, const int* code, int name_length) {
 int vor_serv_lsame(const char*, const char*, int, int) {
     return 42;
 }
-int vor_serv_ilaenv(const int*, const char*, const char*, const int*, const int*, const int*,
-                    const int*, int, int) {
-    return 42;
-}
 int vor_cfg_file(int) {
     std::puts("vor_cfg_file taken");
-    return 0;
-}
-unsigned SearchPath(const char*, const char*, const char*, unsigned, char*, char**) {
-    std::puts("SearchPath taken");
-    return 0;
-}
-int get_cfg_serial() {
-    return 1;
-}
-int VOR_SET_SERIAL() {
-    std::puts("VOR_SET_SERIAL taken");
     return 0;
 }
 int vor_serv_in_serial() {
@@ -41,10 +26,8 @@ void vor_serv_lock() {
 }
 
 int main() {
-    const int four = 4;
     cblas_xerbla("cblas_zsyr2k", 9);
     std::printf("lsame %d\n", lsame("x", "X", 1, 1));
-    std::printf("ilaenv %d\n", ilaenv(&four, "DGETRF", "", &four, &four, &four, &four, 6, 0));
     std::printf("in_serial %d\n", vor_in_serial());
     VOR_FreeBuffers();
 }
