@@ -90,16 +90,39 @@ inline void store_falling(float* p, Four x) {
     _mm_storeu_ps(p + 4, _mm_shuffle_ps(low, low, _MM_SHUFFLE(1, 0, 3, 2)));
 }
 
+template <class Direction>
+inline void step(Four& low, Four& high, Four w) {
+    const auto z = Direction::step(Pair<Lane4>{{low.re}, {low.im}, {high.re}, {high.im}},
+                                   Lane4{w.re}, Lane4{w.im});
+    low = {z.u.v, z.v.v};
+    high = {z.x.v, z.y.v};
+}
+
 // Pairs k to k+3, all below M/2.
 template <class Direction>
 void four(const vor::cfloat* source, vor::cfloat* destination, int m, int k,
           const vor::cfloat* table) {
-    const Four low = load_interleaved(&source[k].re), w = load_interleaved(&table[k].re);
-    const Four high = load_falling(&source[m - k - 3].re);
-    const auto z = Direction::step(Pair<Lane4>{{low.re}, {low.im}, {high.re}, {high.im}},
-                                   Lane4{w.re}, Lane4{w.im});
-    Interleaved::store(&destination[k].re, {z.u.v, z.v.v});
-    store_falling(&destination[m - k - 3].re, {z.x.v, z.y.v});
+    Four low = load_interleaved(&source[k].re), high = load_falling(&source[m - k - 3].re);
+    step<Direction>(low, high, load_interleaved(&table[k].re));
+    Interleaved::store(&destination[k].re, low);
+    store_falling(&destination[m - k - 3].re, high);
+}
+
+// Pairs 1 to 3, M at least 8: lane 0 has no pair.
+template <class Direction>
+void first_three(const vor::cfloat* source, vor::cfloat* destination, int m,
+                 const vor::cfloat* table) {
+    const auto moved = [](__m128 x) { return _mm_shuffle_ps(x, x, _MM_SHUFFLE(2, 1, 0, 0)); };
+    const auto place = [=](int k) { return reinterpret_cast<__m64*>(destination + k); };
+    Four low = load_interleaved(&source->re), high = load_falling(&source[m - 4].re);
+    high = {moved(high.re), moved(high.im)};
+    step<Direction>(low, high, load_interleaved(&table->re));
+    _mm_storeh_pi(place(1), _mm_unpacklo_ps(low.re, low.im));
+    _mm_storeu_ps(&destination[2].re, _mm_unpackhi_ps(low.re, low.im));
+    _mm_storeh_pi(place(m - 1), _mm_unpacklo_ps(high.re, high.im));
+    const __m128 last = _mm_unpackhi_ps(high.re, high.im);
+    _mm_storel_pi(place(m - 2), last);
+    _mm_storeh_pi(place(m - 3), last);
 }
 
 template <class Direction, class C>
@@ -108,8 +131,10 @@ void recombine(const C* source, C* destination, int m, const C* table) {
     const int half = m / 2;
     int k = 1;
     if constexpr (sizeof(C) == 8) {
-        for (; k < 4 && k < half; ++k) one<Direction>(source, destination, m, k, table);
-        for (; k + 4 <= half; k += 4) four<Direction>(source, destination, m, k, table);
+        if (m >= 8) {
+            first_three<Direction>(source, destination, m, table);
+            for (k = 4; k < half; k += 4) four<Direction>(source, destination, m, k, table);
+        }
     }
     for (; k < half; ++k) one<Direction>(source, destination, m, k, table);
     destination[half] = Direction::middle(source[half]);
