@@ -86,20 +86,15 @@ private:
     R* sine_;
 };
 
-// Four twiddles the way the kernels read them: 64 bits as they are, 32 bits as four real parts, then
-// four imaginary parts.
-template <class R>
-complex_t<R>* put_four(complex_t<R>* out, const complex_t<R> (&value)[4]) {
-    R* part = &out->re;
-    for (int j = 0; j < 4; ++j) {
-        if constexpr (sizeof(R) == 4) {
-            part[j] = value[j].re;
-            part[j + 4] = value[j].im;
-        } else {
-            out[j] = value[j];
-        }
-    }
-    return out + 4;
+// Twiddle j of a group of four as the kernels read it: 64 bits as it is, 32 bits as four real parts,
+// then four imaginary parts.
+inline void put(cfloat* group, unsigned j, cfloat value) {
+    float* const part = &group->re;
+    part[j] = value.re;
+    part[j + 4] = value.im;
+}
+inline void put(cdouble* group, unsigned j, cdouble value) {
+    group[j] = value;
 }
 
 // Places the tables of the engine one behind the other, each on a 16-byte boundary. Without a block
@@ -191,9 +186,8 @@ private:
 
     // W^(power (k + j)), j from 0 to 3.
     C* run(C* out, unsigned k, unsigned power, int order) {
-        C value[4];
-        for (unsigned j = 0; j < 4; ++j) value[j] = circle_->twiddle(power * (k + j), order);
-        return put_four<R>(out, value);
+        for (unsigned j = 0; j < 4; ++j) put(out, j, circle_->twiddle(power * (k + j), order));
+        return out + 4;
     }
 
     C* product_table(int m, int s) {
@@ -203,10 +197,9 @@ private:
         for (unsigned column = 0; column < 1u << (m - s); column += 4)
             for (unsigned row = 0; row < 1u << s; ++row) {
                 const unsigned offset = reverse_bits(row, s);
-                C value[4];
                 for (unsigned j = 0; j < 4; ++j)
-                    value[j] = circle_->twiddle(offset * (column + j), m);
-                out = put_four<R>(out, value);
+                    put(out, j, circle_->twiddle(offset * (column + j), m));
+                out += 4;
             }
         return table;
     }
