@@ -88,13 +88,14 @@ template <bool inverse>
 void split_lanes(const C* lanes, int rows, C* row, int width, const C* table) {
     const int quarter = rows / 4;
     const size_t stride = size_t(quarter) * width;
-    for (int k = 0; k < quarter; ++k, row += width, table += 3) {
+    for (int t = 0; t < kLanes; ++t)
+        plain_butterfly<inverse>(lanes + t * rows, quarter, row + t, stride);
+    for (int k = 1; k < quarter; ++k) {
+        row += width;
+        table += 3;
         for (int q = 0; q < 4; ++q) prefetch(row + kAhead * width + q * stride);
-        for (int t = 0; t < kLanes; ++t) {
-            const C* const x = lanes + t * rows + k;
-            k ? butterfly<inverse>(x, quarter, table, row + t, stride)
-              : plain_butterfly<inverse>(x, quarter, row + t, stride);
-        }
+        for (int t = 0; t < kLanes; ++t)
+            butterfly<inverse>(lanes + t * rows + k, quarter, table, row + t, stride);
     }
 }
 
