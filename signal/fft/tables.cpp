@@ -35,7 +35,7 @@ constexpr double sine_of(unsigned k, int order) {
 }
 
 // The sines of small circles, which are most of the time of an object of few points, stand ready.
-constexpr int kReadyOrder = 10;
+constexpr int kReadyOrder = 12;
 struct ReadySines {
     double value[(1 << kReadyOrder >> 2) + 1] = {};
     constexpr ReadySines() {
