@@ -65,7 +65,7 @@ void halves(const FftCtx& object, C* data, int n) {
 // ---- Columns of a block level: four, the elements of one line, in four lanes of `rows` elements.
 
 constexpr int kLanes = 4;
-constexpr int kAhead = 8; // rows of prefetch: the rows of a column lie far apart
+constexpr int kAhead = 16; // rows of prefetch: the rows of a column lie far apart
 
 inline void prefetch(const C* p) {
     _mm_prefetch(p, _MM_HINT_T0);
