@@ -77,9 +77,7 @@ void merge(const C* row, int width, C* lanes, int rows, const C* products) {
     for (int i = 0; i < rows; i += 4, row += 4 * width, products += 4 * kLanes) {
         for (int j = 0; j < 4; ++j) prefetch(row + (kAhead + j) * width);
         for (int t = 0; t < kLanes; ++t)
-            butterfly<inverse>(
-                [=](int p) { return times<inverse>(row[p * width + t], products[p * kLanes + t]); },
-                lanes + t * rows + i, 1);
+            butterfly_of_products<inverse>(row + t, width, products + t, lanes + t * rows + i);
     }
 }
 
