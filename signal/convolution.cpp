@@ -62,8 +62,12 @@ TavStatus overlap_save(const Pair<R>& pair, R* dst) {
     for (int64_t pos = 0; pos < outputs && status == tavStsNoErr; pos += step) {
         const int at = static_cast<int>(pos), overlap = at ? pair.m - 1 : 0;
         const int left = pair.n - at + overlap, room = overlap + step;
-        copy_padded(pair.longer + at - overlap, left < room ? left : room, b, n);
-        status = F::to_perm(b, b, fft.object(), work);
+        const R* in = pair.longer + at - overlap;
+        if (left < n || room < n) {
+            copy_padded(in, left < room ? left : room, b, n);
+            in = b;
+        }
+        status = F::to_perm(in, b, fft.object(), work);
         if (status != tavStsNoErr) break;
         F::multiply_perm(a, b, n);
         status = F::from_perm(b, b, fft.object(), work);
@@ -77,8 +81,17 @@ void accumulate(const float* longer, int n, const float* shorter, int m, float* 
     ownConv_32f(longer, n, shorter, m, dst);
 }
 void accumulate(const double* longer, int n, const double* shorter, int m, double* dst) {
-    for (int j = 0; j < m; ++j)
-        for (int i = 0; i < n; ++i) dst[i + j] += longer[i] * shorter[j];
+    for (int j = 0; j < m; ++j, ++dst) {
+        const double tap = shorter[j];
+        int i = 0;
+        for (; i + 4 <= n; i += 4) {
+            dst[i] += longer[i] * tap;
+            dst[i + 1] += longer[i + 1] * tap;
+            dst[i + 2] += longer[i + 2] * tap;
+            dst[i + 3] += longer[i + 3] * tap;
+        }
+        for (; i < n; ++i) dst[i] += longer[i] * tap;
+    }
 }
 
 // Chunk by chunk of the longer vector; a chunk clears the outputs that no chunk before it reached.

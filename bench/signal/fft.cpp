@@ -1,8 +1,9 @@
-// Transforms of 2^n points by the FFT objects, and convolutions on both sides of the switches between
-// their routes.
+// Transforms of 2^n points by the FFT objects; convolutions and correlations on both sides of the switches
+// between their routes.
 #include "bench/common/families.h"
 #include "bench/signal/fftw.h"
-#include "vor_signal.h"
+#include "bench/signal/transform.h"
+#include "signal/spectral.h"
 
 #include <cmath>
 #include <type_traits>
@@ -15,46 +16,12 @@ template <class T>
 constexpr bool kSingle = std::is_same_v<real_t<T>, float>;
 
 template <class T>
-std::string kind() {
-    return is_complex<T> ? kSingle<T> ? "C_32fc" : "C_64fc" : kSingle<T> ? "R_32f" : "R_64f";
-}
-
-template <class T>
-std::string forward_name() {
+Binder fft(int order) {
     const std::string width = kSingle<T> ? "32f" : "64f";
-    return is_complex<T> ? "tavsFFTFwd_CToC_" + width + "c" : "tavsFFTFwd_RToPerm_" + width;
-}
-
-template <class T>
-std::shared_ptr<std::vector<T>> data(size_t n) {
-    const auto x = std::make_shared<std::vector<T>>(n);
-    for (size_t i = 0; i < n; ++i)
-        reinterpret_cast<real_t<T>&>((*x)[i]) = real_t<T>(1) / real_t<T>(1 + i % 97);
-    return x;
-}
-
-// A forward transform out of place, with the buffer that the object asks for.
-template <class T>
-Binder transform(int order) {
-    using Init = TavStatus(FftCtx**, int, int, int);
-    using Free = TavStatus(FftCtx*);
-    using BufferSize = TavStatus(const FftCtx*, int*);
-    using Transform = TavStatus(const T*, T*, const FftCtx*, void*);
-    return [=](const Library& library) -> Call {
-        auto* const init = library.function<Init>(("tavsFFTInitAlloc_" + kind<T>()).c_str());
-        auto* const free = library.function<Free>(("tavsFFTFree_" + kind<T>()).c_str());
-        auto* const size = library.function<BufferSize>(("tavsFFTGetBufSize_" + kind<T>()).c_str());
-        auto* const forward = library.function<Transform>(forward_name<T>().c_str());
-        FftCtx* built = nullptr;
-        if (!init || !free || !size || !forward) return {};
-        if (init(&built, order, TAV_FFT_NODIV_BY_ANY, 0) != tavStsNoErr) return {};
-        const std::shared_ptr<FftCtx> object(built, free);
-        int bytes = 0;
-        size(built, &bytes);
-        const auto buffer = std::make_shared<std::vector<char>>(size_t(bytes));
-        const auto x = data<T>(size_t(1) << order), result = data<T>(size_t(1) << order);
-        return [=] { forward(x->data(), result->data(), object.get(), buffer->data()); };
-    };
+    const auto names = is_complex<T>
+                           ? names_of("tavsFFT", "C_" + width + "c", "Fwd_CToC_" + width + "c")
+                           : names_of("tavsFFT", "R_" + width, "Fwd_RToPerm_" + width);
+    return transform<T, FftCtx>(names, order, 1 << order);
 }
 
 template <class T>
@@ -65,7 +32,7 @@ Case transform_case(int order, double goal) {
             .formula = is_complex<T> ? "5 n log2 n" : "2.5 n log2 n",
             .work = (is_complex<T> ? 5 : 2.5) * n * order,
             .limit = kSingle<T> ? Limit::vector : Limit::x87,
-            .bind = transform<T>(order),
+            .bind = fft<T>(order),
             .goal = goal,
             .rivals = {}};
 }
@@ -81,33 +48,38 @@ void add_orders(Suite& suite, int lowest, double cached_goal, double large_goal)
         suite.back().rivals.push_back(fftw_rival<C>(1 << order));
         suite.push_back(transform_case<R>(order, 0));
         suite.back().rivals.push_back(
-            {.name = "complex", .bind = transform<C>(order), .goal = 1 / kRealTime});
+            {.name = "complex", .bind = fft<C>(order), .goal = 1 / kRealTime});
     }
 }
 
-template <class R>
-using Convolve = TavStatus(const R*, int, const R*, int, R*);
+// ---- Convolution and correlation on both sides of the switches between their routes
 
 template <class R>
-struct Calls;
+using Convolve = TavStatus(const R*, int, const R*, int, R*);
+template <class R>
+using Correlate = TavStatus(const R*, int, const R*, int, R*, int, int);
+
+template <class R>
+struct Routes;
 template <>
-struct Calls<float> {
+struct Routes<float> {
+    static constexpr Limit limit = Limit::vector;
+    static constexpr const char* width = "32f";
     static constexpr auto convolve = tavsConv_32f;
-    static constexpr auto build = tavsFFTInitAlloc_R_32f;
-    static constexpr auto release = tavsFFTFree_R_32f;
-    static constexpr auto forward = tavsFFTFwd_RToPerm_32f;
-    static constexpr auto inverse = tavsFFTInv_PermToR_32f;
-    static constexpr auto multiply = tavsMulPerm_32f_I;
+    static constexpr auto correlate = tavsCrossCorr_32f;
+    static constexpr int most_direct_lags = 383; // of vectors of one length
 };
 template <>
-struct Calls<double> {
+struct Routes<double> {
+    static constexpr Limit limit = Limit::x87;
+    static constexpr const char* width = "64f";
     static constexpr auto convolve = tavsConv_64f;
-    static constexpr auto build = tavsFFTInitAlloc_R_64f;
-    static constexpr auto release = tavsFFTFree_R_64f;
-    static constexpr auto forward = tavsFFTFwd_RToPerm_64f;
-    static constexpr auto inverse = tavsFFTInv_PermToR_64f;
-    static constexpr auto multiply = tavsMulPerm_64f_I;
+    static constexpr auto correlate = tavsCrossCorr_64f;
+    static constexpr int most_direct_lags = 511;
 };
+
+// The chosen route is to be at most 20 % slower than another.
+constexpr double kLeastRatio = 1 / 1.2;
 
 // The routes that the lengths do not choose. Direct: the sum over pieces of the shorter vector, each of
 // them too short for spectra.
@@ -119,65 +91,112 @@ TavStatus direct(const R* longer, int n, const R* shorter, int m, R* dst) {
     std::fill(dst, dst + n + m - 1, R(0));
     for (int j = 0; j < m; j += kPiece) {
         const int taps = std::min(kPiece, m - j);
-        Calls<R>::convolve(longer, n, shorter + j, taps, part.data());
+        Routes<R>::convolve(longer, n, shorter + j, taps, part.data());
         for (int k = 0; k < n + taps - 1; ++k) dst[j + k] += part[size_t(k)];
     }
     return tavStsNoErr;
 }
 
-// Spectra: one product, object and memory of its own in each call.
+// One product of spectra, object and memory of its own in each call.
 template <class R>
 TavStatus spectra(const R* longer, int n, const R* shorter, int m, R* dst) {
-    int order = 2;
-    while (1 << order < n + m - 1) ++order;
-    FftCtx* object = nullptr;
-    if (const TavStatus status = Calls<R>::build(&object, order, TAV_FFT_DIV_INV_BY_N, 0))
-        return status;
-    std::vector<R> a(size_t(1) << order), b(a.size());
-    std::copy(longer, longer + n, a.begin());
-    std::copy(shorter, shorter + m, b.begin());
-    Calls<R>::forward(a.data(), a.data(), object, nullptr);
-    Calls<R>::forward(b.data(), b.data(), object, nullptr);
-    Calls<R>::multiply(a.data(), b.data(), 1 << order);
-    Calls<R>::inverse(b.data(), b.data(), object, nullptr);
-    std::copy(b.begin(), b.begin() + n + m - 1, dst);
-    return Calls<R>::release(object);
+    using F = signal::Calls<R>;
+    const signal::RealFft<R> fft(signal::order_of(n + m - 1, 2));
+    const signal::Block<R> block(2 * fft.n());
+    R *const a = block.get(), *const b = a + fft.n();
+    signal::copy_padded(longer, n, a, fft.n());
+    signal::copy_padded(shorter, m, b, fft.n());
+    F::to_perm(a, a, fft.object(), nullptr);
+    F::to_perm(b, b, fft.object(), nullptr);
+    F::multiply_perm(a, b, fft.n());
+    F::from_perm(b, b, fft.object(), nullptr);
+    return F::copy(b, dst, n + m - 1);
 }
 
 template <class R>
 Binder convolve(int longer, int shorter, Convolve<R>* other = nullptr) {
     return [=](const Library& library) -> Call {
-        const char* const name = kSingle<R> ? "tavsConv_32f" : "tavsConv_64f";
-        auto* const f = other ? other : library.function<Convolve<R>>(name);
+        const std::string name = std::string("tavsConv_") + Routes<R>::width;
+        auto* const f = other ? other : library.function<Convolve<R>>(name.c_str());
         if (!f) return {};
-        const auto a = data<R>(size_t(longer)), b = data<R>(size_t(shorter));
-        const auto sum = data<R>(size_t(longer) + size_t(shorter));
+        const auto a = falling_data<R>(size_t(longer)), b = falling_data<R>(size_t(shorter));
+        const auto sum = falling_data<R>(size_t(longer) + size_t(shorter));
         return [=] { f(a->data(), longer, b->data(), shorter, sum->data()); };
     };
 }
 
-// The chosen route is to be at most 20 % slower than the other.
+template <class R>
+Case products_case(const std::string& what, double work, Binder bind) {
+    return {.name =
+                what.substr(0, what.find(' ') + 1) + Routes<R>::width + what.substr(what.find(' ')),
+            .formula = "2 operations a product",
+            .work = 2 * work,
+            .limit = Routes<R>::limit,
+            .bind = std::move(bind),
+            .rivals = {}};
+}
+
 template <class R>
 void add_convolutions(Suite& suite) {
+    enum Route { kDirect, kProduct, kBlocks };
     const struct {
         int longer, shorter;
-        bool by_spectra;
-    } rows[] = {{128, 128, false}, {129, 128, true},  {224, 32, false},   {225, 32, true},
-                {400, 31, false},  {1000, 31, false}, {1000, 32, true},   {4096, 31, false},
-                {4096, 64, true},  {4096, 256, true}, {4096, 1366, true}, {65536, 1024, true}};
-    for (const auto& row : rows) {
-        suite.push_back({.name = std::string("convolution ") + (kSingle<R> ? "32f " : "64f ") +
-                                 std::to_string(row.longer) + " x " + std::to_string(row.shorter),
-                         .formula = "2 len1 len2",
-                         .work = 2.0 * row.longer * row.shorter,
-                         .limit = kSingle<R> ? Limit::vector : Limit::x87,
-                         .bind = convolve<R>(row.longer, row.shorter),
-                         .rivals = {}});
-        suite.back().rivals.push_back(
-            {.name = row.by_spectra ? "direct" : "spectra",
-             .bind = convolve<R>(row.longer, row.shorter, row.by_spectra ? direct<R> : spectra<R>),
-             .goal = 1 / 1.2});
+        Route route;
+    } rows[] = {{128, 128, kDirect},    {129, 128, kProduct},  {200, 56, kDirect},
+                {201, 56, kBlocks},     {224, 32, kDirect},    {225, 32, kBlocks},
+                {1000, 31, kDirect},    {1000, 32, kBlocks},   {299, 100, kProduct},
+                {300, 100, kBlocks},    {4096, 31, kDirect},   {4096, 64, kBlocks},
+                {4096, 1366, kProduct}, {65536, 1024, kBlocks}};
+    for (const auto& [longer, shorter, route] : rows) {
+        suite.push_back(products_case<R>("convolution " + std::to_string(longer) + " x " +
+                                             std::to_string(shorter),
+                                         1.0 * longer * shorter, convolve<R>(longer, shorter)));
+        if (route != kDirect)
+            suite.back().rivals.push_back({.name = "direct",
+                                           .bind = convolve<R>(longer, shorter, direct<R>),
+                                           .goal = kLeastRatio});
+        if (route != kProduct)
+            suite.back().rivals.push_back({.name = "one product",
+                                           .bind = convolve<R>(longer, shorter, spectra<R>),
+                                           .goal = kLeastRatio});
     }
+}
+
+// `lags` of a correlation of vectors of n elements in calls of at most `most`.
+template <class R>
+Binder correlate(int n, int lags, int most) {
+    return [=](const Library& library) -> Call {
+        const std::string name = std::string("tavsCrossCorr_") + Routes<R>::width;
+        auto* const f = library.function<Correlate<R>>(name.c_str());
+        if (!f) return {};
+        const auto a = falling_data<R>(size_t(n)), sum = falling_data<R>(size_t(lags));
+        return [=] {
+            for (int k = 0; k < lags; k += most)
+                f(a->data(), n, a->data(), n, sum->data() + k, std::min(most, lags - k),
+                  k - lags / 2);
+        };
+    };
+}
+
+// Around the switch the other route is that of half the lags twice, or of one lag more.
+template <class R>
+void add_correlations(Suite& suite) {
+    constexpr int most = Routes<R>::most_direct_lags;
+    for (int n : {400, 2000})
+        for (int lags : {most, most + 1}) {
+            suite.push_back(products_case<R>("correlation " + std::to_string(n) + " x " +
+                                                 std::to_string(n) + ", " + std::to_string(lags) +
+                                                 " lags",
+                                             1.0 * n * lags, correlate<R>(n, lags, lags)));
+            if (lags == most)
+                suite.back().rivals.push_back({.name = "one product",
+                                               .bind = correlate<R>(n, lags + 1, lags + 1),
+                                               .goal = kLeastRatio});
+            else
+                suite.back().rivals.push_back({.name = "direct",
+                                               .bind = correlate<R>(n, lags, lags / 2),
+                                               .goal = kLeastRatio});
+        }
 }
 
 } // namespace
@@ -188,6 +207,8 @@ Suite fft_cases() {
     add_orders<float, cfloat>(suite, 8, 0.45, 0.30);
     add_convolutions<float>(suite);
     add_convolutions<double>(suite);
+    add_correlations<float>(suite);
+    add_correlations<double>(suite);
     return suite;
 }
 

@@ -1,24 +1,18 @@
 // Element-wise operations on n complex values: product, conjugating copy, zero. The single-precision
 // forms work on vectors of two values; nothing needs alignment. With n < 1 nothing is touched.
 #include "signal/dft/kernels.h"
+#include "signal/fft/lanes.h"
 
 #include <xmmintrin.h>
 
 namespace vor::dft {
 namespace {
 
-// Two complex products, (re, im, re, im) each.
-inline __m128 product(__m128 a, __m128 b) {
-    const __m128 re = _mm_mul_ps(_mm_shuffle_ps(a, a, _MM_SHUFFLE(2, 2, 0, 0)), b);
-    const __m128 turned = _mm_shuffle_ps(b, b, _MM_SHUFFLE(2, 3, 0, 1));
-    const __m128 im = _mm_mul_ps(_mm_shuffle_ps(a, a, _MM_SHUFFLE(3, 3, 1, 1)), turned);
-    return _mm_add_ps(re, _mm_xor_ps(im, _mm_setr_ps(-0.0F, 0, -0.0F, 0)));
-}
-
 void multiply(const cfloat* a, const cfloat* b, cfloat* c, int n) {
     int k = 0;
     for (; k + 2 <= n; k += 2)
-        _mm_storeu_ps(&c[k].re, product(_mm_loadu_ps(&a[k].re), _mm_loadu_ps(&b[k].re)));
+        _mm_storeu_ps(&c[k].re,
+                      fft::product_of_two<false>(_mm_loadu_ps(&b[k].re), _mm_loadu_ps(&a[k].re)));
     if (k < n) c[k] = a[k] * b[k];
 }
 

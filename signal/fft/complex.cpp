@@ -10,22 +10,12 @@ namespace vor::fft {
 namespace {
 
 template <bool inverse, class R>
-void small(const FftCtx& object, const complex_t<R>* source, complex_t<R>* destination) {
-    using S = Small<R>;
-    if (scales<inverse>(object))
-        (inverse ? S::kInverseScaled : S::kForwardScaled)[object.order](source, destination,
-                                                                        Traits<R>::norm(object));
-    else
-        (inverse ? S::kInverse : S::kForward)[object.order](source, destination);
-}
-
-template <bool inverse, class R>
 TavStatus transform(const complex_t<R>* source, complex_t<R>* destination, const FftCtx* object,
                     void* given) {
     if (const TavStatus status = check_transform(object, Traits<R>::kComplex, source, destination))
         return status;
     if (object->order < kLowestTableOrder) {
-        small<inverse, R>(*object, source, destination);
+        Small<R>::template run<inverse>(*object, source, destination);
         return tavStsNoErr;
     }
     const WorkBuffer buffer(*object, given);

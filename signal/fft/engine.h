@@ -3,13 +3,9 @@
 #pragma once
 
 #include "signal/fft/kernels.h"
+#include "signal/fft/straight_line.h"
 
 namespace vor::fft {
-
-template <bool inverse>
-bool scales(const FftCtx& object) {
-    return inverse ? object.doScaleInv : object.doScaleFwd;
-}
 
 inline void bit_reverse(const cfloat* from, cfloat* to, int n, const unsigned* table) {
     from == to ? tavs_BitRev1_C(to, n, table) : tavs_BitRev2_C(from, to, n, table);

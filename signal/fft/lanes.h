@@ -60,6 +60,18 @@ inline Four minus_turned(Four a, Four b) {
     return plus_turned<!inverse>(a, b);
 }
 
+// Two interleaved numbers to a register, x y or x conj(y): the real parts of y are spread over both parts
+// of x, then the imaginary parts over the exchanged parts of x.
+template <bool conjugate>
+inline __m128 product_of_two(__m128 x, __m128 y) {
+    const __m128 re = _mm_mul_ps(x, _mm_shuffle_ps(y, y, _MM_SHUFFLE(2, 2, 0, 0)));
+    const __m128 im = _mm_mul_ps(_mm_shuffle_ps(x, x, _MM_SHUFFLE(2, 3, 0, 1)),
+                                 _mm_shuffle_ps(y, y, _MM_SHUFFLE(3, 3, 1, 1)));
+    const __m128 sign =
+        conjugate ? _mm_setr_ps(0, -0.0f, 0, -0.0f) : _mm_setr_ps(-0.0f, 0, -0.0f, 0);
+    return _mm_add_ps(re, _mm_xor_ps(im, sign));
+}
+
 // ---- Memory. A position is a pointer to the first of the eight floats of a group of four.
 
 inline Four load_lanes(const float* p) {

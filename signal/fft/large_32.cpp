@@ -80,7 +80,7 @@ void halves(const FftCtx& object, C* data, int n, const C* table, int interleave
 
 constexpr int kRow = 8;
 constexpr int kGroups = 2; // at a time: the columns of one line
-constexpr int kAhead = 8;  // rows of prefetch: the rows of a column lie far apart
+constexpr int kAhead = 16; // rows of prefetch: the rows of a column lie far apart
 
 inline void prefetch(const float* p) {
     _mm_prefetch(p, _MM_HINT_T0);
@@ -115,7 +115,10 @@ void merge(const float* row, int width, float* lanes, int rows, const float* pro
     const int stride = 2 * width; // floats
     const bool odd = rows & 0xAAAAAAAA;
     for (int i = 0; i < rows; i += 4) {
-        for (int j = 0; j < 4; ++j) prefetch(row + (kAhead + j) * stride);
+        // Behind the last row the columns of the next line begin.
+        const float* const ahead =
+            row + (i + kAhead < rows ? kAhead * stride : (kAhead - rows) * stride + kGroups * kRow);
+        for (int j = 0; j < 4; ++j) prefetch(ahead + j * stride);
         for (int g = 0; g < kGroups; ++g) {
             float* const out = lanes + (g * rows + i) * kRow;
             const float* const product = products + g * apart;
@@ -174,9 +177,10 @@ const float* middle_passes(float* lanes, int rows, int first, const float* table
     return table;
 }
 
-// The last pass, back into the rows.
+// The last pass, back into the rows. Flattened: as a call the butterfly passes its twiddles by memory.
 template <bool inverse, class Form>
-void split_lanes(const float* lanes, int rows, float* row, int width, const float* table) {
+[[gnu::flatten]] void split_lanes(const float* lanes, int rows, float* row, int width,
+                                  const float* table) {
     const int stride = 2 * width, quarter = rows / 4;
     for (int k = 0; k < quarter; ++k, row += stride, lanes += kRow) {
         const Twiddles w(table, k);

@@ -65,7 +65,7 @@ void halves(const FftCtx& object, C* data, int n) {
 // ---- Columns of a block level: four, the elements of one line, in four lanes of `rows` elements.
 
 constexpr int kLanes = 4;
-constexpr int kAhead = 8; // rows of prefetch: the rows of a column lie far apart
+constexpr int kAhead = 16; // rows of prefetch: the rows of a column lie far apart
 
 inline void prefetch(const C* p) {
     _mm_prefetch(p, _MM_HINT_T0);
@@ -77,9 +77,7 @@ void merge(const C* row, int width, C* lanes, int rows, const C* products) {
     for (int i = 0; i < rows; i += 4, row += 4 * width, products += 4 * kLanes) {
         for (int j = 0; j < 4; ++j) prefetch(row + (kAhead + j) * width);
         for (int t = 0; t < kLanes; ++t)
-            butterfly<inverse>(
-                [=](int p) { return times<inverse>(row[p * width + t], products[p * kLanes + t]); },
-                lanes + t * rows + i, 1);
+            butterfly_of_products<inverse>(row + t, width, products + t, lanes + t * rows + i);
     }
 }
 
@@ -88,13 +86,14 @@ template <bool inverse>
 void split_lanes(const C* lanes, int rows, C* row, int width, const C* table) {
     const int quarter = rows / 4;
     const size_t stride = size_t(quarter) * width;
-    for (int k = 0; k < quarter; ++k, row += width, table += 3) {
+    for (int t = 0; t < kLanes; ++t)
+        plain_butterfly<inverse>(lanes + t * rows, quarter, row + t, stride);
+    for (int k = 1; k < quarter; ++k) {
+        row += width;
+        table += 3;
         for (int q = 0; q < 4; ++q) prefetch(row + kAhead * width + q * stride);
-        for (int t = 0; t < kLanes; ++t) {
-            const C* const x = lanes + t * rows + k;
-            k ? butterfly<inverse>(x, quarter, table, row + t, stride)
-              : plain_butterfly<inverse>(x, quarter, row + t, stride);
-        }
+        for (int t = 0; t < kLanes; ++t)
+            butterfly<inverse>(lanes + t * rows + k, quarter, table, row + t, stride);
     }
 }
 

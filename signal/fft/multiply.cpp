@@ -25,18 +25,6 @@ void multiply_each(const C* x, C* y, int count) {
     for (int i = 0; i < count; ++i) y[i] = product<conjugate>(x[i], y[i]);
 }
 
-// Two complex numbers to a register: the real parts of y are spread over both parts of x, then the
-// imaginary parts over the exchanged parts of x.
-template <bool conjugate>
-__m128 product_of_two(__m128 x, __m128 y) {
-    const __m128 re = _mm_mul_ps(x, _mm_shuffle_ps(y, y, _MM_SHUFFLE(2, 2, 0, 0)));
-    const __m128 im = _mm_mul_ps(_mm_shuffle_ps(x, x, _MM_SHUFFLE(2, 3, 0, 1)),
-                                 _mm_shuffle_ps(y, y, _MM_SHUFFLE(3, 3, 1, 1)));
-    const __m128 sign =
-        conjugate ? _mm_setr_ps(0, -0.0f, 0, -0.0f) : _mm_setr_ps(-0.0f, 0, -0.0f, 0);
-    return _mm_add_ps(re, _mm_xor_ps(im, sign));
-}
-
 template <bool conjugate>
 void multiply_fours(const cfloat* x, cfloat* y, int count) {
     constexpr int kAhead = 128 / sizeof(cfloat); // of prefetches

@@ -7,7 +7,7 @@
 // reads W^k, W^2k, W^3k at index k N/L of the table of N points. The inverse conjugates.
 #pragma once
 
-#include "serv/element.h"
+#include "signal/fft/butterfly_64.h"
 
 #include <stddef.h>
 
@@ -92,7 +92,7 @@ void radix4_pass(cdouble* data, int n, int span, const cdouble* table, int table
         const cdouble* w = table;
         for (int k = 1; k < quarter; ++k) {
             w += step;
-            butterfly<inverse>(group + k, quarter, w, group + k, quarter);
+            butterfly_in_place<inverse>(group + k, quarter, w);
         }
     }
 }

@@ -48,19 +48,10 @@ void pack_to_perm(const R* source, R* destination, int n) {
     if (n > 1) destination[1] = last;
 }
 
-template <bool inverse, class R>
-void small(const FftCtx& object, const R* source, R* destination) {
-    using S = RealSmall<R>;
-    if (scales<inverse>(object))
-        (inverse ? S::kInverseScaled : S::kForwardScaled)[object.order](source, destination,
-                                                                        Traits<R>::norm(object));
-    else
-        (inverse ? S::kInverse : S::kForward)[object.order](source, destination);
-}
-
 template <class R>
 void forward_perm(const FftCtx& object, const R* source, R* destination, void* buffer) {
-    if (object.order < kLowestTableOrder) return small<false>(object, source, destination);
+    if (object.order < kLowestTableOrder)
+        return RealSmall<R>::template run<false>(object, source, destination);
     const int m = object.order - 1;
     auto* z = reinterpret_cast<complex_t<R>*>(destination);
     run_engine<false, R>(object, reinterpret_cast<const complex_t<R>*>(source), z, m, buffer);
@@ -70,7 +61,8 @@ void forward_perm(const FftCtx& object, const R* source, R* destination, void* b
 
 template <class R>
 void inverse_perm(const FftCtx& object, const R* source, R* destination, void* buffer) {
-    if (object.order < kLowestTableOrder) return small<true>(object, source, destination);
+    if (object.order < kLowestTableOrder)
+        return RealSmall<R>::template run<true>(object, source, destination);
     const int m = object.order - 1;
     const auto* x = reinterpret_cast<const complex_t<R>*>(source);
     auto* z = reinterpret_cast<complex_t<R>*>(destination);

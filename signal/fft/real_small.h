@@ -1,16 +1,12 @@
-// Straight-line real transforms of 1, 2, 4 and 8 points, spectra in Perm. All input is read before the
-// first output is written, so that source and destination may be the same. The scaled forms multiply
-// each output by the factor.
+// Real transforms of 1, 2, 4 and 8 points, spectra in Perm.
 #pragma once
 
-#include "signal/fft/context.h"
+#include "signal/fft/straight_line.h"
 
 namespace vor::fft {
 
 template <class R>
-struct RealSmall {
-    using Function = void (*)(const R* source, R* destination);
-    using Scaled = void (*)(const R* source, R* destination, R factor);
+struct SmallReal {
     static constexpr R kHalfRoot = static_cast<R>(0.70710678118654752440L);
 
     // X[0], X[2], X[1] of x[0], x[step], ...
@@ -73,30 +69,15 @@ struct RealSmall {
     }
 
     template <bool backward, int n>
-    static void plain(const R* source, R* destination) {
-        R out[n];
+    static void compute(const R* source, R (&out)[n]) {
         if constexpr (backward)
             inverse<n>(source, out);
         else
             forward<n>(source, out);
-        for (int k = 0; k < n; ++k) destination[k] = out[k];
     }
-    template <bool backward, int n>
-    static void scaled(const R* source, R* destination, R factor) {
-        R out[n];
-        plain<backward, n>(source, out);
-        for (int k = 0; k < n; ++k) destination[k] = out[k] * factor;
-    }
-
-    // By order, 0 to 3. One and two points serve both directions.
-    static constexpr Function kForward[] = {plain<false, 1>, plain<false, 2>, plain<false, 4>,
-                                            plain<false, 8>};
-    static constexpr Function kInverse[] = {plain<false, 1>, plain<false, 2>, plain<true, 4>,
-                                            plain<true, 8>};
-    static constexpr Scaled kForwardScaled[] = {scaled<false, 1>, scaled<false, 2>,
-                                                scaled<false, 4>, scaled<false, 8>};
-    static constexpr Scaled kInverseScaled[] = {scaled<false, 1>, scaled<false, 2>, scaled<true, 4>,
-                                                scaled<true, 8>};
 };
+
+template <class R>
+using RealSmall = StraightLine<SmallReal<R>, R, R>;
 
 } // namespace vor::fft

@@ -30,45 +30,23 @@ struct Pair {
     V u, v, x, y; // (u, v) = z[k], (x, y) = z[M-k]
 };
 
-template <class V>
-inline Pair<V> forward(Pair<V> z, V a, V b) {
-    const V d = z.u - z.x, s = z.v + z.y, p = b * d + a * s, q = b * s - a * d;
-    return {z.x + p, q - z.y, z.u - p, q - z.v};
+template <bool back, class V>
+inline Pair<V> joined(Pair<V> z, V re, V im) {
+    const V d = z.u - z.x, s = z.v + z.y;
+    if constexpr (back) {
+        const V p = im * d - re * s, q = re * d + im * s;
+        const V sum = z.u + z.x, difference = z.v - z.y;
+        return {sum + p, difference + q, sum - p, q - difference};
+    } else {
+        const V p = im * d + re * s, q = im * s - re * d;
+        return {z.x + p, q - z.y, z.u - p, q - z.v};
+    }
 }
 
-template <class V>
-inline Pair<V> inverse(Pair<V> z, V c, V e) {
-    const V d = z.u - z.x, s = z.v + z.y, p = e * d - c * s, q = c * d + e * s;
-    const V sum = z.u + z.x, difference = z.v - z.y;
-    return {sum + p, difference + q, sum - p, q - difference};
-}
-
-struct Forward {
-    template <class V>
-    static Pair<V> step(Pair<V> z, V re, V im) {
-        return forward(z, re, im);
-    }
-    template <class C>
-    static C middle(C z) {
-        return {z.re, -z.im};
-    }
-};
-struct Inverse {
-    template <class V>
-    static Pair<V> step(Pair<V> z, V re, V im) {
-        return inverse(z, re, im);
-    }
-    template <class C>
-    static C middle(C z) {
-        return {2 * z.re, -2 * z.im};
-    }
-};
-
-template <class Direction, class C>
+template <bool back, class C>
 void one(const C* source, C* destination, int m, int k, const C* table) {
     const C low = source[k], high = source[m - k], w = table[k];
-    const auto z =
-        Direction::step(Pair<vor::real_t<C>>{low.re, low.im, high.re, high.im}, w.re, w.im);
+    const auto z = joined<back>(Pair<vor::real_t<C>>{low.re, low.im, high.re, high.im}, w.re, w.im);
     destination[k] = {z.u, z.v};
     destination[m - k] = {z.x, z.y};
 }
@@ -90,40 +68,69 @@ inline void store_falling(float* p, Four x) {
     _mm_storeu_ps(p + 4, _mm_shuffle_ps(low, low, _MM_SHUFFLE(1, 0, 3, 2)));
 }
 
-// Pairs k to k+3, all below M/2.
-template <class Direction>
-void four(const vor::cfloat* source, vor::cfloat* destination, int m, int k,
-          const vor::cfloat* table) {
-    const Four low = load_interleaved(&source[k].re), w = load_interleaved(&table[k].re);
-    const Four high = load_falling(&source[m - k - 3].re);
-    const auto z = Direction::step(Pair<Lane4>{{low.re}, {low.im}, {high.re}, {high.im}},
-                                   Lane4{w.re}, Lane4{w.im});
-    Interleaved::store(&destination[k].re, {z.u.v, z.v.v});
-    store_falling(&destination[m - k - 3].re, {z.x.v, z.y.v});
+template <bool back>
+inline void step(Four& low, Four& high, Four w) {
+    const auto z = joined<back>(Pair<Lane4>{{low.re}, {low.im}, {high.re}, {high.im}}, Lane4{w.re},
+                                Lane4{w.im});
+    low = {z.u.v, z.v.v};
+    high = {z.x.v, z.y.v};
 }
 
-template <class Direction, class C>
+// Pairs k to k+3, all below M/2.
+template <bool back>
+void four(const vor::cfloat* source, vor::cfloat* destination, int m, int k,
+          const vor::cfloat* table) {
+    Four low = load_interleaved(&source[k].re), high = load_falling(&source[m - k - 3].re);
+    step<back>(low, high, load_interleaved(&table[k].re));
+    Interleaved::store(&destination[k].re, low);
+    store_falling(&destination[m - k - 3].re, high);
+}
+
+// Pairs 1 to 3, M at least 8: lane 0 has no pair.
+template <bool back>
+void first_three(const vor::cfloat* source, vor::cfloat* destination, int m,
+                 const vor::cfloat* table) {
+    const auto moved = [](__m128 x) { return _mm_shuffle_ps(x, x, _MM_SHUFFLE(2, 1, 0, 0)); };
+    const auto place = [=](int k) { return reinterpret_cast<__m64*>(destination + k); };
+    Four low = load_interleaved(&source->re), high = load_falling(&source[m - 4].re);
+    high = {moved(high.re), moved(high.im)};
+    step<back>(low, high, load_interleaved(&table->re));
+    _mm_storeh_pi(place(1), _mm_unpacklo_ps(low.re, low.im));
+    _mm_storeu_ps(&destination[2].re, _mm_unpackhi_ps(low.re, low.im));
+    _mm_storeh_pi(place(m - 1), _mm_unpacklo_ps(high.re, high.im));
+    const __m128 last = _mm_unpackhi_ps(high.re, high.im);
+    _mm_storel_pi(place(m - 2), last);
+    _mm_storeh_pi(place(m - 3), last);
+}
+
+template <bool back, class C>
 void recombine(const C* source, C* destination, int m, const C* table) {
     if (m < 2) return;
     const int half = m / 2;
     int k = 1;
     if constexpr (sizeof(C) == 8) {
-        for (; k < 4 && k < half; ++k) one<Direction>(source, destination, m, k, table);
-        for (; k + 4 <= half; k += 4) four<Direction>(source, destination, m, k, table);
+        if (m >= 8) {
+            first_three<back>(source, destination, m, table);
+            for (k = 4; k < half; k += 4) four<back>(source, destination, m, k, table);
+        }
     }
-    for (; k < half; ++k) one<Direction>(source, destination, m, k, table);
-    destination[half] = Direction::middle(source[half]);
+    for (; k < half; ++k) one<back>(source, destination, m, k, table);
+    const C middle = source[half];
+    if (back)
+        destination[half] = {2 * middle.re, -2 * middle.im};
+    else
+        destination[half] = {middle.re, -middle.im};
 }
 
 } // namespace
 
 #define RECOMBINE(X, C)                                                                            \
     extern "C" void tavs_cRealRecombine_##X(C* data, int m, int, const C* table) {                 \
-        recombine<Forward>(data, data, m, table);                                                  \
+        recombine<false>(data, data, m, table);                                                    \
     }                                                                                              \
     extern "C" void tavs_cCcsRecombine_##X(const C* source, C* destination, int m, int,            \
                                            const C* table) {                                       \
-        recombine<Inverse>(source, destination, m, table);                                         \
+        recombine<true>(source, destination, m, table);                                            \
     }
 RECOMBINE(32f, vor::cfloat)
 RECOMBINE(64f, vor::cdouble)

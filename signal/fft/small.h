@@ -1,17 +1,13 @@
-// Straight-line complex transforms of 1, 2, 4 and 8 points. All input is read before the first output
-// is written, so that source and destination may be the same. The scaled forms multiply by the factor
-// as the last step of each output.
+// Complex transforms of 1, 2, 4 and 8 points, each by two of half the length.
 #pragma once
 
-#include "signal/fft/context.h"
+#include "signal/fft/straight_line.h"
 
 namespace vor::fft {
 
 template <class R>
-struct Small {
+struct SmallComplex {
     using C = complex_t<R>;
-    using Function = void (*)(const C* source, C* destination);
-    using Scaled = void (*)(const C* source, C* destination, R factor);
 
     static C add(C a, C b) { return {a.re + b.re, a.im + b.im}; }
     static C sub(C a, C b) { return {a.re - b.re, a.im - b.im}; }
@@ -41,8 +37,8 @@ struct Small {
                 in[0][k] = x[2 * k];
                 in[1][k] = x[2 * k + 1];
             }
-            compute<inverse, h>(in[0], even);
-            compute<inverse, h>(in[1], odd);
+            compute<inverse>(in[0], even);
+            compute<inverse>(in[1], odd);
             if constexpr (n == 8) {
                 odd[1] = eighth<inverse>(odd[1]);
                 odd[3] = turned<inverse>(eighth<inverse>(odd[3]));
@@ -54,29 +50,9 @@ struct Small {
             }
         }
     }
-
-    template <bool inverse, int n>
-    static void plain(const C* source, C* destination) {
-        C X[n];
-        compute<inverse, n>(source, X);
-        for (int k = 0; k < n; ++k) destination[k] = X[k];
-    }
-    template <bool inverse, int n>
-    static void scaled(const C* source, C* destination, R factor) {
-        C X[n];
-        compute<inverse, n>(source, X);
-        for (int k = 0; k < n; ++k) destination[k] = {X[k].re * factor, X[k].im * factor};
-    }
-
-    // By order, 0 to 3. One and two points serve both directions.
-    static constexpr Function kForward[] = {plain<false, 1>, plain<false, 2>, plain<false, 4>,
-                                            plain<false, 8>};
-    static constexpr Function kInverse[] = {plain<false, 1>, plain<false, 2>, plain<true, 4>,
-                                            plain<true, 8>};
-    static constexpr Scaled kForwardScaled[] = {scaled<false, 1>, scaled<false, 2>,
-                                                scaled<false, 4>, scaled<false, 8>};
-    static constexpr Scaled kInverseScaled[] = {scaled<false, 1>, scaled<false, 2>, scaled<true, 4>,
-                                                scaled<true, 8>};
 };
+
+template <class R>
+using Small = StraightLine<SmallComplex<R>, complex_t<R>, R>;
 
 } // namespace vor::fft

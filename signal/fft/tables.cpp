@@ -25,6 +25,25 @@ R* allocate(uint64_t count) {
         return tavsMalloc_64f(static_cast<int>(count));
 }
 
+constexpr double kTurn = 6.283185307179586;
+
+// sin(2 pi k / 2^order), each value from the half of the quadrant where its function is well conditioned.
+constexpr double sine_of(unsigned k, int order) {
+    const unsigned quarter = 1u << order >> 2;
+    const double step = kTurn / (1u << order);
+    return k <= quarter / 2 ? __builtin_sin(k * step) : __builtin_cos((quarter - k) * step);
+}
+
+// The sines of small circles, which are most of the time of an object of few points, stand ready.
+constexpr int kReadyOrder = 12;
+struct ReadySines {
+    double value[(1 << kReadyOrder >> 2) + 1] = {};
+    constexpr ReadySines() {
+        for (unsigned k = 0; k <= 1u << kReadyOrder >> 2; ++k) value[k] = sine_of(k, kReadyOrder);
+    }
+};
+constexpr ReadySines kReady;
+
 // The circle in 2^order steps.
 template <class R>
 class Circle {
@@ -32,11 +51,10 @@ public:
     explicit Circle(int order) : order_(order), quarter_(1u << order >> 2) {
         sine_ = allocate<R>(quarter_ + 1);
         if (!sine_) return;
-        // Each value from the half of the quadrant where its function is well conditioned.
-        const double step = 6.283185307179586 / (1u << order);
         for (unsigned k = 0; k <= quarter_; ++k)
             sine_[k] =
-                static_cast<R>(k <= quarter_ / 2 ? sin(k * step) : cos((quarter_ - k) * step));
+                static_cast<R>(order <= kReadyOrder ? kReady.value[k << (kReadyOrder - order)]
+                                                    : sine_of(k, order));
     }
     ~Circle() { tavsFree(sine_); }
     Circle(const Circle&) = delete;
@@ -50,7 +68,7 @@ public:
     complex_t<R> twiddle(unsigned exponent, int order) const {
         const unsigned k = exponent << (order_ - order), within = k & (quarter_ - 1);
         const R c = sine_[quarter_ - within], s = sine_[within];
-        switch (k / quarter_) {
+        switch (k >> (order_ - 2)) {
         case 0:
             return {c, -s};
         case 1:
@@ -68,20 +86,15 @@ private:
     R* sine_;
 };
 
-// Four twiddles the way the kernels read them: 64 bits as they are, 32 bits as four real parts, then
-// four imaginary parts.
-template <class R>
-complex_t<R>* put_four(complex_t<R>* out, const complex_t<R> (&value)[4]) {
-    R* part = &out->re;
-    for (int j = 0; j < 4; ++j) {
-        if constexpr (sizeof(R) == 4) {
-            part[j] = value[j].re;
-            part[j + 4] = value[j].im;
-        } else {
-            out[j] = value[j];
-        }
-    }
-    return out + 4;
+// Twiddle j of a group of four as the kernels read it: 64 bits as it is, 32 bits as four real parts,
+// then four imaginary parts.
+inline void put(cfloat* group, unsigned j, cfloat value) {
+    float* const part = &group->re;
+    part[j] = value.re;
+    part[j + 4] = value.im;
+}
+inline void put(cdouble* group, unsigned j, cdouble value) {
+    group[j] = value;
 }
 
 // Places the tables of the engine one behind the other, each on a 16-byte boundary. Without a block
@@ -173,9 +186,8 @@ private:
 
     // W^(power (k + j)), j from 0 to 3.
     C* run(C* out, unsigned k, unsigned power, int order) {
-        C value[4];
-        for (unsigned j = 0; j < 4; ++j) value[j] = circle_->twiddle(power * (k + j), order);
-        return put_four<R>(out, value);
+        for (unsigned j = 0; j < 4; ++j) put(out, j, circle_->twiddle(power * (k + j), order));
+        return out + 4;
     }
 
     C* product_table(int m, int s) {
@@ -185,10 +197,9 @@ private:
         for (unsigned column = 0; column < 1u << (m - s); column += 4)
             for (unsigned row = 0; row < 1u << s; ++row) {
                 const unsigned offset = reverse_bits(row, s);
-                C value[4];
                 for (unsigned j = 0; j < 4; ++j)
-                    value[j] = circle_->twiddle(offset * (column + j), m);
-                out = put_four<R>(out, value);
+                    put(out, j, circle_->twiddle(offset * (column + j), m));
+                out += 4;
             }
         return table;
     }

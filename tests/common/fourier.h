@@ -58,10 +58,11 @@ inline void split_transform(const Wide* x, size_t n, size_t step, const Spectrum
         split_transform(x + j * step, m, step * p, roots, part.data() + j * m);
     for (size_t k = 0; k < n; ++k) {
         Wide sum = 0;
-        for (size_t j = 0; j < p; ++j) {
-            const Wide a = part[j * m + k % m], w = roots[j * k % n * step];
+        for (size_t j = 0, exponent = 0; j < p; ++j) { // j k mod n
+            const Wide a = part[j * m + k % m], w = roots[exponent * step];
             sum += Wide(a.real() * w.real() - a.imag() * w.imag(),
                         a.real() * w.imag() + a.imag() * w.real());
+            exponent += exponent + k < n ? k : k - n;
         }
         out[k] = sum;
     }
