@@ -14,11 +14,13 @@ using vor::Numbers;
 enum class Op { n, t, c };
 enum class Prefetch { no, yes };
 
-// The lines of a strip of each column, from the third on, past the caches that keep.
+// The lines of a strip of each column, from the second on, past the caches that keep.
 template <int columns, class T>
 [[gnu::always_inline]] inline void prefetch_strip(const Columns<columns, T>& a) {
-    constexpr int kLine = 32, kBytes = kStripRows * sizeof(T);
-    for (int at = 2 * kLine; at < kBytes; at += kLine)
+    constexpr int kLine = 64, kBytes = kStripRows * sizeof(T);
+#pragma GCC unroll 16
+    for (int at = kLine; at < kBytes; at += kLine)
+#pragma GCC unroll 4
         for (int q = 0; q < columns; ++q)
             _mm_prefetch(reinterpret_cast<const char*>(a.first[q]) + at, _MM_HINT_NTA);
 }

@@ -49,9 +49,9 @@ template <Order order = Order::down, int columns, class T, class V, class Y>
 #pragma GCC unroll 4
     for (int k = 0; k < rows; ++k) {
         const int i = row_of<order>(k, rows);
-        V sum = number<V>(a.first[0][i]) * t.of[0] + number<V>(y[i]);
+        V sum = factor<V>(a.first[0][i]) * t.of[0] + number<V>(y[i]);
 #pragma GCC unroll 4
-        for (int q = 1; q < columns; ++q) sum = sum + number<V>(a.first[q][i]) * t.of[q];
+        for (int q = 1; q < columns; ++q) sum = sum + factor<V>(a.first[q][i]) * t.of[q];
         y[i] = element<T>(sum);
     }
 }
@@ -65,8 +65,10 @@ template <class T, class Y>
 #pragma GCC unroll 2
         for (int i = 0; i < rows; ++i) {
             const T &first = a.first[0][i], &second = a.first[1][i];
-            y[i].*part = static_cast<real_t<T>>(u.re * first.re + y[i].*part + u.im * first.im +
-                                                v.re * second.re + v.im * second.im);
+            y[i].*part = static_cast<real_t<T>>(factor<long double>(first.re) * u.re + y[i].*part +
+                                                factor<long double>(first.im) * u.im +
+                                                factor<long double>(second.re) * v.re +
+                                                factor<long double>(second.im) * v.im);
         }
     };
     const auto &u = t.of[0], &v = t.of[1];
@@ -84,7 +86,7 @@ template <bool conjugate, Order order = Order::down, int columns, class T, class
         const V xi = number<V>(x[i]);
 #pragma GCC unroll 4
         for (int q = 0; q < columns; ++q)
-            s.of[q] = s.of[q] + product<conjugate>(number<V>(a.first[q][i]), xi);
+            s.of[q] = s.of[q] + product<conjugate>(factor<V>(a.first[q][i]), xi);
     }
 }
 
@@ -138,7 +140,7 @@ template <class A, class V, class X>
     using T = typename X::Element;
 #pragma GCC unroll 4
     for (int i = 0; i < rows; ++i)
-        a[i] = element<T>(product<false>(number<V>(x[i]), t) + number<V>(a[i]));
+        a[i] = element<T>(product<false>(factor<V>(x[i]), t) + number<V>(a[i]));
 }
 
 // a[i] += t x[i] + u y[i]
@@ -146,8 +148,8 @@ template <class T, class V, class X, class Y>
 [[gnu::always_inline]] inline void update_column(int rows, T* a, V t, X x, V u, Y y) {
 #pragma GCC unroll 2
     for (int i = 0; i < rows; ++i)
-        a[i] = element<T>(product<false>(number<V>(x[i]), t) + number<V>(a[i]) +
-                          product<false>(number<V>(y[i]), u));
+        a[i] = element<T>(product<false>(factor<V>(x[i]), t) + number<V>(a[i]) +
+                          product<false>(factor<V>(y[i]), u));
 }
 
 // ---- float, neighbours -------------------------------------------------------------------------
