@@ -61,8 +61,8 @@ template <Op op, int group, Prefetch prefetch, class T, class X, class Y>
 
 template <Op op, class T>
 void rest(int rows, int n, T alpha, const T* a, int lda, const T* x, int incx, T* y, int incy) {
-    // Complex columns keep to what the x87 stack holds.
-    constexpr int kGroup = !vor::is_complex<T> ? 4 : op == Op::n ? 2 : 1;
+    // Complex sums run singly: one fills the x87 stack.
+    constexpr int kGroup = vor::is_complex<T> && op != Op::n ? 1 : 4;
     if (incx == 1 && incy == 1)
         multiply<op, kGroup, Prefetch::no>(rows, n, alpha, a, lda,
                                            vor::Vector<const T, vor::Unit>{x, {}},
