@@ -1,34 +1,24 @@
 // Quotient and remainder of magnitudes, by the method that the sizes call for. Results may be
 // operands; the two results are different records.
 #include "gmp/divide_limb.h"
+#include "gmp/thresholds.h"
 
 using namespace vor;
 using namespace vor::gmp;
 
 namespace {
 
-constexpr int kSchoolbookDivisor = 32; // limbs
-constexpr int kShortQuotient = 8;      // limbs, of a longer divisor
-constexpr int kLocal = 256;
-
-void divide_by_limb(vor_mpz* q, vor_mpz* r, const vor_mpz* n, limb_t d, const char* function) {
-    const int ns = value_size(n);
-    limb_t rest = 0;
-    if (q) {
-        limb_t* const limbs = grow(q, ns, function);
-        if (ns) rest = vor_gmp_mpn_divmod_1(limbs, n->_mp_d, ns, d);
-        finish(q, ns, false);
-    } else if (ns) {
-        rest = vor_gmp_mpn_mod_1(n->_mp_d, ns, d);
-    }
-    if (r) vor_gmp___gmpz_set_ui(r, rest);
-}
+constexpr int kLocal = 256; // limbs of scratch on the stack
 
 // q or r may be null.
 void divide(vor_mpz* q, vor_mpz* r, const vor_mpz* n, const vor_mpz* d, const char* function) {
     const int ns = value_size(n), ds = value_size(d);
     if (ds == 0) divide_by_zero();
-    if (ds == 1) return divide_by_limb(q, r, n, d->_mp_d[0], function);
+    if (ds == 1) {
+        const limb_t rest = divide_magnitude(q, n, d->_mp_d[0], function);
+        if (r) vor_gmp___gmpz_set_ui(r, rest);
+        return;
+    }
     if (vor_gmp___gmpz_cmpabs(n, d) < 0) {
         if (r) vor_gmp___gmpz_abs(r, n);
         if (q) q->_mp_size = 0;

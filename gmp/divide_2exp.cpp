@@ -19,6 +19,7 @@ void high_part(vor_mpz* q, const vor_mpz* n, unsigned k, const char* function) {
         limbs[i] = static_cast<limb_t>((dlimb_t{above} << 32 | from[i]) >> k % 32);
     }
     finish(q, size, false);
+    clear_above(q, size);
 }
 
 // r = |n| mod 2^k
@@ -30,6 +31,7 @@ void low_part(vor_mpz* r, const vor_mpz* n, unsigned k, const char* function) {
     if (r != n) copy_limbs(limbs, n->_mp_d, size);
     if (k % 32) limbs[whole] &= (limb_t{1} << k % 32) - 1;
     finish(r, size, false);
+    clear_above(r, size);
 }
 
 // |r| = 2^k - |r|, for 0 < |r| < 2^k

@@ -29,6 +29,16 @@ inline bn::QuotientRemainder divide_preinv(limb_t nh, limb_t nl, limb_t d, limb_
     return {q, rest};
 }
 
+// q = floor(|n| / d); the remainder. d is not 0, q may be n, or null.
+inline limb_t divide_magnitude(vor_mpz* q, const vor_mpz* n, limb_t d, const char* function) {
+    const int ns = value_size(n);
+    if (!q) return ns ? vor_gmp_mpn_mod_1(n->_mp_d, ns, d) : 0;
+    limb_t* const limbs = grow(q, ns, function);
+    const limb_t rest = ns ? vor_gmp_mpn_divmod_1(limbs, n->_mp_d, ns, d) : 0;
+    finish(q, ns, false);
+    return rest;
+}
+
 // Divides as by zero on the processor: SIGFPE.
 [[noreturn]] inline void divide_by_zero() {
     limb_t quotient, rest;

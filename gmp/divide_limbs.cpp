@@ -3,6 +3,7 @@
 // Notation: nn and dn are the limbs of n and d, qn = nn - dn, B = 2^32. A divisor is normalised when
 // its top bit is set; operands are shifted left by so many bits as that takes.
 #include "gmp/divide_limb.h"
+#include "gmp/thresholds.h"
 
 using namespace vor;
 using namespace vor::gmp;
@@ -10,9 +11,7 @@ using namespace vor::gmp;
 namespace {
 
 constexpr int kLocal = 256;         // limbs of scratch on the stack
-constexpr int kShortQuotient = 8;   // limbs of a quotient that are found from the top of n and d
 constexpr int kTruncationFloor = 3; // limbs of d below the truncated part that correction needs
-constexpr int kBaseDivisor = 16;    // limbs at which recursion ends in schoolbook
 constexpr int kBlock = 8; // limbs of a block of the divisor, at least; below twice as many
 constexpr int kSmallestRecursive = 4 * kBlock;
 
@@ -96,7 +95,7 @@ VOR_ENGINE unsigned vor_gmp_mpl_divqr_long PARAMS_DIVQR_LONG {
     if (s) shift_up(shifted, d, dn, s);
     const limb_t top = divide_normalised(q, w, nn, s ? shifted : d, dn);
     shift_down(r, w, dn, s);
-    return top;
+    return q || nn > 2 ? top : 0; // without q, a single limb of quotient is not told
 }
 
 // The quotient of k limbs is that of the top 2k limbs of n by the top k limbs of d, or a little less:
@@ -192,7 +191,7 @@ VOR_ENGINE void vor_gmp_mpl_divqr_dc PARAMS_DIVQR_DC {
     const int length = nn + padding + u; // of the shifted dividend
     int blocks = 2, whole = 2 * t;
     for (; whole < length; whole += t) ++blocks;
-    const bool small_top = whole != length && t + length - whole < kShortQuotient;
+    const bool small_top = whole != length && t + length - whole < kBlock;
 
     Limbs<0> scratch(uint64_t{2} * whole + t);
     clear_limbs(scratch, 2 * whole + t);

@@ -89,16 +89,8 @@ struct WordRemainder {
 WordRemainder divide_word(vor_mpz* q, const vor_mpz* n, limb_t d, Rounding rounding,
                           const char* function = __builtin_FUNCTION()) {
     if (d == 0) divide_by_zero();
-    const int ns = value_size(n);
     const bool minus = negative(n);
-    limb_t rest = 0;
-    if (q) {
-        limb_t* const limbs = grow(q, ns, function);
-        if (ns) rest = vor_gmp_mpn_divmod_1(limbs, n->_mp_d, ns, d);
-        finish(q, ns, false);
-    } else if (ns) {
-        rest = vor_gmp_mpn_mod_1(n->_mp_d, ns, d);
-    }
+    const limb_t rest = divide_magnitude(q, n, d, function);
     const bool away = rest != 0 && away_from_zero(rounding, minus);
     if (q) {
         if (away) increment_magnitude(q, function);

@@ -39,69 +39,77 @@ int64_t digits_in(int limbs, int width) {
 }
 
 // A transform length of at least n that is 8, 9, 10 or 12 times a power of two: lengths with larger
-// prime factors cost several times as much.
+// prime factors cost several times as much. A multiple of 4.
 int64_t transform_length(int64_t n) {
     constexpr int kFactors[] = {8, 9, 10, 12};
-    int64_t power = 1;
+    int64_t power = 4;
     while (16 * power < n) power *= 2;
     for (const int factor : kFactors)
         if (factor * power >= n) return factor * power;
     return 16 * power;
 }
 
-// f(i, digit) for the balanced digits of a.
-template <class F>
-void each_digit(const limb_t* a, int n, int width, F f) {
-    const unsigned last = static_cast<unsigned>(digits_in(n, width) - 1);
-    const int32_t base = int32_t{1} << width, half = base / 2;
-    dlimb_t bits = 0;
-    int held = 0, carry = 0, next = 0;
-    for (unsigned i = 0; i <= last; ++i) {
-        if (held < width && next < n) {
-            bits |= dlimb_t{a[next++]} << held;
-            held += 32;
-        }
-        int32_t digit = static_cast<int32_t>(bits & (base - 1)) + carry;
-        bits >>= width;
-        held -= width;
-        carry = (digit >= half) & (i != last);
-        digit -= carry << width;
-        f(i, digit);
+// The balanced digits of a into x, zeros above up to x[length).
+void split(double* x, int length, const limb_t* a, int n, int width) {
+    const unsigned count = static_cast<unsigned>(digits_in(n, width));
+    const int32_t base = int32_t{1} << width;
+    const limb_t mask = static_cast<limb_t>(base - 1);
+    int32_t carry = 0;
+    unsigned bit = 0; // n < 2^27, since the transform is not too long
+    for (unsigned i = 0; i < count; ++i, bit += static_cast<unsigned>(width)) {
+        const int k = static_cast<int>(bit / 32);
+        const dlimb_t above = k + 1 < n ? a[k + 1] : 0;
+        const limb_t window = static_cast<limb_t>((above << 32 | a[k]) >> bit % 32);
+        const int32_t digit = static_cast<int32_t>(window & mask) + carry;
+        carry = (digit + base / 2) >> width;
+        x[i] = digit - carry * base;
     }
+    x[count - 1] += carry * base;
+    memset(x + count, 0, (static_cast<unsigned>(length) - count) * sizeof(double));
 }
 
-// The Euclidean length of the digits of any operand of n limbs, and of this one.
+// The largest Euclidean length of the digits of any operand of n limbs.
 long double largest_norm(int n, int width) {
     const long double most = static_cast<long double>(int64_t{1} << (width - 1));
     // The top digit is up to twice as large as the others.
     return most * __builtin_sqrtl(static_cast<long double>(digits_in(n, width) + 3));
 }
 
-long double norm(const limb_t* a, int n, int width) {
-    uint64_t squares = 0; // below 2^63: 2^32 digits of 30 bits would be 2^62
-    each_digit(a, n, width, [&](unsigned, int32_t digit) {
-        squares += static_cast<uint64_t>(int64_t{digit} * digit);
-    });
-    return __builtin_sqrtl(static_cast<long double>(squares));
+// The Euclidean length of the digits at hand, in four sums that do not wait for each other. n is a
+// multiple of 4. The error of the sums, below n 2^-64, does not count against kErrorLimit.
+long double norm(const double* x, int n) {
+    long double squares[4] = {};
+    for (int i = 0; i < n; i += 4)
+        for (int k = 0; k < 4; ++k) squares[k] += static_cast<long double>(x[i + k]) * x[i + k];
+    return __builtin_sqrtl(squares[0] + squares[1] + squares[2] + squares[3]);
 }
 
-// r = sum of round(x[i]) 2^(width i) over n limbs. The coefficients are below 2^49.
+long double nearest_integer(long double x) {
+    constexpr long double kRounder = 0x1.8p63L; // one unit in its last place is 1
+    return x + kRounder - kRounder;
+}
+
+// r = sum of round(x[i]) 2^(width i) over n limbs, two coefficients at a time. They are below |x| |y|,
+// which the bound on the error keeps below 2^46: two of them and a carry stay below 2^63. Behind the
+// last one x goes on with zeros, as far as a pair reaches.
 void join(limb_t* r, int n, const double* x, int digits, int width) {
-    constexpr double kRounder = 0x1.8p52; // adding it leaves the nearest integer in the low bits
-    constexpr int64_t kRounderBits = 0x4338000000000000;
+    const long double base = static_cast<long double>(1 << width);
+    const limb_t mask = ~limb_t{0} >> (32 - 2 * width);
     int64_t carry = 0;
     dlimb_t bits = 0;
     int held = 0, next = 0;
-    for (int i = 0; next < n; ++i) {
+    for (int i = 0; next < n; i += 2) {
         if (i < digits) {
-            const double shifted = x[i] + kRounder;
-            int64_t coefficient;
-            memcpy(&coefficient, &shifted, sizeof coefficient);
-            carry += coefficient - kRounderBits;
+            int64_t pair;
+            asm("fistpll %0"
+                : "=m"(pair)
+                : "t"(nearest_integer(x[i + 1]) * base + nearest_integer(x[i]))
+                : "st");
+            carry += pair;
         }
-        bits |= static_cast<dlimb_t>(carry & ((int64_t{1} << width) - 1)) << held;
-        carry >>= width;
-        held += width;
+        bits |= dlimb_t{static_cast<limb_t>(carry) & mask} << held;
+        carry >>= 2 * width;
+        held += 2 * width;
         if (held < 32) continue;
         r[next++] = static_cast<limb_t>(bits);
         bits >>= 32;
@@ -136,14 +144,12 @@ private:
     bool ready_;
 };
 
-// Two arrays for a transform of length n in its packed format, zero from the start.
+// Two arrays for a transform of length n in its packed format.
 class Samples {
 public:
     explicit Samples(int n) : bytes_(2 * (static_cast<unsigned>(n) + 2) * sizeof(double)) {
         x = static_cast<double*>(vor_gmp_vor_gmp_allocate(bytes_));
-        if (!x) return;
-        y = x + n + 2;
-        memset(x, 0, bytes_);
+        if (x) y = x + n + 2;
     }
     ~Samples() {
         if (x) vor_gmp_vor_gmp_free(x, bytes_);
@@ -174,10 +180,9 @@ bool convolve(double* x, double* y, int n) {
     return transform.backward(x);
 }
 
-// Factors and places of a product, the transform that its digits need, and the proof.
+// The transform that the digits of a product need, and the proof that it is exact.
 struct Plan {
-    const limb_t *a, *b;
-    int an, bn;
+    int an, bn; // limbs of the factors
 
     int64_t product_digits(int width) const {
         return digits_in(an, width) + digits_in(bn, width) - 1;
@@ -187,16 +192,13 @@ struct Plan {
         const long double levels = log2(static_cast<double>(length(width)));
         return norms * (12 * levels + 32) * 0x1p-53L < kErrorLimit;
     }
-    bool proved(int width) const {
-        const long double largest = largest_norm(an, width) * largest_norm(bn, width);
-        if (proved(width, largest)) return true;
-        // Of random digits the norms are a third of the largest; for less they are not worth a look.
-        return proved(width, largest / 4) && proved(width, norm(a, an, width) * norm(b, bn, width));
+    long double largest(int width) const {
+        return largest_norm(an, width) * largest_norm(bn, width);
     }
-    // The widest digits for which the error stays below the limit.
-    int width() const {
-        int width = kWidestDigit;
-        while (width > kNarrowestDigit && !proved(width)) --width;
+    // The widest digits up to `width` that may do. The norms of random digits are a third of the
+    // largest; for less than a quarter they are not worth a look.
+    int promising(int width) const {
+        while (width > kNarrowestDigit && !proved(width, largest(width) / 4)) --width;
         return width;
     }
 };
@@ -204,20 +206,24 @@ struct Plan {
 } // namespace
 
 bool fourier_product(limb_t* r, const limb_t* a, int an, const limb_t* b, int bn) {
-    const Plan plan{a, b, an, bn};
-    const int width = plan.width();
-    const int64_t length = plan.length(width);
-    if (length > kLongestTransform) return false;
-    const int n = static_cast<int>(length);
-    Samples samples(n);
-    if (!samples.x) return false;
+    const Plan plan{an, bn};
     const bool square = a == b && an == bn;
-    double *const x = samples.x, *const y = square ? x : samples.y;
-    each_digit(a, an, width, [x](unsigned i, int32_t digit) { x[i] = digit; });
-    if (!square) each_digit(b, bn, width, [y](unsigned i, int32_t digit) { y[i] = digit; });
-    if (!convolve(x, y, n)) return false;
-    join(r, an + bn, x, static_cast<int>(plan.product_digits(width)), width);
-    return true;
+    for (int width = plan.promising(kWidestDigit);; width = plan.promising(width - 1)) {
+        const int64_t length = plan.length(width);
+        if (length > kLongestTransform) return false;
+        const int n = static_cast<int>(length);
+        Samples samples(n);
+        if (!samples.x) return false;
+        double *const x = samples.x, *const y = square ? x : samples.y;
+        split(x, n, a, an, width);
+        if (!square) split(y, n, b, bn, width);
+        if (width > kNarrowestDigit && !plan.proved(width, plan.largest(width)) &&
+            !plan.proved(width, norm(x, n) * norm(y, n)))
+            continue;
+        if (!convolve(x, y, n)) return false;
+        join(r, an + bn, x, static_cast<int>(plan.product_digits(width)), width);
+        return true;
+    }
 }
 
 } // namespace vor::gmp

@@ -1,16 +1,14 @@
 // The product of limb arrays by a ladder of methods: schoolbook, Karatsuba's, Fourier transforms.
 #include "gmp/bn/fixed_product.h"
 #include "gmp/fourier.h"
+#include "gmp/thresholds.h"
 
 using namespace vor;
 using namespace vor::gmp;
 
 namespace {
 
-constexpr int kSchoolbookSum = 32;    // limbs of both operands together that go by schoolbook
-constexpr int kSchoolbookLength = 16; // below, recursion costs more than the products it saves
-constexpr int kFourierLength = 4096;  // from here on transforms are faster
-constexpr int kLocalHalf = 64;        // longest half whose scratch lives on the stack
+constexpr int kLocalHalf = 64; // limbs of the longest half whose scratch lives on the stack
 
 // s = x1 + x0, with x = (x0, x1) of l and m limbs, m = l or l + 1; the carry.
 limb_t sum_of_halves(limb_t* s, const limb_t* x, int l, int m) {

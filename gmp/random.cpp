@@ -34,6 +34,7 @@ void uniform(vor_mpz* r, const vor_randstate* state, uint64_t bits,
     const int n = bits_to_limbs(bits);
     draw(grow(r, n, function), state, n, bits);
     finish(r, n, false);
+    clear_above(r, n);
 }
 
 // A bit of the draw, and the length of its run: the four bits above, of which the next is worth most.
@@ -67,6 +68,7 @@ void runs(vor_mpz* r, const vor_randstate* state, uint64_t bits,
     draw(grow(r, n, function), state, n, bits);
     Runs(r->_mp_d, bits).spread();
     finish(r, n, false);
+    clear_above(r, n);
 }
 
 using Distribution = void (*)(vor_mpz*, const vor_randstate*, uint64_t, const char*);

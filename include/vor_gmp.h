@@ -8,6 +8,9 @@
  * that is an operand only is not changed. (Two threads may read one record at the same time, but for
  * __gmpz_sizeinbase on a record with zero limbs on top, which drops them.)
  *
+ * Null. No pointer may be null, but for a block that is freed or reallocated, and the quotients of limb
+ * arrays where this is said. No pointer is tested: a null one faults.
+ *
  * Failures. A division by zero raises SIGFPE, as the processor's own division does, before any
  * result has changed. When memory runs out, or a result would be larger than the address space, one
  * line on stderr names the function and the size, and the process aborts. Nothing else is reported.
@@ -89,12 +92,14 @@ VOR_SPELLINGS(void, __gmpz_realloc2, __GMPZ_REALLOC2, (vor_mpz * x, unsigned bit
 
 /* ---- Assignment and queries -------------------------------------------------------------------- */
 
+/* r = a, v; the initialisers make the record as well, and must not be given a live one. */
 VOR_SPELLINGS(void, __gmpz_set, __GMPZ_SET, (vor_mpz * r, const vor_mpz* a))
 VOR_SPELLINGS(void, __gmpz_set_ui, __GMPZ_SET_UI, (vor_mpz * r, unsigned v))
 VOR_SPELLINGS(void, __gmpz_set_si, __GMPZ_SET_SI, (vor_mpz * r, int v))
 VOR_SPELLINGS(void, __gmpz_init_set, __GMPZ_INIT_SET, (vor_mpz * r, const vor_mpz* a))
 VOR_SPELLINGS(void, __gmpz_init_set_ui, __GMPZ_INIT_SET_UI, (vor_mpz * r, unsigned v))
 VOR_SPELLINGS(void, __gmpz_init_set_si, __GMPZ_INIT_SET_SI, (vor_mpz * r, int v))
+/* Exchanges two values, without a copy of limbs; r = -a; r = |a|. */
 VOR_SPELLINGS(void, __gmpz_swap, __GMPZ_SWAP, (vor_mpz * a, vor_mpz* b))
 VOR_SPELLINGS(void, __gmpz_neg, __GMPZ_NEG, (vor_mpz * r, const vor_mpz* a))
 VOR_SPELLINGS(void, __gmpz_abs, __GMPZ_ABS, (vor_mpz * r, const vor_mpz* a))
@@ -128,6 +133,8 @@ VOR_SPELLINGS(int, __gmpz_cmpabs_d, __GMPZ_CMPABS_D, (const vor_mpz* a, double d
 
 /* ---- Sums and products -------------------------------------------------------------------------- */
 
+/* r = a + b, a - b, a + v, a - v, v - a, a * b, a * v, exact, with their signs; v is as signed as its
+ * type. */
 VOR_SPELLINGS(void, __gmpz_add, __GMPZ_ADD, (vor_mpz * r, const vor_mpz* a, const vor_mpz* b))
 VOR_SPELLINGS(void, __gmpz_sub, __GMPZ_SUB, (vor_mpz * r, const vor_mpz* a, const vor_mpz* b))
 VOR_SPELLINGS(void, __gmpz_add_ui, __GMPZ_ADD_UI, (vor_mpz * r, const vor_mpz* a, unsigned v))
@@ -301,7 +308,8 @@ VOR_SPELLINGS(unsigned, __gmpn_add_1, __GMPN_ADD_1,
               (unsigned* r, const unsigned* a, int n, unsigned v))
 VOR_SPELLINGS(unsigned, __gmpn_sub_1, __GMPN_SUB_1,
               (unsigned* r, const unsigned* a, int n, unsigned v))
-/* r = r + a * v, r = r - a * v over n limbs; r may be a. The carry or borrow limb; 0 for n = 0. */
+/* r = r + a * v, r = r - a * v over n limbs; r may be a. The carry or borrow limb; 0 for n = 0.
+ * __gmpn_cmp: 1, 0, -1. */
 VOR_SPELLINGS(unsigned, __gmpn_addmul_1, __GMPN_ADDMUL_1,
               (unsigned* r, const unsigned* a, int n, unsigned v))
 VOR_SPELLINGS(unsigned, __gmpn_submul_1, __GMPN_SUBMUL_1,
@@ -333,8 +341,8 @@ VOR_SPELLINGS(unsigned, mpn_mod_1, MPN_MOD_1, (const unsigned* n, int nn, unsign
 /* Division of nn by dn limbs, nn >= dn, d without a zero limb on top. q apart from n and d, r apart
  * from q.
  *   mpl_divqr_long  schoolbook; quotient limbs 0 to nn - dn - 1 into q (for dn = 1 all nn), which may
- *                   be null, limb nn - dn is the result (0 for dn = 1 without q); r, dn limbs, may
- *                   be n
+ *                   be null, limb nn - dn is the result (without q: 0 for dn = 1 and for nn = 2); r,
+ *                   dn limbs, may be n
  *   mpl_divqr_dc    recursive; q, nn - dn + 1 limbs, and qsize may be null together
  *   mpl_divqr_sq    for a short quotient, q of nn - dn + 2 limbs; n becomes the remainder; its size
  *   mpl_divq_sq     the quotient only, q of nn - dn + 2 limbs; the quotient's size; n is not changed

@@ -32,8 +32,7 @@ extern "C" double vor_serv_getcpufrequency_clock() {
 }
 
 extern "C" double GETCPUFREQUENCY_CPUINFO() {
-    constexpr int kLine =
-        110; // terminator included; the rest of a longer line is a line of its own
+    constexpr int kLine = 110; // with terminator; the rest of a longer line is a line of its own
     FILE* file = fopen("/proc/cpuinfo", "r");
     if (!file) return kNotTold;
     double frequency = kNotTold;

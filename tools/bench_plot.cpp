@@ -1,4 +1,5 @@
-// The picture of a bench run, panels one above the other: shares of the limits, ratios, rates over n.
+// The picture of a bench run, panels one above the other: shares of the limits, ratios, rates over n
+// and, for cases without a limit, times over n.
 #include "tools/bench_report.h"
 #include "tools/failure.h"
 #include "tools/gnuplot.h"
@@ -26,6 +27,8 @@ struct Point {
 struct Series {
     std::string title;
     std::vector<Point> points;
+    size_t colour;
+    int dashes; // 1 solid, more for the curves of rivals, in the colour of what they are compared with
 };
 
 using Panel = std::vector<Series>;
@@ -47,10 +50,10 @@ bool split_size(const std::string& name, std::string* curve, double* n) {
     return found;
 }
 
-Panel by_title(const std::map<std::string, std::vector<Point>>& series, size_t least_points) {
+Panel by_title(const std::map<std::string, std::vector<Point>>& series) {
     Panel panel;
     for (const auto& [title, points] : series)
-        if (points.size() >= least_points) panel.push_back({title, points});
+        panel.push_back({title, points, panel.size() + 1, 1});
     return panel;
 }
 
@@ -61,7 +64,7 @@ Panel shares(const std::vector<Measurement>& all) {
         if (m.limit != Limit::none)
             series[bench::name_of(m.limit) + std::string(" limit")].push_back(
                 {x++, m.share, m.name});
-    return by_title(series, 1);
+    return by_title(series);
 }
 
 Panel ratios(const std::vector<Measurement>& all) {
@@ -71,20 +74,46 @@ Panel ratios(const std::vector<Measurement>& all) {
         for (const bench::Ratio& r : m.ratios) series[r.name].push_back({x, r.ratio, m.name});
         x += m.ratios.empty() ? 0 : 1;
     }
-    return by_title(series, 1);
+    return by_title(series);
 }
 
-Panel curves(const std::vector<Measurement>& all) {
-    std::map<std::string, std::vector<Point>> series;
+// A curve for each name without its n, and one for each of its rivals.
+template <class F>
+Panel curves(const std::vector<Measurement>& all, bool limited, F value) {
+    using Title = std::pair<std::string, std::string>; // of the case, of the rival
+    std::map<Title, std::vector<Point>> series;
+    std::map<std::string, int> dashes{{"", 1}};
     std::string curve;
     double n = 0;
-    for (const Measurement& m : all)
-        if (m.limit != Limit::none && split_size(m.name, &curve, &n))
-            series[curve].push_back({n, m.work / m.seconds * 1e-9, ""});
-    for (auto& [title, points] : series)
+    for (const Measurement& m : all) {
+        if ((m.limit != Limit::none) != limited || !split_size(m.name, &curve, &n)) continue;
+        series[{curve, ""}].push_back({n, value(m, m.seconds), ""});
+        for (const bench::Ratio& r : m.ratios) {
+            series[{curve, r.name}].push_back({n, value(m, r.seconds), ""});
+            dashes.emplace(r.name, static_cast<int>(dashes.size()) + 1);
+        }
+    }
+    Panel panel;
+    size_t colour = 0;
+    for (auto& [title, points] : series) {
+        const auto& [name, rival] = title;
+        if (rival.empty()) ++colour;
+        if (points.size() < 2) continue;
         std::sort(points.begin(), points.end(),
                   [](const Point& a, const Point& b) { return a.x < b.x; });
-    return by_title(series, 2);
+        panel.push_back(
+            {rival.empty() ? name : name + ": " + rival, points, colour, dashes.at(rival)});
+    }
+    return panel;
+}
+
+Panel rates(const std::vector<Measurement>& all) {
+    return curves(all, true,
+                  [](const Measurement& m, double seconds) { return m.work / seconds * 1e-9; });
+}
+
+Panel times(const std::vector<Measurement>& all) {
+    return curves(all, false, [](const Measurement&, double seconds) { return seconds * 1e6; });
 }
 
 double last_x(const Panel& panel) {
@@ -110,13 +139,16 @@ public:
         }
         body_ << "\n";
     }
-    void lines(const Panel& panel) {
+    // Values over n, which has a logarithmic scale.
+    void lines(const Panel& panel, const std::string& ylabel, const std::string& scale) {
         if (panel.empty()) return;
-        begin(panel, "1e9 operations, bytes or products a second");
+        begin(panel, ylabel);
         body_ << "set xtics norotate autofreq font ',10'\nset grid\nset logscale x\n"
-              << "set xlabel 'n'\nset yrange [0:*]\nplot ";
+              << "set xlabel 'n'\n"
+              << scale << "\nplot ";
         for (size_t i = 0; i < panel.size(); ++i) {
-            body_ << (i ? ", " : "") << data(i) << " using 1:2 with linespoints pt 7 ps 0.5";
+            body_ << (i ? ", " : "") << data(i) << " using 1:2 with linespoints pt 7 ps 0.5"
+                  << " dt " << panel[i].dashes;
             end(panel, i);
         }
         body_ << "\n";
@@ -144,7 +176,7 @@ private:
         return "$data_" + std::to_string(panels_) + "_" + std::to_string(i);
     }
     void end(const Panel& panel, size_t i) {
-        body_ << " lc " << i + 1 << " title " << gnuplot_text(panel[i].title);
+        body_ << " lc " << panel[i].colour << " title " << gnuplot_text(panel[i].title);
     }
 
     int panels_ = 0;
@@ -157,7 +189,8 @@ void write_plot(const std::string& file, const std::vector<Measurement>& all) {
     Script script;
     script.cases(shares(all), "share of the limit", "set yrange [0:*]", "boxes");
     script.cases(ratios(all), "others' time / own time", "set logscale y", "points pt 7");
-    script.lines(curves(all));
+    script.lines(rates(all), "1e9 operations, bytes or products a second", "set yrange [0:*]");
+    script.lines(times(all), "microseconds a call", "set logscale y");
     if (script.panels() == 0) throw Failure("--plot: these cases have no share, no ratio, no n");
     const int width =
         std::clamp(300 + kWidthOfCase * static_cast<int>(all.size()), kLeastWidth, kMostWidth);

@@ -16,7 +16,8 @@ void print_summary(const std::vector<bench::Measurement>& all);
 // One row for each case, and one for each of its ratios. Throws Failure if the file cannot be written.
 void write_csv(const std::string& file, const std::vector<bench::Measurement>& all);
 
-// Shares and ratios by case; rates over n where names have a part "n=". Throws Failure.
+// Shares and ratios by case; rates or times over n, beside those of the rivals, where names have a
+// part "n=". Throws Failure.
 void write_plot(const std::string& file, const std::vector<bench::Measurement>& all);
 
 } // namespace vor::tool

@@ -1,50 +1,11 @@
 // Products of square matrices: shares of the unit that bounds them, for every pair of letters; small
 // ones beside a plain loop.
+#include "bench/blas/square.h"
 #include "bench/common/families.h"
-#include "serv/element.h"
-
-#include <memory>
 
 namespace vor::bench {
 
 namespace {
-
-template <class T>
-using Gemm = void(const char*, const char*, const int*, const int*, const int*, const T*, const T*,
-                  const int*, const T*, const int*, const T*, T*, const int*, int, int);
-
-// C := A B + 0 C: however often it is repeated, nothing grows.
-template <class T>
-struct Matrices {
-    explicit Matrices(int order)
-        : n(order), a(size_t(order) * size_t(order)), b(a.size()), c(a.size()) {
-        for (auto* matrix : {&a, &b})
-            for (size_t i = 0; i < matrix->size(); ++i)
-                reinterpret_cast<real_t<T>&>((*matrix)[i]) = real_t<T>(1) / real_t<T>(1 + i % 97);
-        reinterpret_cast<real_t<T>&>(one) = 1;
-    }
-    int n;
-    T one{}, zero{};
-    std::vector<T> a, b, c;
-};
-
-template <class T>
-Call repeat(Gemm<T>* f, std::string letters, int n) {
-    if (!f) return {};
-    const auto x = std::make_shared<Matrices<T>>(n);
-    return [=] {
-        f(&letters[0], &letters[1], &x->n, &x->n, &x->n, &x->one, x->a.data(), &x->n, x->b.data(),
-          &x->n, &x->zero, x->c.data(), &x->n, 1, 1);
-    };
-}
-
-template <class T>
-Binder gemm(char type, std::string letters, int n) {
-    return [=](const Library& library) {
-        return repeat(library.function<Gemm<T>>((std::string(1, type) + "gemm_").c_str()), letters,
-                      n);
-    };
-}
 
 template <class T>
 T multiply_add(T x, T y, T z) {
@@ -68,65 +29,70 @@ void plain_loop(const char*, const char*, const int* m, const int* n, const int*
         }
 }
 
-struct Goal {
+struct Size {
     int n;
-    double extended_share, vector_share, extended_ratio, vector_ratio;
+    double extended_share = 0, vector_share = 0, extended_ratio = 0, vector_ratio = 0;
 };
 
-// Shares of the machine's rate, and ratios to a library with kernels for the same processor level.
-constexpr Goal kGoals[] = {{32, 0.85, 0.45, 0.9, 0.9},
+// Goals: shares of the machine's rate, and ratios to a library with kernels for the same processor level.
+// The sizes without goals fill the curve over n.
+constexpr Size kSizes[] = {{32, 0.85, 0.45, 0.9, 0.9},
+                           {64},
                            {100, 0.93, 0.58, 1.0, 1.0},
+                           {128},
+                           {200},
                            {256, 0.96, 0.63, 1.0, 1.05},
+                           {400},
                            {512, 0.96, 0.63, 1.0, 1.05},
+                           {700},
                            {1000, 0.96, 0.63, 1.0, 1.05}};
+constexpr int kSmallSizes[] = {1, 2, 3, 4, 6, 8, 12, 16};
+constexpr double kPlainRatio = 0.5;     // at most twice the time of a plain loop
 constexpr int kLevel = 256;             // from this size on no pair of letters may fall behind
 constexpr double kLevelRatio = 0.9;     // by more than this
 constexpr int kLargestOfAllPairs = 512; // of complex products, which take seconds above it
+constexpr int kThreadedSize = 1000;
 
 template <class T>
-void add_type(Suite& suite, char type) {
-    const bool extended = sizeof(real_t<T>) == 8;
-    const int operations = is_complex<T> ? 8 : 2;
-    const std::string formula = std::to_string(operations) + "n^3 operations";
-    for (const Goal& goal : kGoals)
-        for (const char* letters : {"NN", "TN", "NT", "TT"}) {
-            const bool first = std::string(letters) == "NN";
-            if (is_complex<T> && !first && goal.n > kLargestOfAllPairs) continue;
-            std::vector<Rival> rivals;
-            if (!is_complex<T> && !first && goal.n >= kLevel)
-                rivals.push_back(
-                    {.name = "NN", .bind = gemm<T>(type, "NN", goal.n), .goal = kLevelRatio});
-            suite.push_back(
-                {.name = std::string(1, type) + "gemm " + letters + " n=" + std::to_string(goal.n),
-                 .formula = formula,
-                 .work = double(operations) * goal.n * goal.n * goal.n,
-                 .limit = extended ? Limit::x87 : Limit::vector,
-                 .bind = gemm<T>(type, letters, goal.n),
-                 .goal = extended ? goal.extended_share : goal.vector_share,
-                 .rivals = rivals,
-                 .against_goal = extended ? goal.extended_ratio : goal.vector_ratio});
-        }
-    for (const int n : {1, 2, 3, 4, 6, 8, 12, 16})
-        suite.push_back(
-            {.name = std::string(1, type) + "gemm NN n=" + std::to_string(n),
-             .formula = formula,
-             .work = double(operations) * n * n * n,
-             .limit = Limit::none,
-             .bind = gemm<T>(type, "NN", n),
-             .rivals = {{.name = "plain loop",
-                         .bind = [n](const Library&) { return repeat(plain_loop<T>, "NN", n); },
-                         .goal = 0.5}}});
+Case product_case(char type, std::string letters, const Size& size) {
+    constexpr int operations = 2 * kComplexFactor<T>;
+    return {.name = std::string(1, type) + "gemm " + letters + " n=" + std::to_string(size.n),
+            .formula = std::to_string(operations) + "n^3 operations",
+            .work = double(operations) * size.n * size.n * size.n,
+            .limit = kUnit<T>,
+            .bind = gemm<T>(type, letters, size.n),
+            .goal = is_extended<T> ? size.extended_share : size.vector_share,
+            .rivals = {},
+            .against_goal = is_extended<T> ? size.extended_ratio : size.vector_ratio};
+}
+
+template <class T>
+void add_all_pairs(Suite& suite, char type, const Size& size) {
+    const bool curve_only = size.extended_share == 0;
+    suite.push_back(product_case<T>(type, "NN", size));
+    if (curve_only || (is_complex<T> && size.n > kLargestOfAllPairs)) return;
+    for (const char* letters : {"TN", "NT", "TT"}) {
+        suite.push_back(product_case<T>(type, letters, size));
+        if (!is_complex<T> && size.n >= kLevel)
+            suite.back().rivals.push_back(
+                {.name = "NN", .bind = gemm<T>(type, "NN", size.n), .goal = kLevelRatio});
+    }
 }
 
 } // namespace
 
 Suite gemm_cases() {
-    Suite suite;
-    add_type<float>(suite, 's');
-    add_type<double>(suite, 'd');
-    add_type<cfloat>(suite, 'c');
-    add_type<cdouble>(suite, 'z');
-    return suite;
+    return all_types([]<class T>(Suite& suite, char type) {
+        for (const int n : kSmallSizes) {
+            suite.push_back(product_case<T>(type, "NN", {n}));
+            suite.back().rivals.push_back(
+                {.name = "plain loop",
+                 .bind = [n](const Library&) { return repeat_product(plain_loop<T>, "NN", n); },
+                 .goal = kPlainRatio});
+        }
+        for (const Size& size : kSizes) add_all_pairs<T>(suite, type, size);
+        suite.push_back(on_two_threads(product_case<T>(type, "NN", {kThreadedSize})));
+    });
 }
 
 } // namespace vor::bench

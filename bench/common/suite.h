@@ -42,8 +42,8 @@ private:
     void* handle_;
 };
 
-// libvor_k1.so, which the program is linked with, free to use threads; and any other, whose global names stay its own. Both
-// throw std::runtime_error with the loader's text.
+// libvor_k1.so, which the program is linked with, free to use threads; and any other, whose global
+// names stay its own. Both throw std::runtime_error with the loader's text.
 Library own_library();
 Library other_library(const std::string& file);
 

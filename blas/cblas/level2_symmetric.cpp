@@ -4,6 +4,8 @@
 // Hermitian one the transpose is conj(A): products conjugate the vectors, updates take conjugated copies,
 //   conj(x x^H) = conj(x) conj(x)^H,
 //   conj(alpha x y^H + conj(alpha) y x^H) = alpha conj(y) conj(x)^H + conj(alpha) conj(x) conj(y)^H.
+//
+// `Ld... lda` is the leading dimension of a full triangle, and nothing for a packed one.
 #include "blas/cblas/conjugation.h"
 
 using namespace vor;
@@ -27,20 +29,20 @@ void product(const char* name, CBLAS_ORDER order, CBLAS_UPLO uplo, int n, Scalar
     entry(seen(order, uplo), alpha, x, incx, beta);
 }
 
-template <class T, class Entry>
+template <class T, class Entry, class... Ld>
 void symv(const char* name, Entry* entry, CBLAS_ORDER order, CBLAS_UPLO uplo, int n,
-          Scalar<T> alpha, const Array<T>* a, int lda, const Array<T>* x, int incx, Scalar<T> beta,
-          Array<T>* y, int incy) {
+          Scalar<T> alpha, const Array<T>* x, int incx, Scalar<T> beta, Array<T>* y, int incy,
+          const Array<T>* a, Ld... lda) {
     if (unfit(name, {{is_order(order), 1},
                      {is_uplo(uplo), 2},
                      {n >= 0, 3},
-                     {leads(lda, n), 6},
-                     {incx != 0, 8},
-                     {incy != 0, 11}}))
+                     {(leads(lda, n) && ...), 6},
+                     {incx != 0, 7 + sizeof...(lda)},
+                     {incy != 0, 10 + sizeof...(lda)}}))
         return;
     product<T>(name, order, uplo, n, alpha, x, incx, beta, y, incy,
                [&](const char* half, const auto& alpha_, auto x_, int incx_, const auto& beta_) {
-                   call(entry, half, n, alpha_, a, lda, x_, incx_, beta_, y, incy);
+                   call(entry, half, n, alpha_, a, lda..., x_, incx_, beta_, y, incy);
                });
 }
 
@@ -62,22 +64,6 @@ void sbmv(const char* name, Entry* entry, CBLAS_ORDER order, CBLAS_UPLO uplo, in
                });
 }
 
-template <class T, class Entry>
-void spmv(const char* name, Entry* entry, CBLAS_ORDER order, CBLAS_UPLO uplo, int n,
-          Scalar<T> alpha, const Array<T>* ap, const Array<T>* x, int incx, Scalar<T> beta,
-          Array<T>* y, int incy) {
-    if (unfit(name, {{is_order(order), 1},
-                     {is_uplo(uplo), 2},
-                     {n >= 0, 3},
-                     {incx != 0, 7},
-                     {incy != 0, 10}}))
-        return;
-    product<T>(name, order, uplo, n, alpha, x, incx, beta, y, incy,
-               [&](const char* half, const auto& alpha_, auto x_, int incx_, const auto& beta_) {
-                   call(entry, half, n, alpha_, ap, x_, incx_, beta_, y, incy);
-               });
-}
-
 // A := A + alpha * x * x^H: entry(letter, x, incx) calls it.
 template <class T, class Entry>
 void update(const char* name, CBLAS_ORDER order, CBLAS_UPLO uplo, int n, const Array<T>* x,
@@ -91,27 +77,17 @@ void update(const char* name, CBLAS_ORDER order, CBLAS_UPLO uplo, int n, const A
     entry(seen(order, uplo), x, incx);
 }
 
-template <class T, class Entry>
+template <class T, class Entry, class... Ld>
 void syr(const char* name, Entry* entry, CBLAS_ORDER order, CBLAS_UPLO uplo, int n, real_t<T> alpha,
-         const Array<T>* x, int incx, Array<T>* a, int lda) {
+         const Array<T>* x, int incx, Array<T>* a, Ld... lda) {
     if (unfit(name, {{is_order(order), 1},
                      {is_uplo(uplo), 2},
                      {n >= 0, 3},
-                     {leads(lda, n), 8},
+                     {(leads(lda, n) && ...), 8},
                      {incx != 0, 6}}))
         return;
     update<T>(name, order, uplo, n, x, incx, [&](const char* half, auto x_, int incx_) {
-        call(entry, half, n, alpha, x_, incx_, a, lda);
-    });
-}
-
-template <class T, class Entry>
-void spr(const char* name, Entry* entry, CBLAS_ORDER order, CBLAS_UPLO uplo, int n, real_t<T> alpha,
-         const Array<T>* x, int incx, Array<T>* ap) {
-    if (unfit(name, {{is_order(order), 1}, {is_uplo(uplo), 2}, {n >= 0, 3}, {incx != 0, 6}}))
-        return;
-    update<T>(name, order, uplo, n, x, incx, [&](const char* half, auto x_, int incx_) {
-        call(entry, half, n, alpha, x_, incx_, ap);
+        call(entry, half, n, alpha, x_, incx_, a, lda...);
     });
 }
 
@@ -130,35 +106,20 @@ void update2(const char* name, CBLAS_ORDER order, CBLAS_UPLO uplo, int n, const 
     entry(seen(order, uplo), x, incx, y, incy);
 }
 
-template <class T, class Entry>
+template <class T, class Entry, class... Ld>
 void syr2(const char* name, Entry* entry, CBLAS_ORDER order, CBLAS_UPLO uplo, int n,
           Scalar<T> alpha, const Array<T>* x, int incx, const Array<T>* y, int incy, Array<T>* a,
-          int lda) {
+          Ld... lda) {
     if (unfit(name, {{is_order(order), 1},
                      {is_uplo(uplo), 2},
                      {n >= 0, 3},
-                     {leads(lda, n), 10},
+                     {(leads(lda, n) && ...), 10},
                      {incx != 0, 6},
                      {incy != 0, 8}}))
         return;
     update2<T>(name, order, uplo, n, x, incx, y, incy,
                [&](const char* half, auto x_, int incx_, auto y_, int incy_) {
-                   call(entry, half, n, alpha, x_, incx_, y_, incy_, a, lda);
-               });
-}
-
-template <class T, class Entry>
-void spr2(const char* name, Entry* entry, CBLAS_ORDER order, CBLAS_UPLO uplo, int n,
-          Scalar<T> alpha, const Array<T>* x, int incx, const Array<T>* y, int incy, Array<T>* ap) {
-    if (unfit(name, {{is_order(order), 1},
-                     {is_uplo(uplo), 2},
-                     {n >= 0, 3},
-                     {incx != 0, 6},
-                     {incy != 0, 8}}))
-        return;
-    update2<T>(name, order, uplo, n, x, incx, y, incy,
-               [&](const char* half, auto x_, int incx_, auto y_, int incy_) {
-                   call(entry, half, n, alpha, x_, incx_, y_, incy_, ap);
+                   call(entry, half, n, alpha, x_, incx_, y_, incy_, a, lda...);
                });
 }
 
@@ -170,7 +131,7 @@ extern "C" {
     void cblas_##full(CBLAS_ORDER order, CBLAS_UPLO uplo, int n, Scalar<T> alpha,                  \
                       const Array<T>* a, int lda, const Array<T>* x, int incx, Scalar<T> beta,     \
                       Array<T>* y, int incy) {                                                     \
-        symv<T>("cblas_" #full, full, order, uplo, n, alpha, a, lda, x, incx, beta, y, incy);      \
+        symv<T>("cblas_" #full, full, order, uplo, n, alpha, x, incx, beta, y, incy, a, lda);      \
     }                                                                                              \
     void cblas_##band(CBLAS_ORDER order, CBLAS_UPLO uplo, int n, int k, Scalar<T> alpha,           \
                       const Array<T>* a, int lda, const Array<T>* x, int incx, Scalar<T> beta,     \
@@ -180,7 +141,7 @@ extern "C" {
     void cblas_##packed(CBLAS_ORDER order, CBLAS_UPLO uplo, int n, Scalar<T> alpha,                \
                         const Array<T>* ap, const Array<T>* x, int incx, Scalar<T> beta,           \
                         Array<T>* y, int incy) {                                                   \
-        spmv<T>("cblas_" #packed, packed, order, uplo, n, alpha, ap, x, incx, beta, y, incy);      \
+        symv<T>("cblas_" #packed, packed, order, uplo, n, alpha, x, incx, beta, y, incy, ap);      \
     }
 PRODUCTS(float, ssymv, ssbmv, sspmv)
 PRODUCTS(double, dsymv, dsbmv, dspmv)
@@ -194,7 +155,7 @@ PRODUCTS(cdouble, zhemv, zhbmv, zhpmv)
     }                                                                                              \
     void cblas_##packed(CBLAS_ORDER order, CBLAS_UPLO uplo, int n, real_t<T> alpha,                \
                         const Array<T>* x, int incx, Array<T>* ap) {                               \
-        spr<T>("cblas_" #packed, packed, order, uplo, n, alpha, x, incx, ap);                      \
+        syr<T>("cblas_" #packed, packed, order, uplo, n, alpha, x, incx, ap);                      \
     }                                                                                              \
     void cblas_##full##2(CBLAS_ORDER order, CBLAS_UPLO uplo, int n, Scalar<T> alpha,               \
                          const Array<T>* x, int incx, const Array<T>* y, int incy, Array<T>* a,    \
@@ -204,7 +165,7 @@ PRODUCTS(cdouble, zhemv, zhbmv, zhpmv)
     void cblas_##packed##2(CBLAS_ORDER order, CBLAS_UPLO uplo, int n, Scalar<T> alpha,             \
                            const Array<T>* x, int incx, const Array<T>* y, int incy,               \
                            Array<T>* ap) {                                                         \
-        spr2<T>("cblas_" #packed "2", packed##2, order, uplo, n, alpha, x, incx, y, incy, ap);     \
+        syr2<T>("cblas_" #packed "2", packed##2, order, uplo, n, alpha, x, incx, y, incy, ap);     \
     }
 UPDATES(float, ssyr, sspr)
 UPDATES(double, dsyr, dspr)

@@ -22,20 +22,21 @@ void apply(CBLAS_ORDER order, CBLAS_UPLO uplo, CBLAS_TRANSPOSE trans, CBLAS_DIAG
     entry(other(uplo), transposed(trans), letter(diag));
 }
 
-template <class T, class Entry>
+// `lda` is the leading dimension of a full triangle, and nothing for a packed one.
+template <class T, class Entry, class... Ld>
 void trmv(const char* name, Entry* entry, CBLAS_ORDER order, CBLAS_UPLO uplo, CBLAS_TRANSPOSE trans,
-          CBLAS_DIAG diag, int n, const Array<T>* a, int lda, Array<T>* x, int incx) {
+          CBLAS_DIAG diag, int n, Array<T>* x, int incx, const Array<T>* a, Ld... lda) {
     if (unfit(name, {{is_order(order), 1},
                      {is_uplo(uplo), 2},
                      {is_transpose(trans), 3},
                      {is_diag(diag), 4},
                      {n >= 0, 5},
-                     {leads(lda, n), 7},
-                     {incx != 0, 9}}))
+                     {(leads(lda, n) && ...), 7},
+                     {incx != 0, 8 + sizeof...(lda)}}))
         return;
     apply<T>(order, uplo, trans, diag, n, x, incx,
              [&](const char* half, const char* op, const char* diagonal) {
-                 call(entry, half, op, diagonal, n, a, lda, x, incx);
+                 call(entry, half, op, diagonal, n, a, lda..., x, incx);
              });
 }
 
@@ -57,22 +58,6 @@ void tbmv(const char* name, Entry* entry, CBLAS_ORDER order, CBLAS_UPLO uplo, CB
              });
 }
 
-template <class T, class Entry>
-void tpmv(const char* name, Entry* entry, CBLAS_ORDER order, CBLAS_UPLO uplo, CBLAS_TRANSPOSE trans,
-          CBLAS_DIAG diag, int n, const Array<T>* ap, Array<T>* x, int incx) {
-    if (unfit(name, {{is_order(order), 1},
-                     {is_uplo(uplo), 2},
-                     {is_transpose(trans), 3},
-                     {is_diag(diag), 4},
-                     {n >= 0, 5},
-                     {incx != 0, 8}}))
-        return;
-    apply<T>(order, uplo, trans, diag, n, x, incx,
-             [&](const char* half, const char* op, const char* diagonal) {
-                 call(entry, half, op, diagonal, n, ap, x, incx);
-             });
-}
-
 } // namespace
 
 extern "C" {
@@ -81,7 +66,7 @@ extern "C" {
 #define TRIANGULAR(T, full, band, packed)                                                          \
     void cblas_##full(CBLAS_ORDER order, CBLAS_UPLO uplo, CBLAS_TRANSPOSE trans, CBLAS_DIAG diag,  \
                       int n, const Array<T>* a, int lda, Array<T>* x, int incx) {                  \
-        trmv<T>("cblas_" #full, full, order, uplo, trans, diag, n, a, lda, x, incx);               \
+        trmv<T>("cblas_" #full, full, order, uplo, trans, diag, n, x, incx, a, lda);               \
     }                                                                                              \
     void cblas_##band(CBLAS_ORDER order, CBLAS_UPLO uplo, CBLAS_TRANSPOSE trans, CBLAS_DIAG diag,  \
                       int n, int k, const Array<T>* a, int lda, Array<T>* x, int incx) {           \
@@ -89,7 +74,7 @@ extern "C" {
     }                                                                                              \
     void cblas_##packed(CBLAS_ORDER order, CBLAS_UPLO uplo, CBLAS_TRANSPOSE trans,                 \
                         CBLAS_DIAG diag, int n, const Array<T>* ap, Array<T>* x, int incx) {       \
-        tpmv<T>("cblas_" #packed, packed, order, uplo, trans, diag, n, ap, x, incx);               \
+        trmv<T>("cblas_" #packed, packed, order, uplo, trans, diag, n, x, incx, ap);               \
     }
 TRIANGULAR(float, strmv, stbmv, stpmv)
 TRIANGULAR(double, dtrmv, dtbmv, dtpmv)

@@ -7,23 +7,28 @@ namespace {
 
 constexpr int kGroup = 4;
 
+// One step into the sums of four rows. On the x87 stack, from the top, stand the four sums; b(l) is
+// pushed, each of its products is added to a sum, and the last product takes its place.
+#define STEP                                                                                       \
+    "fldl 8*step(%[b])\n"                                                                          \
+    "fldl 32*step(%[a])\n fmul %%st(1), %%st\n faddp %%st, %%st(2)\n"                              \
+    "fldl 32*step+8(%[a])\n fmul %%st(1), %%st\n faddp %%st, %%st(3)\n"                            \
+    "fldl 32*step+16(%[a])\n fmul %%st(1), %%st\n faddp %%st, %%st(4)\n"                           \
+    "fmull 32*step+24(%[a])\n faddp %%st, %%st(4)\n"
+
+// Written by hand: without a register exchanged or copied every turn of both units goes into the sums.
 template <int K>
 inline void group(const double* a, const double* b, double* c) {
-    long double x = b[0];
-    long double s0 = a[0] * x, s1 = a[1] * x, s2 = a[2] * x, s3 = a[3] * x;
-#pragma GCC unroll 64
-    for (int l = 1; l < K; ++l) {
-        x = b[l];
-        s0 += a[l * kGroup] * x;
-        s1 += a[l * kGroup + 1] * x;
-        s2 += a[l * kGroup + 2] * x;
-        s3 += a[l * kGroup + 3] * x;
-    }
-    c[0] = static_cast<double>(s0 + c[0]);
-    c[1] = static_cast<double>(s1 + c[1]);
-    c[2] = static_cast<double>(s2 + c[2]);
-    c[3] = static_cast<double>(s3 + c[3]);
+    asm volatile("fldl 24(%[a])\n fmull (%[b])\n fldl 16(%[a])\n fmull (%[b])\n"
+                 "fldl 8(%[a])\n fmull (%[b])\n fldl (%[a])\n fmull (%[b])\n"
+                 ".set step, 1\n .rept %c[steps] - 1\n" STEP ".set step, step + 1\n .endr\n"
+                 "faddl (%[c])\n fstpl (%[c])\n faddl 8(%[c])\n fstpl 8(%[c])\n"
+                 "faddl 16(%[c])\n fstpl 16(%[c])\n faddl 24(%[c])\n fstpl 24(%[c])\n"
+                 :
+                 : [a] "r"(a), [b] "r"(b), [c] "r"(c), [steps] "i"(K)
+                 : "memory", "st", "st(1)", "st(2)", "st(3)", "st(4)", "st(5)", "st(6)", "st(7)");
 }
+#undef STEP
 
 } // namespace
 

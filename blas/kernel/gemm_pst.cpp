@@ -1,15 +1,21 @@
 // Post-passes in extended precision, those of dgemm and zgemm and the two of sgemm with a transposed
 // B: C(i, j) := alpha * sum + C(i, j), contract in gemm_kernels.h.
 //
-// A sum takes its terms in ascending order of l, from 0, and is rounded once, into C; of a complex term the products with the real part
-// of b enter before those with its imaginary part.
+// A sum takes its terms in ascending order of l, from 0, and is rounded once, into C; of a complex term
+// the products with the real part of b enter before those with its imaginary part.
+
+// Each product is to be formed where it is written: one that waits takes the register of a sum.
+#pragma GCC optimize("no-tree-ter")
+
 #include "blas/kernel/gemm_kernels.h"
 #include "blas/kernel/gemm_operand.h"
 #include "serv/entry.h"
+#include "serv/x87.h"
 
 namespace {
 
 using vor::cdouble;
+using vor::loaded;
 using vor::Op;
 using vor::Operand;
 
@@ -23,7 +29,8 @@ inline void tile(int k, T alpha, Operand<T> a, Operand<T> b, T* c, int ldc) {
         for (int s = 0; s < S; ++s) {
             const long double y = b(0, s);
 #pragma GCC unroll 4
-            for (int r = 0; r < R; ++r) sum[s][r] += a(r, 0) * y;
+            for (int r = 0; r < R - 1; ++r) sum[s][r] += loaded(a(r, 0)) * y;
+            sum[s][R - 1] += a(R - 1, 0) * y;
         }
 #pragma GCC unroll 4
     for (int s = 0; s < S; ++s)
@@ -59,11 +66,12 @@ void extended(int m, int n, int k, T alpha, Operand<T> a, Operand<T> b, T* c, in
 
 // sum + a * y, or minus it.
 template <bool Minus>
-inline void add(long double& sum, double a, long double y) {
+inline void add(long double& sum, const double& a, long double y) {
+    const long double x = loaded(a) * y;
     if constexpr (Minus)
-        sum -= a * y;
+        sum -= x;
     else
-        sum += a * y;
+        sum += x;
 }
 
 // ConjA, ConjB: whether the imaginary parts of a and b count with the other sign.

@@ -40,11 +40,22 @@ struct Finish {
     enum { overwrite, add, scale_and_add } way;
 };
 
-// Two rows, at x and y, or one row.
+inline const __m64* half(const cfloat* x) {
+    return reinterpret_cast<const __m64*>(x);
+}
+
+// R rows of a column, one behind the other.
 template <int R>
-inline __m128 load(const cfloat* x, const cfloat* y) {
-    const __m128 low = _mm_loadl_pi(_mm_setzero_ps(), reinterpret_cast<const __m64*>(x));
-    return R == 2 ? _mm_loadh_pi(low, reinterpret_cast<const __m64*>(y)) : low;
+inline __m128 load(const cfloat* x) {
+    return R == 2 ? _mm_loadu_ps(&x->re) : _mm_loadl_pi(_mm_setzero_ps(), half(x));
+}
+
+template <int R>
+inline void store(cfloat* x, __m128 value) {
+    if constexpr (R == 2)
+        _mm_storeu_ps(&x->re, value);
+    else
+        _mm_storel_pi(reinterpret_cast<__m64*>(x), value);
 }
 
 template <int R>
@@ -53,25 +64,31 @@ inline void finish(__m128 by_re, __m128 by_im, const Finish& how, cfloat* c) {
                                   _mm_xor_ps(exchange_parts(by_im), how.by_im_sign));
     __m128 result = how.alpha.times(sum);
     if (how.way != Finish::overwrite) {
-        const __m128 old = load<R>(c, c + 1);
+        const __m128 old = load<R>(c);
         result = _mm_add_ps(result, how.way == Finish::add ? old : how.beta.times(old));
     }
-    _mm_storel_pi(reinterpret_cast<__m64*>(c), result);
-    if (R == 2) _mm_storeh_pi(reinterpret_cast<__m64*>(c + 1), result);
+    store<R>(c, result);
+}
+
+// Row i of one column of op(A), and with R = 2 the next one; Down: they stand one behind the other.
+template <int R, bool Down>
+inline __m128 load_rows(const Operand<cfloat>& a, int i) {
+    if constexpr (R == 1 || Down) return load<R>(&a(i, 0));
+    return _mm_loadh_pi(load<1>(&a(i, 0)), half(&a(i + 1, 0)));
 }
 
 // P vectors of R rows of one column.
-template <int P, int R>
+template <int P, int R, bool Down>
 inline void tile(int k, Operand<cfloat> a, const cfloat* b, int step, const Finish& how,
                  cfloat* c) {
     __m128 by_re[P], by_im[P];
 #pragma GCC unroll 2
     for (int p = 0; p < P; ++p) by_re[p] = by_im[p] = _mm_setzero_ps();
-    for (int l = 0; l < k; ++l, a.at += a.column, b += step) {
+    for (; k > 0; --k, a.at += a.column, b += step) {
         const __m128 re = _mm_set1_ps(b->re), im = _mm_set1_ps(b->im);
 #pragma GCC unroll 2
         for (int p = 0; p < P; ++p) {
-            const __m128 x = load<R>(&a(2 * p, 0), &a(2 * p + 1, 0));
+            const __m128 x = load_rows<R, Down>(a, 2 * p);
             by_re[p] = _mm_add_ps(by_re[p], _mm_mul_ps(x, re));
             by_im[p] = _mm_add_ps(by_im[p], _mm_mul_ps(x, im));
         }
@@ -80,15 +97,17 @@ inline void tile(int k, Operand<cfloat> a, const cfloat* b, int step, const Fini
     for (int p = 0; p < P; ++p) finish<R>(by_re[p], by_im[p], how, c + 2 * p);
 }
 
-// m rows, each column of b in turn.
-void product(int m, int n, int k, Operand<cfloat> a, Operand<cfloat> b, const Finish& how,
-             cfloat* c, int ldc) {
+// m rows, each column of b in turn. Out of line: the members of `how` then stay in memory and leave the
+// registers to the sums.
+template <bool Down>
+[[gnu::noinline]] void product(int m, int n, int k, const Operand<cfloat>& a,
+                               const Operand<cfloat>& b, const Finish& how, cfloat* c, int ldc) {
     for (int j = 0; j < n; ++j, c += ldc) {
         const cfloat* column = &b(0, j);
         int i = 0;
-        for (; i + 4 <= m; i += 4) tile<2, 2>(k, a.from(i, 0), column, b.row, how, c + i);
-        for (; i + 2 <= m; i += 2) tile<1, 2>(k, a.from(i, 0), column, b.row, how, c + i);
-        if (i < m) tile<1, 1>(k, a.from(i, 0), column, b.row, how, c + i);
+        for (; i + 4 <= m; i += 4) tile<2, 2, Down>(k, a.from(i, 0), column, b.row, how, c + i);
+        for (; i + 2 <= m; i += 2) tile<1, 2, Down>(k, a.from(i, 0), column, b.row, how, c + i);
+        if (i < m) tile<1, 1, Down>(k, a.from(i, 0), column, b.row, how, c + i);
     }
 }
 
@@ -110,6 +129,7 @@ VOR_ENGINE void vor_blas_cgemmpst PARAMS_XGEMM(cfloat) {
     // re re - im im, or plus if one operand is conjugated; im re and re im with the sign of theirs.
     const Finish how{signs(false, conj_a), signs(conj_a == conj_b, conj_b), Factor(*alpha),
                      Factor(*beta), way};
-    product(*m, *n, *k, Operand<cfloat>(op_a, a, *lda), Operand<cfloat>(op_b, b, *ldb), how, c,
-            *ldc);
+    (op_a == Op::plain ? product<true> : product<false>)(*m, *n, *k, Operand<cfloat>(op_a, a, *lda),
+                                                         Operand<cfloat>(op_b, b, *ldb), how, c,
+                                                         *ldc);
 }

@@ -34,10 +34,21 @@ constexpr T product(T x, T y) {
     }
 }
 
-// All bits 0 is the number 0 in every type.
+// All bits 0 is the number 0 in every type. In a short column a call would cost more than the stores;
+// the empty statement keeps the compiler from making one of them.
 template <class T>
 void zero_matrix(int m, int n, T* c, int ldc) {
-    for (int j = 0; j < n; ++j) memset(c + j * ldc, 0, static_cast<size_t>(m) * sizeof(T));
+    constexpr int kShort = 16;
+    for (int j = 0; j < n; ++j, c += ldc) {
+        if (m > kShort) {
+            memset(c, 0, static_cast<size_t>(m) * sizeof(T));
+            continue;
+        }
+        for (int i = 0; i < m; ++i) {
+            c[i] = T{};
+            asm volatile("");
+        }
+    }
 }
 
 template <class T>

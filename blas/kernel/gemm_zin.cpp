@@ -2,10 +2,12 @@
 #include "blas/kernel/gemm_columns.h"
 #include "blas/kernel/gemm_kernels.h"
 #include "serv/entry.h"
+#include "serv/x87.h"
 
 namespace {
 
 using vor::cdouble;
+using vor::loaded;
 
 constexpr int kGroup = 2;
 
@@ -44,9 +46,9 @@ inline void pair(const double* a, const double* b, cdouble* c, const Scale& alph
 #pragma GCC unroll 32
     for (int l = 1; l < K; ++l) {
         x = b[2 * l];
-        re0 += a[4 * l] * x;
-        im0 += a[4 * l + 1] * x;
-        re1 += a[4 * l + 2] * x;
+        re0 += loaded(a[4 * l]) * x;
+        im0 += loaded(a[4 * l + 1]) * x;
+        re1 += loaded(a[4 * l + 2]) * x;
         im1 += a[4 * l + 3] * x;
     }
     // Loaded again: kept in registers of the first sweep they would be spilled as 80-bit numbers.
@@ -54,9 +56,9 @@ inline void pair(const double* a, const double* b, cdouble* c, const Scale& alph
 #pragma GCC unroll 32
     for (int l = 0; l < K; ++l) {
         x = b[2 * l + 1];
-        im0 += a[4 * l] * x;
-        re0 -= a[4 * l + 1] * x;
-        im1 += a[4 * l + 2] * x;
+        im0 += loaded(a[4 * l]) * x;
+        re0 -= loaded(a[4 * l + 1]) * x;
+        im1 += loaded(a[4 * l + 2]) * x;
         re1 -= a[4 * l + 3] * x;
     }
     finish(re0, im0, alpha, c);

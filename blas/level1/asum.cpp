@@ -28,18 +28,8 @@ extended sum_entries(int n, const double* x) {
 
 template <class T>
 real_t<T> asum(int n, const T* x, int incx) {
-    using R = real_t<T>;
-    constexpr int kParts = sizeof(T) / sizeof(R);
-    const auto* entries = reinterpret_cast<const R*>(x);
-    if (n < 1) return 0;
-    if (incx == 1 || incx == -1) {
-        if constexpr (sizeof(R) == sizeof(double)) {
-            return static_cast<R>(sum_entries(kParts * n, entries));
-        } else if (const int prefix = steps_to<16>(entries, kParts * n); prefix >= 0) {
-            return static_cast<R>(sum_vectors<Magnitude, 4>(kParts * n, prefix, entries));
-        }
-    }
-    return static_cast<R>(sum_strided<Magnitude>(n, x, incx));
+    const bool unit_step = incx == 1 || incx == -1;
+    return static_cast<real_t<T>>(sum_elements<Magnitude, 4>(n, x, incx, unit_step, sum_entries));
 }
 
 } // namespace

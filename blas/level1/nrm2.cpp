@@ -31,21 +31,11 @@ extended sum_entries(int n, const double* x) {
 
 template <class T>
 real_t<T> nrm2(int n, const T* x, int incx) {
-    using R = real_t<T>;
-    constexpr int kParts = sizeof(T) / sizeof(R);
     constexpr bool kBackwardsIsUnit = sizeof(T) != sizeof(float);
     constexpr int kVectors = is_complex<T> ? 6 : 4;
-    const auto* entries = reinterpret_cast<const R*>(x);
-    const auto root = [](extended sum) { return static_cast<R>(__builtin_sqrtl(sum)); };
-    if (n < 1) return 0;
-    if (incx == 1 || (kBackwardsIsUnit && incx == -1)) {
-        if constexpr (sizeof(R) == sizeof(double)) {
-            return root(sum_entries(kParts * n, entries));
-        } else if (const int prefix = steps_to<16>(entries, kParts * n); prefix >= 0) {
-            return root(sum_vectors<Square, kVectors>(kParts * n, prefix, entries));
-        }
-    }
-    return root(sum_strided<Square>(n, x, incx));
+    const bool unit_step = incx == 1 || (kBackwardsIsUnit && incx == -1);
+    return static_cast<real_t<T>>(
+        __builtin_sqrtl(sum_elements<Square, kVectors>(n, x, incx, unit_step, sum_entries)));
 }
 
 } // namespace

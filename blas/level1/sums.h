@@ -67,4 +67,22 @@ extended sum_vectors(int n, int prefix, const float* x) {
     return sum_in_order<Term>(n, sum_of_lanes(_mm_add_ps(sums[0], sums[1])), x);
 }
 
+// The sum over n elements, 0 with n < 1. Unit steps run over the real entries: doubles by `run`,
+// floats in vectors, unless they never reach a 16-byte boundary.
+template <class Term, int Vectors, class T>
+extended sum_elements(int n, const T* x, int incx, bool unit_step,
+                      extended (*run)(int entries, const double* x)) {
+    using R = real_t<T>;
+    const int entries = n * static_cast<int>(sizeof(T) / sizeof(R));
+    const auto* first = reinterpret_cast<const R*>(x);
+    if (n < 1) return 0;
+    if (unit_step) {
+        if constexpr (sizeof(R) == sizeof(double))
+            return run(entries, first);
+        else if (const int prefix = steps_to<16>(first, entries); prefix >= 0)
+            return sum_vectors<Term, Vectors>(entries, prefix, first);
+    }
+    return sum_strided<Term>(n, x, incx);
+}
+
 } // namespace vor

@@ -150,50 +150,55 @@ void pack_b_padded(const Product<double>& p, const Part& x, int depth, double* p
         &x.n, &x.k, &depth, p.b_at(x.l, x.j), &p.ldb, panel, ldp);
 }
 
-// The post-passes that take the operands as the caller stored them, by [op_a][op_b].
+// The post-passes take the operands as the caller stored them: kPost[op_a][op_b], and kEdge for the edge
+// rows of a full step in k.
 using PostS = void PARAMS_GEMM_POST(float);
 using PostD = void PARAMS_GEMM_POST(double);
 using PostZ = void PARAMS_XGEMM(cdouble);
-constexpr PostS* kPostS[2][2] = {{vor_blas_spst_nnk, vor_blas_spst_ntk},
-                                 {vor_blas_spst_tnk, vor_blas_spst_ttk}};
-constexpr PostD* kPostD[2][2] = {{vor_blas_dpst_nnk, vor_blas_dpst_ntk},
-                                 {vor_blas_dpst_tnk, vor_blas_dpst_ttk}};
-constexpr PostD* kEdgeD[2][2] = {{vor_blas_dpst_nnm, vor_blas_dpst_ntm},
-                                 {vor_blas_dpst_tnm, vor_blas_dpst_ttm}};
-constexpr PostZ* kPostZ[3][3] = {{vor_blas_zpst_nn, vor_blas_zpst_nt, vor_blas_zpst_nc},
-                                 {vor_blas_zpst_tn, vor_blas_zpst_tt, vor_blas_zpst_tc},
-                                 {vor_blas_zpst_cn, vor_blas_zpst_ct, vor_blas_zpst_cc}};
+template <class T>
+constexpr int kPost = 0;
+template <>
+constexpr PostS* kPost<float>[2][2] = {{vor_blas_spst_nnk, vor_blas_spst_ntk},
+                                       {vor_blas_spst_tnk, vor_blas_spst_ttk}};
+template <>
+constexpr PostD* kPost<double>[2][2] = {{vor_blas_dpst_nnk, vor_blas_dpst_ntk},
+                                        {vor_blas_dpst_tnk, vor_blas_dpst_ttk}};
+template <>
+constexpr PostZ* kPost<cdouble>[3][3] = {{vor_blas_zpst_nn, vor_blas_zpst_nt, vor_blas_zpst_nc},
+                                         {vor_blas_zpst_tn, vor_blas_zpst_tt, vor_blas_zpst_tc},
+                                         {vor_blas_zpst_cn, vor_blas_zpst_ct, vor_blas_zpst_cc}};
+template <class T>
+constexpr auto& kEdge = kPost<T>;
+constexpr PostD* kFewRows[2][2] = {{vor_blas_dpst_nnm, vor_blas_dpst_ntm},
+                                   {vor_blas_dpst_tnm, vor_blas_dpst_ttm}};
+template <>
+constexpr auto& kEdge<double> = kFewRows;
+
+template <class T, class Table>
+void post_by(const Table& table, Op op_a, Op op_b, const int* m, const int* n, const int* k,
+             const T* alpha, const T* a, const int* lda, const T* b, const int* ldb, T* c,
+             const int* ldc) {
+    const auto run = table[static_cast<int>(op_a)][static_cast<int>(op_b)];
+    if constexpr (vor::is_complex<T>)
+        run("", "", m, n, k, alpha, a, lda, b, ldb, nullptr, c, ldc);
+    else
+        run(m, n, k, alpha, a, lda, b, ldb, c, ldc);
+}
 
 template <class T, class Table>
 void post_by(const Table& table, const Product<T>& p, const Part& x) {
-    const auto run = table[static_cast<int>(p.op_a)][static_cast<int>(p.op_b)];
-    const T *a = p.a_at(x.i, x.l), *b = p.b_at(x.l, x.j);
-    T* c = p.c_at(x.i, x.j);
-    if constexpr (vor::is_complex<T>)
-        run("", "", &x.m, &x.n, &x.k, p.alpha, a, &p.lda, b, &p.ldb, p.beta, c, &p.ldc);
-    else
-        run(&x.m, &x.n, &x.k, p.alpha, a, &p.lda, b, &p.ldb, c, &p.ldc);
+    post_by(table, p.op_a, p.op_b, &x.m, &x.n, &x.k, p.alpha, p.a_at(x.i, x.l), &p.lda,
+            p.b_at(x.l, x.j), &p.ldb, p.c_at(x.i, x.j), &p.ldc);
 }
 
-void post(const Product<float>& p, const Part& x) {
-    post_by(kPostS, p, x);
-}
-void post(const Product<double>& p, const Part& x) {
-    post_by(kPostD, p, x);
-}
-void post(const Product<cdouble>& p, const Part& x) {
-    post_by(kPostZ, p, x);
+template <class T>
+void post(const Product<T>& p, const Part& x) {
+    post_by(kPost<T>, p, x);
 }
 
-// Edge rows of a full step in k: d has forms of its own for them.
-void edge(const Product<float>& p, const Part& x) {
-    post_by(kPostS, p, x);
-}
-void edge(const Product<double>& p, const Part& x) {
-    post_by(kEdgeD, p, x);
-}
-void edge(const Product<cdouble>& p, const Part& x) {
-    post_by(kPostZ, p, x);
+template <class T>
+void edge(const Product<T>& p, const Part& x) {
+    post_by(kEdge<T>, p, x);
 }
 
 // The s engine multiplies by a beta of 1 as well.
@@ -331,31 +336,53 @@ private:
 
 // True if alpha is 0 or the product is empty: then all that is to be done is done.
 template <class T>
-bool trivial(const Product<T>& p) {
-    if (p.m < 1 || p.n < 1) return true;
-    if (!vor::is_zero(*p.alpha)) return false;
-    if (!vor::is_one(*p.beta)) scale(p.m, p.n, *p.beta, p.c, p.ldc);
+bool trivial(int m, int n, T alpha, T beta, T* c, int ldc) {
+    if (m < 1 || n < 1) return true;
+    if (!vor::is_zero(alpha)) return false;
+    if (!vor::is_one(beta)) scale(m, n, beta, c, ldc);
     return true;
-}
-
-// The post-passes alone.
-template <class T>
-void multiply_plain(const Product<T>& p) {
-    scale(p.m, p.n, *p.beta, p.c, p.ldc);
-    if (p.k > 0) post(p, Part{0, p.m, 0, p.n, 0, p.k});
 }
 
 // A product without panels, of one chunk of rows: its passes come down to one post-pass.
 template <class T>
-bool small(const Product<T>& p) {
-    return p.k < kLeastDepth && p.m <= Blocking<T>::tail_rows;
+bool small(int m, int k) {
+    return k < kLeastDepth && m <= Blocking<T>::tail_rows;
+}
+
+// The post-passes alone.
+template <class T>
+void multiply_plain PARAMS_XGEMM(T) {
+    scale(*m, *n, *beta, c, *ldc);
+    if (*k > 0)
+        post_by(kPost<T>, vor::op_of<T>(*transa), vor::op_of<T>(*transb), m, n, k, alpha, a, lda, b,
+                ldb, c, ldc);
+}
+
+// Out of line: a small product does not wait for the preparations of a large one.
+template <class T>
+[[gnu::noinline]] void multiply_in_passes PARAMS_XGEMM_1(T) {
+    const Product<T> product = {vor::op_of<T>(*transa),
+                                vor::op_of<T>(*transb),
+                                *m,
+                                *n,
+                                *k,
+                                alpha,
+                                a,
+                                *lda,
+                                b,
+                                *ldb,
+                                beta,
+                                c,
+                                *ldc};
+    Engine<T>(product, a_panel, b_panel, ldp).run();
 }
 
 // The passes, if they are any different from the post-passes and if there are panels for them.
 template <class T>
-void multiply(const Product<T>& p, T* a_panel, T* b_panel, const int* ldp) {
-    if (!a_panel || !b_panel || small(p)) return multiply_plain(p);
-    Engine<T>(p, a_panel, b_panel, ldp).run();
+void multiply PARAMS_XGEMM_1(T) {
+    if (trivial(*m, *n, *alpha, *beta, c, *ldc)) return;
+    if (!a_panel || !b_panel || small<T>(*m, *k)) return multiply_plain<T> ARGS_XGEMM;
+    multiply_in_passes<T> ARGS_XGEMM_1;
 }
 
 // The two scratch panels of one call.
@@ -387,17 +414,10 @@ constexpr int kPanelLd = Blocking<T>::depth;
 
 } // namespace
 
-#define PRODUCT(T)                                                                                 \
-    Product<T> {                                                                                   \
-        vor::op_of<T>(*transa), vor::op_of<T>(*transb), *m, *n, *k, alpha, a, *lda, b, *ldb, beta, \
-            c, *ldc                                                                                \
-    }
-
 // d and z take their panels before any test, and do the work in a routine that is given them.
 #define ENGINE(p, T)                                                                               \
     VOR_ENGINE void vor_blas_x##p##gemm_1 PARAMS_XGEMM_1(T) {                                      \
-        const Product<T> product = PRODUCT(T);                                                     \
-        if (!trivial(product)) multiply(product, a_panel, b_panel, ldp);                           \
+        multiply<T> ARGS_XGEMM_1;                                                                  \
     }                                                                                              \
     VOR_ENGINE void vor_blas_x##p##gemm PARAMS_XGEMM(T) {                                          \
         const Panels<T> panels;                                                                    \
@@ -408,12 +428,13 @@ ENGINE(d, double)
 ENGINE(z, cdouble)
 
 VOR_ENGINE void vor_blas_xsgemm PARAMS_XGEMM(float) {
-    const Product<float> product = PRODUCT(float);
-    if (trivial(product)) return;
+    if (trivial(*m, *n, *alpha, *beta, c, *ldc)) return;
     // Without panels there is no need for scratch, and small products would mostly wait for it.
-    if (small(product)) return multiply_plain(product);
-    if (product.m < Blocking<float>::least_rows)
-        return Engine<float>(product, nullptr, nullptr, nullptr).run();
+    if (small<float>(*m, *k)) return multiply_plain<float> ARGS_XGEMM;
+    if (*m < Blocking<float>::least_rows)
+        return multiply_in_passes<float>(transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c,
+                                         ldc, nullptr, nullptr, nullptr);
     const Panels<float> panels;
-    multiply(product, panels.a(), panels.b(), &kPanelLd<float>);
+    multiply(transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc, panels.a(), panels.b(),
+             &kPanelLd<float>);
 }

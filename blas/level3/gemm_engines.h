@@ -12,6 +12,9 @@
      const T* alpha, const T* a, const int* lda, const T* b, const int* ldb, const T* beta, T* c,  \
      const int* ldc, T* a_panel, T* b_panel, const int* ldp)
 
+#define ARGS_XGEMM_1                                                                               \
+    (transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc, a_panel, b_panel, ldp)
+
 extern "C" {
 void vor_blas_xsgemm PARAMS_XGEMM(float);
 void vor_blas_xdgemm PARAMS_XGEMM(double);

@@ -1,9 +1,9 @@
 // The carry chains under all integer arithmetic: arrays of unsigned 32-bit words, the least
 // significant first.
 //
-// n is at least 0, and with n = 0 the result is 0 (mul_basecase: an >= bn >= 1). r may be the same
-// array as an operand of its own length, otherwise arrays do not overlap; mul_basecase allows no
-// overlap. The callee's arithmetic is exact: the returned word completes the result.
+// n is at least 0, and with n = 0 the result is 0. r may be the same array as an operand of its own
+// length, otherwise arrays do not overlap. The callee's arithmetic is exact: the returned word
+// completes the result.
 #pragma once
 
 #include <stdint.h>
@@ -20,8 +20,10 @@ word vor_limb_sub_n(word* r, const word* a, const word* b, int n); // r = a - b,
 word vor_limb_mul_1(word* r, const word* a, int n, word w);        // r = a * w, high word
 word vor_limb_addmul_1(word* r, const word* a, int n, word w);     // r += a * w, carry word
 word vor_limb_submul_1(word* r, const word* a, int n, word w);     // r -= a * w, borrow word
-// r[0 .. an + bn) = a * b
-void vor_limb_mul_basecase(word* r, const word* a, int an, const word* b, int bn);
+// r[0 .. an + bn) = a * b, and r += a * b where the top bn words of r are 0. an >= bn,
+// 1 <= bn <= kMostColumns, no overlap.
+void vor_limb_mul_columns(word* r, const word* a, int an, const word* b, int bn);
+void vor_limb_addmul_columns(word* r, const word* a, int an, const word* b, int bn);
 }
 #pragma GCC visibility pop
 
@@ -30,6 +32,9 @@ inline constexpr auto sub_n = vor_limb_sub_n;
 inline constexpr auto mul_1 = vor_limb_mul_1;
 inline constexpr auto addmul_1 = vor_limb_addmul_1;
 inline constexpr auto submul_1 = vor_limb_submul_1;
-inline constexpr auto mul_basecase = vor_limb_mul_basecase;
+inline constexpr auto mul_columns = vor_limb_mul_columns;
+inline constexpr auto addmul_columns = vor_limb_addmul_columns;
+
+inline constexpr int kMostColumns = 32;
 
 } // namespace vor::limb

@@ -5,6 +5,21 @@
 using namespace vor;
 using namespace vor::bn;
 
+namespace {
+
+// b in blocks of as many words as a strip of the kernel has; an >= bn.
+void mul_basecase(word* r, const word* a, int an, const word* b, int bn) {
+    int n = bn < limb::kMostColumns ? bn : limb::kMostColumns;
+    limb::mul_columns(r, a, an, b, n);
+    for (int j = n; j < bn; j += n) {
+        n = bn - j < limb::kMostColumns ? bn - j : limb::kMostColumns;
+        Set_BNU(0, r + j + an, n);
+        limb::addmul_columns(r + j, a, an, b + j, n);
+    }
+}
+
+} // namespace
+
 extern "C" {
 void cpMulDgt_BNU(const word* a, word* r, int n, word w, word* carry) {
     *carry = limb::mul_1(r, a, n, w);
@@ -38,6 +53,7 @@ void cpSqr_BNU8(const word* a, word* r) {
 // go without the bookkeeping of columns.
 void cpMul_BNU_FullSize(const word* a, int an, const word* b, int bn, word* r) {
     if (an < bn) return cpMul_BNU_FullSize(b, bn, a, an, r);
+    if (bn == 0) return Set_BNU(0, r, an);
     if (bn == 1) {
         r[an] = limb::mul_1(r, a, an, b[0]);
         return;
@@ -48,7 +64,7 @@ void cpMul_BNU_FullSize(const word* a, int an, const word* b, int bn, word* r) {
         if (an == 8) return limb::mul_fixed<8>(r, a, b);
         if (an == 16) return limb::mul_fixed<16>(r, a, b);
     }
-    limb::mul_basecase(r, a, an, b, bn);
+    mul_basecase(r, a, an, b, bn);
 }
 
 // Where the room ends below the top word, that word is formed apart: the last row by itself.

@@ -1,10 +1,12 @@
 // Bit reversal of N = 2^n points.
 //
-// By the swap-form table: an index is a top bit, middle bits and a bottom bit. Reversal exchanges top and
-// bottom and reverses the middle, so one entry of the table (the middle bits i and their reverse j)
-// serves four exchanges: with h = N/2,
+// In place, by the swap-form table: an index is a top bit, middle bits and a bottom bit. Reversal exchanges
+// top and bottom and reverses the middle, so one entry of the table (the middle bits i and their reverse
+// j) serves four exchanges: with h = N/2,
 //   2i <-> 2j    h+2i+1 <-> h+2j+1    2i+1 <-> h+2j    2j+1 <-> h+2i
 // and one if i is its own reverse: 2i+1 <-> h+2i.
+//
+// To a destination, by a plain walk: results in order, four at a time from the quarters of the source.
 //
 // By tiles, for data that does not fit the first-level cache, where the walk of the table would touch a
 // line for each element: an index is t top bits, middle bits and t bottom bits (Carter, Gatlin, Towards an
@@ -65,28 +67,24 @@ void walk_in_place(C* data, int n, const unsigned* table) {
         [=](unsigned i) { exchange(data[i + 1], high[i]); });
 }
 
+// N = 4 and up.
 template <class C>
-void walk_to(const C* source, C* destination, int n, const unsigned* table) {
-    const C* high = source + n / 2;
-    C* high_out = destination + n / 2;
-    const auto half = [=](unsigned i, unsigned j) {
-        move(source[i], destination[j]);
-        move(source[i + 1], high_out[j]);
-        move(high[i], destination[j + 1]);
-        move(high[i + 1], high_out[j + 1]);
-    };
-    walk(
-        table,
-        [=](unsigned i, unsigned j) {
-            half(i, j);
-            half(j, i);
-        },
-        [=](unsigned i) { half(i, i); });
+void walk_to(const C* source, C* destination, int n) {
+    const unsigned quarter = static_cast<unsigned>(n) / 4;
+    unsigned from = 0; // the reverse of the index of a group of four
+    for (C* out = destination; out < destination + n; out += 4) {
+        const C* x = source + from;
+        move(x[0], out[0]);
+        move(x[2 * quarter], out[1]);
+        move(x[quarter], out[2]);
+        move(x[3 * quarter], out[3]);
+        unsigned bit = quarter / 2; // adds 1 from the top
+        for (; from & bit; bit /= 2) from ^= bit;
+        from |= bit;
+    }
 }
 
 // ---- Tiles
-
-constexpr size_t kCachedBytes = 32768; // data up to this size, twice, stays in the cache
 
 // A tile has 2^bits runs of one line of 64 bytes each.
 template <class C>
@@ -158,29 +156,26 @@ void tiles_in_place(C* data, int n) {
     });
 }
 
-// ---- Choice
+// ---- Choice: what was measured to be faster.
 
-template <class C>
-bool cached(int n) {
-    return n * sizeof(C) <= kCachedBytes;
-}
+constexpr size_t kWalkBytes = 32768; // in place up to this size by the table
+constexpr int kHighestWalk64 = 4096; // points up to which 16-byte elements walk to a destination
+constexpr int kLeastTiles32 = 64;    // points from which 8-byte elements go there by tiles
 
 template <class C>
 void reverse_in_place(C* data, int n, const unsigned* table) {
     if (n < 4) return;
-    cached<C>(n) ? walk_in_place(data, n, table) : tiles_in_place(data, n);
+    n * sizeof(C) <= kWalkBytes ? walk_in_place(data, n, table) : tiles_in_place(data, n);
 }
 
 template <class C>
-void reverse(const C* source, C* destination, int n, const unsigned* table) {
-    if (n < 8) {
-        for (int k = 0; k < n; ++k) {
-            const int reversed = n == 4 && (k == 1 || k == 2) ? 3 - k : k;
-            move(source[k], destination[reversed]);
-        }
+void reverse(const C* source, C* destination, int n) {
+    if (n < 4) {
+        for (int k = 0; k < n; ++k) move(source[k], destination[k]);
         return;
     }
-    cached<C>(n) ? walk_to(source, destination, n, table) : tiles_to(source, destination, n);
+    const bool by_tiles = sizeof(C) == 8 ? n >= kLeastTiles32 : n > kHighestWalk64;
+    by_tiles ? tiles_to(source, destination, n) : walk_to(source, destination, n);
 }
 
 } // namespace
@@ -189,9 +184,8 @@ void reverse(const C* source, C* destination, int n, const unsigned* table) {
     extern "C" void tavs_BitRev1_##Z(C* data, int n, const unsigned* table) {                      \
         reverse_in_place(data, n, table);                                                          \
     }                                                                                              \
-    extern "C" void tavs_BitRev2_##Z(const C* source, C* destination, int n,                       \
-                                     const unsigned* table) {                                      \
-        reverse(source, destination, n, table);                                                    \
+    extern "C" void tavs_BitRev2_##Z(const C* source, C* destination, int n, const unsigned*) {    \
+        reverse(source, destination, n);                                                           \
     }
 BIT_REVERSAL(C, vor::cfloat)
 BIT_REVERSAL(Z, vor::cdouble)

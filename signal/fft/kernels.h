@@ -35,7 +35,7 @@ void tavs_cFftInv_Large_64fc(const FftCtx* object, vor::cdouble* data, int order
 void tavs_cFftFwd_Large_32fc(const FftCtx* object, vor::cfloat* data, int order, void* buffer);
 void tavs_cFftInv_Large_32fc(const FftCtx* object, vor::cfloat* data, int order, void* buffer);
 
-// Bit reversal in place (1) and from source to destination (2), by the swap-form table.
+// Bit reversal in place (1), small ones by the swap-form table, and from source to destination (2).
 void tavs_BitRev1_C(vor::cfloat* data, int n, const unsigned* table);
 void tavs_BitRev1_Z(vor::cdouble* data, int n, const unsigned* table);
 void tavs_BitRev2_C(const vor::cfloat* source, vor::cfloat* destination, int n,

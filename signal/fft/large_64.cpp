@@ -2,37 +2,29 @@
 //
 // Orders with a split s stand as S = 2^s rows of R points. Row i, which holds the decimated sequence of
 // offset reverse(i), is transformed; then four columns at a time are multiplied by
-// exp(-2 pi i reverse(i) c / N), gathered into lanes, transformed and put back. Each element is touched
-// twice for each level. Orders 10 and 11 run as kernels of 512 points and radix-2 passes.
+// exp(-2 pi i reverse(i) c / N), gathered into lanes, transformed and put back: the product is part of the
+// first radix-4 pass, the way back part of the last. Each element is touched twice for each level. Orders
+// 10 and 11 run as kernels of 512 points and radix-2 passes.
 //
 // The scale happens once for each element, on the leaves.
 #include "signal/fft/kernels.h"
+#include "signal/fft/radix4_64.h"
+
+#include <xmmintrin.h>
 
 namespace {
 
+using namespace vor::fft;
 using C = vor::cdouble;
-using vor::fft::split;
 
-constexpr int kLeafOrder = vor::fft::Traits<double>::kEngineLimit;
+constexpr int kLeafOrder = Traits<double>::kEngineLimit;
 constexpr int kLeaf = 1 << kLeafOrder;
 constexpr int kColumn = 64; // points of a pass whose twiddles stay in the cache across all blocks
 
 template <bool inverse>
-C times(C x, C w) {
-    if constexpr (inverse)
-        return {x.re * w.re + x.im * w.im, x.im * w.re - x.re * w.im};
-    else
-        return {x.re * w.re - x.im * w.im, x.re * w.im + x.im * w.re};
-}
-
-template <bool inverse>
-void kernel(C* data, int n, const void* table) {
-    (inverse ? tavs_cRadix4Inv_64fc : tavs_cRadix4Fwd_64fc)(data, n, static_cast<const C*>(table));
-}
-
-template <bool inverse>
 void leaf(const FftCtx& object, C* data, int n) {
-    kernel<inverse>(data, n, object.tabTwd);
+    (inverse ? tavs_cRadix4Inv_64fc : tavs_cRadix4Fwd_64fc)(data, n,
+                                                            static_cast<const C*>(object.tabTwd));
     if (inverse ? object.doScaleInv : object.doScaleFwd)
         tavs_rbMpy1_64f(object.normFactor.wide, &data->re, 2 * n);
 }
@@ -42,10 +34,10 @@ template <bool inverse, bool second_quarter>
 void column(C* low, C* high, const C* w, int step) {
     for (int j = 0; j < kColumn; ++j, w += step) {
         C b = times<inverse>(high[j], *w);
-        if (second_quarter) b = inverse ? C{-b.im, b.re} : C{b.im, -b.re};
-        const C a = low[j];
-        low[j] = {a.re + b.re, a.im + b.im};
-        high[j] = {a.re - b.re, a.im - b.im};
+        if (second_quarter) b = turned<inverse>(b);
+        const C a = load(low + j);
+        low[j] = a + b;
+        high[j] = a - b;
     }
 }
 
@@ -70,17 +62,55 @@ void halves(const FftCtx& object, C* data, int n) {
     radix2_passes<inverse>(data, n, kLeaf, static_cast<const C*>(object.tabTwdL2));
 }
 
+// ---- Columns of a block level: four, the elements of one line, in four lanes of `rows` elements.
+
+constexpr int kLanes = 4;
+constexpr int kAhead = 8; // rows of prefetch: the rows of a column lie far apart
+
+inline void prefetch(const C* p) {
+    _mm_prefetch(p, _MM_HINT_T0);
+}
+
+// Columns times their products into lanes, through the transforms of 4 points.
 template <bool inverse>
-void columns(C* data, int s, int r, const C* kernel_table, const C* products, C* lanes) {
+void merge(const C* row, int width, C* lanes, int rows, const C* products) {
+    for (int i = 0; i < rows; i += 4, row += 4 * width, products += 4 * kLanes) {
+        for (int j = 0; j < 4; ++j) prefetch(row + (kAhead + j) * width);
+        for (int t = 0; t < kLanes; ++t)
+            butterfly<inverse>(
+                [=](int p) { return times<inverse>(row[p * width + t], products[p * kLanes + t]); },
+                lanes + t * rows + i, 1);
+    }
+}
+
+// The last pass over the lanes, back into the columns.
+template <bool inverse>
+void split_lanes(const C* lanes, int rows, C* row, int width, const C* table) {
+    const int quarter = rows / 4;
+    const size_t stride = size_t(quarter) * width;
+    for (int k = 0; k < quarter; ++k, row += width, table += 3) {
+        for (int q = 0; q < 4; ++q) prefetch(row + kAhead * width + q * stride);
+        for (int t = 0; t < kLanes; ++t) {
+            const C* const x = lanes + t * rows + k;
+            k ? butterfly<inverse>(x, quarter, table, row + t, stride)
+              : plain_butterfly<inverse>(x, quarter, row + t, stride);
+        }
+    }
+}
+
+template <bool inverse>
+void columns(C* data, int s, int r, const C* table, const C* products, C* lanes) {
     const int rows = 1 << s, width = 1 << r;
-    for (int c = 0; c < width; c += 4) {
-        C* x = data + c;
-        for (int i = 0; i < rows; ++i, x += width, products += 4)
-            for (int t = 0; t < 4; ++t) lanes[t * rows + i] = times<inverse>(x[t], products[t]);
-        for (int t = 0; t < 4; ++t) kernel<inverse>(lanes + t * rows, rows, kernel_table);
-        x = data + c;
-        for (int i = 0; i < rows; ++i, x += width)
-            for (int t = 0; t < 4; ++t) x[t] = lanes[t * rows + i];
+    for (int c = 0; c < width; c += kLanes, products += kLanes * rows) {
+        merge<inverse>(data + c, width, lanes, rows, products);
+        int span = 4;
+        if (s % 2) {
+            radix2_pass<inverse>(lanes, kLanes * rows, table[3 * (rows / 8)]);
+            span = 8;
+        }
+        for (span *= 4; span < rows; span *= 4)
+            radix4_pass<inverse>(lanes, kLanes * rows, span, table, rows);
+        split_lanes<inverse>(lanes, rows, data + c, width, table);
     }
 }
 

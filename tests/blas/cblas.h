@@ -7,6 +7,7 @@
 #include "tests/common/call.h"
 #include "vor_cblas.h"
 
+#include <map>
 #include <tuple>
 
 namespace vor::test {
@@ -17,17 +18,13 @@ inline constexpr CBLAS_UPLO kTriangles[] = {CblasUpper, CblasLower};
 inline constexpr CBLAS_DIAG kDiagonals[] = {CblasNonUnit, CblasUnit};
 inline constexpr CBLAS_SIDE kSides[] = {CblasLeft, CblasRight};
 
-inline const char* letter(CBLAS_TRANSPOSE trans) {
-    return trans == CblasNoTrans ? "N" : trans == CblasTrans ? "T" : "C";
-}
-inline const char* letter(CBLAS_UPLO uplo) {
-    return uplo == CblasUpper ? "U" : "L";
-}
-inline const char* letter(CBLAS_DIAG diag) {
-    return diag == CblasUnit ? "U" : "N";
-}
-inline const char* letter(CBLAS_SIDE side) {
-    return side == CblasLeft ? "L" : "R";
+// The letter of an enumeration value.
+inline const char* letter(int value) {
+    static const std::map<int, const char*> letters = {
+        {CblasNoTrans, "N"}, {CblasTrans, "T"}, {CblasConjTrans, "C"},
+        {CblasUpper, "U"},   {CblasLower, "L"}, {CblasNonUnit, "N"},
+        {CblasUnit, "U"},    {CblasLeft, "L"},  {CblasRight, "R"}};
+    return letters.at(value);
 }
 
 // One routine in both interfaces.
@@ -43,6 +40,11 @@ Both(const char*, Fortran*, C*) -> Both<Fortran, C>;
     vor::test::Both {                                                                              \
 #name, name, cblas_##name                                                                  \
     }
+// The routines of element type T by the end of their names, the complex ones by that of a twin.
+#define BOTH_TWINS(op, twin)                                                                       \
+    vor::test::of_type<T>(BOTH(s##op), BOTH(d##op), BOTH(c##twin), BOTH(z##twin))
+#define BOTH_ALL(op) BOTH_TWINS(op, op)
+#define BOTH_COMPLEX(op) vor::test::of_type<T>(BOTH(c##op), BOTH(z##op))
 
 // The layout of a matrix in either order: row-major is column-major of the transpose.
 struct Ordered {
@@ -138,8 +140,6 @@ auto words(Operands<T>& d, A argument) {
             return std::tuple(value.data(), value.ld());
         else if constexpr (std::is_same_v<Value, Steps<T>>)
             return std::tuple(value.data(), value.inc());
-        else if constexpr (for_c && is_complex<Value>)
-            return std::tuple(static_cast<const void*>(&value));
         else
             return std::tuple(value);
     } else if constexpr (std::is_same_v<A, Packed<T>>) {

@@ -6,31 +6,6 @@ using namespace vor::test;
 namespace {
 
 template <class T>
-struct Routines;
-#define ROUTINES(p, T)                                                                             \
-    template <>                                                                                    \
-    struct Routines<T> {                                                                           \
-        static constexpr auto gemm = BOTH(p##gemm), symm = BOTH(p##symm);                          \
-        static constexpr auto syrk = BOTH(p##syrk);                                                \
-        static constexpr auto syr2k = BOTH(p##syr2k);                                              \
-        static constexpr auto trmm = BOTH(p##trmm), trsm = BOTH(p##trsm);                          \
-    };
-ROUTINES(s, float)
-ROUTINES(d, double)
-ROUTINES(c, vor::cfloat)
-ROUTINES(z, vor::cdouble)
-
-template <class T>
-struct Hermitian;
-#define HERMITIAN(p, T)                                                                            \
-    template <>                                                                                    \
-    struct Hermitian<T> {                                                                          \
-        static constexpr auto hemm = BOTH(p##hemm), herk = BOTH(p##herk), her2k = BOTH(p##her2k);  \
-    };
-HERMITIAN(c, vor::cfloat)
-HERMITIAN(z, vor::cdouble)
-
-template <class T>
 class CblasLevel3 : public CblasTest<T> {};
 TYPED_TEST_SUITE(CblasLevel3, Elements);
 
@@ -42,12 +17,13 @@ Ordered stored(CBLAS_TRANSPOSE trans, int m, int n) {
 }
 
 TYPED_TEST(CblasLevel3, General) {
-    using D = Operands<TypeParam>;
+    using T = TypeParam;
+    using D = Operands<T>;
     for (const CBLAS_TRANSPOSE transa : kTransposes)
         for (const CBLAS_TRANSPOSE transb : kTransposes)
             for (const auto& [m, n] : kShapes)
                 for (const int k : {0, 1, 4})
-                    this->compare(Routines<TypeParam>::gemm,
+                    this->compare(BOTH_ALL(gemm),
                                   {stored(transa, m, k), stored(transb, k, n), in_order(m, n)},
                                   transa, transb, m, n, k, &D::alpha, &D::a, &D::b, &D::beta,
                                   &D::c);
@@ -62,11 +38,11 @@ TYPED_TEST(CblasLevel3, SymmetricFactor) {
                 typename CblasTest<T>::Problem p{
                     in_order(Kind::full, uplo, side == CblasLeft ? m : n), in_order(m, n),
                     in_order(m, n)};
-                this->compare(Routines<T>::symm, p, side, uplo, m, n, &D::alpha, &D::a, &D::b,
+                this->compare(BOTH_ALL(symm), p, side, uplo, m, n, &D::alpha, &D::a, &D::b,
                               &D::beta, &D::c);
                 p.adjust = this->poison_diagonal;
                 if constexpr (vor::is_complex<T>)
-                    this->compare(Hermitian<T>::hemm, p, side, uplo, m, n, &D::alpha, &D::a, &D::b,
+                    this->compare(BOTH_COMPLEX(hemm), p, side, uplo, m, n, &D::alpha, &D::a, &D::b,
                                   &D::beta, &D::c);
             }
 }
@@ -80,16 +56,16 @@ TYPED_TEST(CblasLevel3, SymmetricResult) {
                 const typename CblasTest<T>::Problem p{stored(trans, n, k), stored(trans, n, k),
                                                        in_order(Kind::full, uplo, n)};
                 if (!vor::is_complex<T> || trans != CblasConjTrans) {
-                    this->compare(Routines<T>::syrk, p, uplo, trans, n, k, &D::alpha, &D::a,
-                                  &D::beta, &D::c);
-                    this->compare(Routines<T>::syr2k, p, uplo, trans, n, k, &D::alpha, &D::a, &D::b,
+                    this->compare(BOTH_ALL(syrk), p, uplo, trans, n, k, &D::alpha, &D::a, &D::beta,
+                                  &D::c);
+                    this->compare(BOTH_ALL(syr2k), p, uplo, trans, n, k, &D::alpha, &D::a, &D::b,
                                   &D::beta, &D::c);
                 }
                 if constexpr (vor::is_complex<T>) {
                     if (trans == CblasTrans) continue;
-                    this->compare(Hermitian<T>::herk, p, uplo, trans, n, k, &D::real_alpha, &D::a,
+                    this->compare(BOTH_COMPLEX(herk), p, uplo, trans, n, k, &D::real_alpha, &D::a,
                                   &D::real_beta, &D::c);
-                    this->compare(Hermitian<T>::her2k, p, uplo, trans, n, k, &D::alpha, &D::a,
+                    this->compare(BOTH_COMPLEX(her2k), p, uplo, trans, n, k, &D::alpha, &D::a,
                                   &D::b, &D::real_beta, &D::c);
                 }
             }
@@ -107,7 +83,7 @@ TYPED_TEST(CblasLevel3, TriangularFactor) {
                             .a = in_order(Kind::full, uplo, side == CblasLeft ? m : n),
                             .b = in_order(m, n),
                             .adjust = this->pivots(diag)};
-                        for (const auto& routine : {Routines<T>::trmm, Routines<T>::trsm})
+                        for (const auto& routine : {BOTH_ALL(trmm), BOTH_ALL(trsm)})
                             this->compare(routine, p, side, uplo, trans, diag, m, n, &D::alpha,
                                           &D::a, &D::b);
                     }

@@ -6,20 +6,30 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+
 using namespace vor::test;
 
 template <class T>
 class GemmEngine : public testing::Test {
 protected:
-    Random random_{7};
+    static void TearDownTestSuite() {
+        std::printf("    worst error of %s: %.3f of its bound\n",
+                    std::string(1, type_letter<T>()).append("gemm").c_str(), worst_);
+    }
 
     void expect_right(Product<T>& p) {
         const Matrix<T> a = p.a, b = p.b;
         p.run();
-        EXPECT_LE(p.error(), p.bound()) << p.name();
+        const double error = p.error();
+        worst_ = std::max(worst_, error / p.bound());
+        EXPECT_LE(error, p.bound()) << p.name();
         EXPECT_TRUE(p.c.intact()) << p.name();
         EXPECT_TRUE(p.a.same_as(a) && p.b.same_as(b)) << p.name();
     }
+
+    Random random_{7};
+    static inline double worst_ = 0;
 };
 TYPED_TEST_SUITE(GemmEngine, AllTypes);
 

@@ -19,6 +19,12 @@ Engine<T>* engine() {
     if constexpr (std::is_same_v<T, cdouble>) return vor_blas_xzgemm;
 }
 
+template <class T>
+constexpr char type_letter() {
+    if constexpr (is_complex<T>) return sizeof(T) == 8 ? 'c' : 'z';
+    return sizeof(T) == 4 ? 's' : 'd';
+}
+
 using AllTypes = testing::Types<float, double, cfloat, cdouble>;
 
 struct Size {

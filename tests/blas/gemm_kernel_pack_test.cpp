@@ -196,28 +196,3 @@ TEST(GemmPackC, SplitPanels) {
                     });
             }
 }
-
-TEST(GemmPackC, TheBlockOfCAndBack) {
-    Random random(8);
-    const int eight = 8, n = 5;
-    const cfloat beta = {2, -0.5f};
-    for (const int m : {3, 8, 19}) {
-        const auto c = Matrix<cfloat>::random(random, 'N', m, n, kGap);
-        const size_t size = static_cast<size_t>((m + 7) / 8 * 8 * n);
-        const auto position = [&](int i, int j) { return (i / 8 * n + j) * 8 + i % 8; };
-        auto zeros = panel<cfloat>(size), copied = panel<cfloat>(size),
-             scaled = panel<cfloat>(size);
-        Matrix<cfloat> unreadable = c, back = c;
-        unreadable.fill(not_a_number<cfloat>());
-        back.fill(cfloat{0, 0});
-        vor_blas_ccopycf0(&m, &n, unreadable.data(), &c.ld(), zeros.data(), &eight);
-        expect_panel(zeros, m, n, position, [](int, int) { return cfloat{0, 0}; });
-        vor_blas_ccopycf1(&m, &n, c.data(), &c.ld(), copied.data(), &eight);
-        expect_panel(copied, m, n, position, c);
-        vor_blas_ccopycf(&m, &n, c.data(), &c.ld(), scaled.data(), &eight, &beta);
-        expect_panel(scaled, m, n, position,
-                     [&](int i, int j) { return rounded_product(c(i, j), beta); });
-        vor_blas_ccopycr(&m, &n, back.data(), &back.ld(), copied.data(), &eight);
-        EXPECT_TRUE(back.same_as(c));
-    }
-}

@@ -1,81 +1,20 @@
-// Shared by the tests of the vector routines: their names by element type, strided vectors, the
-// lengths, steps and addresses that are tried.
+// Shared by the tests of the vector routines: strided vectors, the lengths, steps and addresses that
+// are tried, error bounds.
 #pragma once
 
 #include "tests/common/call.h"
-#include "tests/common/numbers.h"
+#include "tests/common/matrix.h"
 #include "vor_blas.h"
 
-#include <complex>
 #include <gtest/gtest.h>
 
 namespace vor::test {
 
-// Real and complex elements alike, for models.
-using Wide = std::complex<long double>;
-template <class T>
-Wide wide(const T& x) {
-    if constexpr (is_complex<T>)
-        return {x.re, x.im};
-    else
-        return static_cast<long double>(x);
-}
-
-template <class T>
-T number(double re) {
-    const auto part = static_cast<real_t<T>>(re);
-    if constexpr (is_complex<T>)
-        return {part, 0};
-    else
-        return part;
-}
-
-template <class T>
-struct Level1;
-#define LEVEL1_OF_ALL(p)                                                                           \
-    static constexpr auto axpy = p##axpy, axpyi = p##axpyi;                                        \
-    static constexpr auto copy = p##copy;                                                          \
-    static constexpr auto swap = p##swap;                                                          \
-    static constexpr auto scal = p##scal;                                                          \
-    static constexpr auto amax = i##p##amax, amin = i##p##amin;                                    \
-    static constexpr auto gthr = p##gthr;                                                          \
-    static constexpr auto gthrz = p##gthrz;                                                        \
-    static constexpr auto sctr = p##sctr;
-#define LEVEL1_OF_REAL(p)                                                                          \
-    static constexpr auto asum = p##asum, nrm2 = p##nrm2;                                          \
-    static constexpr auto rot = p##rot;                                                            \
-    static constexpr auto rotm = p##rotm;                                                          \
-    static constexpr auto rotg = p##rotg;                                                          \
-    static constexpr auto rotmg = p##rotmg;                                                        \
-    static constexpr auto doti = p##doti;                                                          \
-    static constexpr auto roti = p##roti;
-#define LEVEL1_OF_COMPLEX(p, pr, rp)                                                               \
-    static constexpr auto asum = rp##asum, nrm2 = rp##nrm2;                                        \
-    static constexpr auto rot = pr##rot;                                                           \
-    static constexpr auto real_scal = pr##scal;                                                    \
-    static constexpr auto rotg = p##rotg;                                                          \
-    static constexpr auto dotu = p##dotu, dotc = p##dotc;                                          \
-    static constexpr auto dotui = p##dotui, dotci = p##dotci;
-template <>
-struct Level1<float> {
-    LEVEL1_OF_ALL(s)
-    LEVEL1_OF_REAL(s)
-};
-template <>
-struct Level1<double> {
-    LEVEL1_OF_ALL(d)
-    LEVEL1_OF_REAL(d)
-};
-template <>
-struct Level1<cfloat> {
-    LEVEL1_OF_ALL(c)
-    LEVEL1_OF_COMPLEX(c, cs, sc)
-};
-template <>
-struct Level1<cdouble> {
-    LEVEL1_OF_ALL(z)
-    LEVEL1_OF_COMPLEX(z, zd, dz)
-};
+// The routine of element type T by the end of its name: of those that all types have, the real ones,
+// the complex ones.
+#define ALL(op) vor::test::of_type<T>(s##op, d##op, c##op, z##op)
+#define REAL(op) vor::test::of_type<T>(s##op, d##op)
+#define COMPLEX(op) vor::test::of_type<T>(c##op, z##op)
 
 using AllTypes = testing::Types<float, double, cfloat, cdouble>;
 using RealTypes = testing::Types<float, double>;

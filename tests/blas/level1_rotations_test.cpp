@@ -46,7 +46,7 @@ TYPED_TEST(RealRotations, RotgFollowsItsFormulas) {
         if (i % 10 == 1) a = 0;
         if (i % 10 == 2) b = 0;
         const W a0 = a, b0 = b;
-        call(Level1<T>::rotg, &a, &b, &c, &s);
+        call(REAL(rotg), &a, &b, &c, &s);
         const bool larger = std::fabs(a0) > std::fabs(b0);
         const W roe = larger ? a0 : b0, t = (larger ? b0 : a0) / roe, r = roe * root(t * t + 1);
         const W inverse = 1 / r, c0 = a0 * inverse, s0 = b0 * inverse;
@@ -58,7 +58,7 @@ TYPED_TEST(RealRotations, RotgFollowsItsFormulas) {
         ASSERT_NEAR(c * b0 - s * a0, 0, 1e-6 * std::fabs(a));
     }
     T a = T(-0.0), b = 0, c, s;
-    call(Level1<T>::rotg, &a, &b, &c, &s);
+    call(REAL(rotg), &a, &b, &c, &s);
     EXPECT_EQ((std::vector<T>{a, b, c, s}), (std::vector<T>{0, 0, 1, 0}));
 }
 
@@ -75,7 +75,7 @@ TYPED_TEST(ComplexRotations, RotgTakesTheSecondElementToZero) {
         const Wide a0 = wide(a), b0 = wide(b);
         const T b_before = b;
         R c;
-        call(Level1<T>::rotg, &a, &b, &c, &s);
+        call(COMPLEX(rotg), &a, &b, &c, &s);
         const long double size = std::sqrt(std::norm(a0) + std::norm(b0)), wc = c;
         bound.add(std::abs(wide(a)), size, size);
         bound.add(wc * a0 + wide(s) * b0, wide(a), size);
@@ -86,7 +86,7 @@ TYPED_TEST(ComplexRotations, RotgTakesTheSecondElementToZero) {
     }
     T a{0, 0}, b{3, -4}, s;
     R c;
-    call(Level1<T>::rotg, &a, &b, &c, &s);
+    call(COMPLEX(rotg), &a, &b, &c, &s);
     EXPECT_EQ(c, 0);
     EXPECT_EQ(wide(s), Wide(1));
     EXPECT_EQ(wide(a), wide(b));
@@ -111,7 +111,7 @@ TYPED_TEST(RealRotations, RotmgKeepsTheWeightedNorm) {
         const long double d1_0 = d1, d2_0 = d2, x1_0 = x1;
         const T untouched = T(0.1234);
         T param[5] = {9, untouched, untouched, untouched, untouched};
-        call(Level1<T>::rotmg, &d1, &d2, &x1, y1, param);
+        call(REAL(rotmg), &d1, &d2, &x1, y1, param);
         const long double q1 = d1_0 * x1_0 * x1_0, q2 = d2_0 * y1 * y1;
         if (std::fabs(q1) <= std::fabs(q2) && q2 < 0) {
             ASSERT_EQ((std::vector<T>{param[0], param[1], param[4], d1, d2, x1}),
@@ -144,6 +144,8 @@ TYPED_TEST(RealRotations, RotmgKeepsTheWeightedNorm) {
 
 TYPED_TEST(RealRotations, RotmgEdgesAndScaling) {
     using T = TypeParam;
+    const T gam = of_type<T>(0.000244141f, 0x1p-12);
+    const T gamsq = of_type<T>(5.9604645e-08f, 5.960464477539e-08);
     const struct {
         T d1, d2, x1, y1;         // in
         T d1_out, d2_out, x1_out; // out
@@ -154,31 +156,29 @@ TYPED_TEST(RealRotations, RotmgEdgesAndScaling) {
         {1, 2, 3, 0, 1, 2, 3, {-2, 7, 7, 7, 7}},
         {1, -1, 1, 2, 0, 0, 0, {-1, 0, 0, 0, 0}},
         {3, 1, 2, 0, 3, 1, 2, {-2, 7, 7, 7, 7}},
-        // d1 = 2^24: scaled by the decimal reciprocal, x1 and the first row by 4096.
-        {16777216 * 2,
-         16777216 * 2,
+        // Too large: scaled by the decimal reciprocal of 2^24, x1 and H by 4096. Too small: by 2^24,
+        // with the decimal reciprocal of 4096.
+        {0x1p25,
+         0x1p25,
          1,
          1,
-         T(16777216 * T(sizeof(T) == 4 ? 5.9604645e-08f : 5.960464477539e-08)),
-         T(16777216 * T(sizeof(T) == 4 ? 5.9604645e-08f : 5.960464477539e-08)),
+         0x1p24f * gamsq,
+         0x1p24f * gamsq,
          8192,
          {-1, 4096, -4096, 4096, 4096}},
-        // d = 2^-25: scaled by 2^24, with the rounded reciprocal of 4096.
-        {0x1p-24,
-         0x1p-24,
+        {2 * gamsq,
+         2 * gamsq,
          1,
          1,
-         0.5,
-         0.5,
-         T(2 * T(sizeof(T) == 4 ? 0.000244141f : 0x1p-12)),
-         {-1, T(sizeof(T) == 4 ? 0.000244141f : 0x1p-12),
-          -T(sizeof(T) == 4 ? 0.000244141f : 0x1p-12), T(sizeof(T) == 4 ? 0.000244141f : 0x1p-12),
-          T(sizeof(T) == 4 ? 0.000244141f : 0x1p-12)}},
+         gamsq * 0x1p24f,
+         gamsq * 0x1p24f,
+         2 * gam,
+         {-1, gam, -gam, gam, gam}},
     };
     for (const auto& row : rows) {
         T d1 = row.d1, d2 = row.d2, x1 = row.x1;
         std::vector<T> param(5, 7);
-        call(Level1<T>::rotmg, &d1, &d2, &x1, row.y1, param.data());
+        call(REAL(rotmg), &d1, &d2, &x1, row.y1, param.data());
         EXPECT_EQ((std::vector<T>{d1, d2, x1}),
                   (std::vector<T>{row.d1_out, row.d2_out, row.x1_out}))
             << row.d1 << " " << row.d2;
@@ -186,78 +186,62 @@ TYPED_TEST(RealRotations, RotmgEdgesAndScaling) {
     }
     // An infinite weight comes back: no scaling would ever end.
     T d1 = std::numeric_limits<T>::infinity(), d2 = 1, x1 = 1, param[5];
-    call(Level1<T>::rotmg, &d1, &d2, &x1, T(1), param);
+    call(REAL(rotmg), &d1, &d2, &x1, T(1), param);
     EXPECT_FALSE(std::isfinite(d1) && std::isfinite(d2));
 }
 
-TYPED_TEST(Extremes, FirstOfEqualElements) {
-    using T = TypeParam;
-    Random random(14);
-    each_vector([&](int n, int inc, size_t offset) {
-        Vector<T> x(n, inc, offset);
-        // Few different magnitudes: many ties, in every place of a group.
-        for (int i = 0; i < n; ++i) {
-            const auto part = [&] { return static_cast<real_t<T>>(random.below(41) / 10 - 2); };
-            if constexpr (is_complex<T>)
-                x.at(i) = {part(), part()};
-            else
-                x.at(i) = part();
-        }
-        int largest = n < 1 || inc < 1 ? 0 : 1, smallest = largest;
-        const auto size = [&](int position) {
-            const Wide e = wide(x.at(position - 1));
-            return std::fabs(e.real()) + std::fabs(e.imag());
-        };
-        for (int k = 2; largest > 0 && k <= n; ++k) {
-            if (size(k) > size(largest)) largest = k;
-            if (size(k) < size(smallest)) smallest = k;
-        }
-        ASSERT_EQ(call(Level1<T>::amax, n, x.data(), inc), largest) << n << " " << inc;
-        ASSERT_EQ(call(Level1<T>::amin, n, x.data(), inc), smallest) << n << " " << inc;
-    });
+// By four candidates by position modulo 4, the leftover elements competing with the last one: a NaN
+// replaces, and is replaced. `sizes` of 2 and more elements; a result from 1.
+template <class R>
+int winner_with_nans(const std::vector<R>& sizes, bool largest) {
+    const auto beats = [&](R a, R b) { return largest ? !(a <= b) : !(a >= b); };
+    const size_t n = sizes.size(), groups = n / 4 * 4;
+    std::vector<std::pair<R, int>> best(4, {-1, 0});
+    const auto compete = [&](size_t k, size_t i) {
+        if (beats(sizes[i], best[k].first)) best[k] = {sizes[i], static_cast<int>(i) + 1};
+    };
+    for (size_t i = 0; i < (groups ? 4 : 1); ++i) best[i] = {sizes[i], static_cast<int>(i) + 1};
+    if (n < 4 && !largest) best.resize(1);
+    for (size_t i = groups ? 4 : 1; i < n; ++i)
+        compete(best.size() == 1 ? 0 : i < groups ? i % 4 : 3, i);
+    auto winner = best[0];
+    for (const auto& candidate : best) {
+        const auto& [size, position] = candidate;
+        if (size == winner.first ? position < winner.second : beats(size, winner.first))
+            winner = candidate;
+    }
+    return winner.second;
 }
 
-// Four candidates by position modulo 4; the leftover elements compete with the last one. A NaN replaces
-// and is replaced.
-TYPED_TEST(Extremes, NaNReplacesAndIsReplaced) {
+// Few different magnitudes, so that there are ties in every place of a group; the sequential scan tells
+// the first of the extreme ones. Then NaNs among them.
+TYPED_TEST(Extremes, FirstOfEqualElementsAndNaNs) {
     using T = TypeParam;
     using R = real_t<T>;
-    Random random(15);
-    for (int round = 0; round < 3000; ++round) {
-        const int n = 2 + random.below(70), inc = 1 + round % 2;
-        Vector<T> x(n, inc, 4);
+    Random random(14);
+    const auto check = [&](int n, int inc, size_t offset, bool with_nans) {
+        Vector<T> x(n, inc, offset);
         std::vector<R> sizes;
         for (int i = 0; i < n; ++i) {
-            if (random.below(6) == 0)
+            const auto part = [&] { return static_cast<R>(random.below(41) / 10 - 2); };
+            x.at(i) = element<T>(part(), part());
+            if (with_nans && random.below(6) == 0)
                 reinterpret_cast<R&>(x.at(i)) = std::numeric_limits<R>::quiet_NaN();
-            const Wide e = wide(x.at(i));
-            const R re = static_cast<R>(std::fabs(e.real()));
-            sizes.push_back(re + static_cast<R>(std::fabs(e.imag())));
+            sizes.push_back(static_cast<R>(magnitude(wide(x.at(i)))));
         }
-        for (bool largest : {true, false}) {
-            const auto beats = [&](R a, R b) { return largest ? !(a <= b) : !(a >= b); };
-            const int groups = n / 4 * 4;
-            std::vector<std::pair<R, int>> best(4, {-1, 0});
-            const auto compete = [&](int k, int i) {
-                if (beats(sizes[size_t(i)], best[size_t(k)].first))
-                    best[size_t(k)] = {sizes[size_t(i)], i + 1};
-            };
-            for (int i = 0; i < std::min(n, groups > 0 ? 4 : 1); ++i)
-                best[size_t(i)] = {sizes[size_t(i)], i + 1};
-            if (n < 4 && !largest) best.resize(1);
-            for (int i = 1; i < n; ++i)
-                if (i >= 4 || n < 4) compete(best.size() == 1 ? 0 : i < groups ? i % 4 : 3, i);
-            auto winner = best[0];
-            for (size_t k = 1; k < best.size(); ++k) {
-                const auto& [size, position] = best[k];
-                if (size == winner.first ? position < winner.second : beats(size, winner.first))
-                    winner = best[k];
-            }
-            ASSERT_EQ(call(largest ? Level1<T>::amax : Level1<T>::amin, n, x.data(), inc),
-                      winner.second)
-                << n << " " << inc << " " << largest;
+        for (const bool largest : {true, false}) {
+            int want = n < 1 || inc < 1 ? 0 : 1;
+            const auto size = [&](int position) { return sizes[size_t(position - 1)]; };
+            for (int k = 2; want > 0 && k <= n; ++k)
+                if (largest ? size(k) > size(want) : size(k) < size(want)) want = k;
+            if (with_nans) want = winner_with_nans(sizes, largest);
+            const auto find = largest ? of_type<T>(isamax, idamax, icamax, izamax)
+                                      : of_type<T>(isamin, idamin, icamin, izamin);
+            ASSERT_EQ(call(find, n, x.data(), inc), want) << n << " " << inc << " " << largest;
         }
-    }
+    };
+    each_vector([&](int n, int inc, size_t offset) { check(n, inc, offset, false); });
+    for (int round = 0; round < 3000; ++round) check(2 + random.below(70), 1 + round % 2, 4, true);
 }
 
 TEST(ExtremeEdges, ComplexMagnitudeIsTheSumOfTheParts) {

@@ -13,20 +13,16 @@ using Terms = std::vector<long double>;
 long double rounds_model(const Terms& terms, const std::vector<int>& groups,
                          const std::vector<int>& order) {
     const size_t body = terms.size() / groups.size() * groups.size();
-    long double partial[4] = {};
+    long double partial[4] = {}, sum = 0;
     for (size_t i = 0; i < body; ++i) partial[groups[i % groups.size()]] += terms[i];
-    long double sum = partial[order[0]];
-    for (size_t k = 1; k < order.size(); ++k) sum += partial[order[k]];
+    for (const int k : order) sum += partial[k];
     for (size_t i = body; i < terms.size(); ++i) sum += terms[i];
     return sum;
 }
-long double four_sums_model(const Terms& terms, int rounds_of = 4) {
-    std::vector<int> groups;
-    for (int k = 0; k < rounds_of; ++k) groups.push_back(k % 4);
+long double four_sums_model(const Terms& terms, bool rounds_of_8 = false) {
+    const std::vector<int> groups =
+        rounds_of_8 ? std::vector<int>{0, 1, 2, 3, 0, 1, 2, 3} : std::vector<int>{0, 1, 2, 3};
     return rounds_model(terms, groups, {3, 0, 1, 2});
-}
-long double two_sums_model(const Terms& terms) {
-    return rounds_model(terms, {0, 1}, {0, 1});
 }
 
 // Two vectors of partial sums in single precision over rounds of `round` elements, the first lane
@@ -59,7 +55,7 @@ long double sdot_model(int n, Vector<float>& x, Vector<float>& y) {
             const int k = turned ? n - 1 - i : i;
             products.push_back(static_cast<long double>(x.at(k)) * y.at(k));
         }
-        return four_sums_model(products, n > 8 && one_sided ? 8 : 4);
+        return four_sums_model(products, n > 8 && one_sided);
     }
     const int prefix = prefix_of(y.data(), n);
     float start = 0;
@@ -91,13 +87,6 @@ long double single_sum_model(int entries, const float* x, size_t round, Term ter
     return sum;
 }
 
-long double magnitude(long double x) {
-    return std::fabs(x);
-}
-long double square(long double x) {
-    return x * x;
-}
-
 // The sum of `term` over the real entries of x, by the scheme of the routine.
 template <class T, class Term>
 long double entries_model(int n, Vector<T>& x, Term term, bool is_norm) {
@@ -117,16 +106,8 @@ long double entries_model(int n, Vector<T>& x, Term term, bool is_norm) {
         terms.push_back(term(e.real()));
         if (is_complex<T>) terms.push_back(term(e.imag()));
     }
-    if (!unit || kSingle) return two_sums_model(terms);
+    if (!unit || kSingle) return rounds_model(terms, {0, 1}, {0, 1});
     return is_norm ? rounds_model(terms, {0, 1, 0, 2}, {1, 0, 2}) : four_sums_model(terms);
-}
-
-// A wrong order shows in a double once in a thousand sums or so: the last bits of an extended sum are
-// rounded away. So there have to be many.
-template <class Run>
-void each_vector_and_many_short_ones(Run run) {
-    each_vector(run);
-    for (int i = 0; i < 30000; ++i) run(8 + i % 24, i % 3 == 0 ? 2 : 1, 8);
 }
 
 template <class T>
@@ -138,29 +119,33 @@ TYPED_TEST_SUITE(ComplexSums, ComplexTypes);
 
 } // namespace
 
-TEST(Dot, DoubleHasFourExtendedSums) {
-    each_pair_of_vectors([](int n, int incx, int incy, size_t ox, size_t oy) {
-        Vector<double> x(n, incx, ox), y(n, incy, oy);
-        x.spread();
-        Terms products;
-        for (int i = 0; i < n; ++i) {
-            const bool forwards = incx == -1 && incy == -1;
-            const int k = forwards ? n - 1 - i : i;
-            products.push_back(static_cast<long double>(x.at(k)) * y.at(k));
-        }
-        const long double got = call_extended(ddot, n, x.data(), incx, y.data(), incy);
-        ASSERT_EQ(got, static_cast<double>(four_sums_model(products))) << n << " " << incx << incy;
-    });
-}
-
-TEST(Dot, SingleIsUnroundedOffTheVectorPath) {
+TEST(Dot, RealSumsHaveTheirOrder) {
     bool some_unrounded = false;
     each_pair_of_vectors([&](int n, int incx, int incy, size_t ox, size_t oy) {
+        Vector<double> xd(n, incx, ox), yd(n, incy, oy);
         Vector<float> x(n, incx, ox), y(n, incy, oy);
-        x.spread(), y.spread();
-        const long double got = call_extended(sdot, n, x.data(), incx, y.data(), incy);
-        ASSERT_EQ(got, sdot_model(n, x, y)) << n << " " << incx << " " << incy << " " << ox << oy;
-        some_unrounded |= got != static_cast<float>(got);
+        xd.spread(), x.spread(), y.spread();
+        const float sb = 0.1f;
+        long double sum = 0, sum_on_sb = sb;
+        Terms products;
+        for (int i = 0; i < n; ++i) {
+            const int k = incx == -1 && incy == -1 ? n - 1 - i : i; // read forwards
+            products.push_back(static_cast<long double>(xd.at(k)) * yd.at(k));
+            const long double product = static_cast<long double>(x.at(i)) * y.at(i);
+            sum += product;
+            sum_on_sb += product;
+        }
+        SCOPED_TRACE(testing::Message()
+                     << n << " " << incx << " " << incy << " " << ox << " " << oy);
+        ASSERT_EQ(call_extended(ddot, n, xd.data(), incx, yd.data(), incy),
+                  static_cast<double>(four_sums_model(products)));
+        const long double single = call_extended(sdot, n, x.data(), incx, y.data(), incy);
+        ASSERT_EQ(single, sdot_model(n, x, y));
+        some_unrounded |= single != static_cast<float>(single);
+        ASSERT_EQ(call_extended(dsdot, n, x.data(), incx, y.data(), incy),
+                  static_cast<double>(sum));
+        ASSERT_EQ(call_extended(sdsdot, n, sb, x.data(), incx, y.data(), incy),
+                  static_cast<float>(sum_on_sb));
     });
     EXPECT_TRUE(some_unrounded);
 }
@@ -175,54 +160,40 @@ TEST(Dot, LengthEightIsExtendedAndNineSingle) {
     EXPECT_EQ(call_extended(sdot, 9, x, 1, ones, -1), 7);
 }
 
-TEST(Dot, MixedPrecisionSumsInOrder) {
-    each_pair_of_vectors([](int n, int incx, int incy, size_t ox, size_t oy) {
-        Vector<float> x(n, incx, ox), y(n, incy, oy);
-        const float sb = 0.1f;
-        long double sum = 0, sum_on_sb = sb;
-        for (int i = 0; i < n; ++i) {
-            const long double product = static_cast<long double>(x.at(i)) * y.at(i);
-            sum += product;
-            sum_on_sb += product;
-        }
-        ASSERT_EQ(call_extended(dsdot, n, x.data(), incx, y.data(), incy),
-                  static_cast<double>(sum));
-        ASSERT_EQ(call_extended(sdsdot, n, sb, x.data(), incx, y.data(), incy),
-                  static_cast<float>(sum_on_sb));
-    });
-}
-
-TYPED_TEST(Sums, AsumHasItsPartialSums) {
+// A wrong order shows in a double once in a thousand sums or so: the last bits of an extended sum are
+// rounded away. So there have to be many.
+TYPED_TEST(Sums, AsumAndNrm2HaveTheirPartialSums) {
     using T = TypeParam;
-    each_vector_and_many_short_ones([](int n, int inc, size_t offset) {
+    using R = real_t<T>;
+    const auto check = [](int n, int inc, size_t offset) {
         Vector<T> x(n, inc, offset);
         x.spread();
-        const auto want = static_cast<real_t<T>>(entries_model(n, x, magnitude, false));
-        ASSERT_EQ(call_extended(Level1<T>::asum, n, x.data(), inc), want) << n << " " << inc;
-    });
-}
-
-TYPED_TEST(Sums, Nrm2HasItsPartialSums) {
-    using T = TypeParam;
-    each_vector_and_many_short_ones([](int n, int inc, size_t offset) {
-        Vector<T> x(n, inc, offset);
-        x.spread();
-        const auto want = static_cast<real_t<T>>(std::sqrt(entries_model(n, x, square, true)));
-        ASSERT_EQ(call_extended(Level1<T>::nrm2, n, x.data(), inc), want) << n << " " << inc;
-    });
+        const auto magnitude = [](long double e) { return std::fabs(e); };
+        const auto square = [](long double e) { return e * e; };
+        ASSERT_EQ(call_extended(of_type<T>(sasum, dasum, scasum, dzasum), n, x.data(), inc),
+                  static_cast<R>(entries_model(n, x, magnitude, false)))
+            << n << " " << inc;
+        ASSERT_EQ(call_extended(of_type<T>(snrm2, dnrm2, scnrm2, dznrm2), n, x.data(), inc),
+                  static_cast<R>(std::sqrt(entries_model(n, x, square, true))))
+            << n << " " << inc;
+    };
+    each_vector(check);
+    for (int i = 0; i < 30000; ++i) check(8 + i % 24, i % 3 == 0 ? 2 : 1, 8);
 }
 
 TYPED_TEST(Sums, Nrm2NeedsNoScalingInExtendedPrecision) {
     using T = TypeParam;
     constexpr bool kSingle = sizeof(real_t<T>) == sizeof(float);
     const auto big = static_cast<real_t<T>>(kSingle ? 1e30 : 1e300);
-    std::vector<T> x(200, number<T>(big));
-    const auto root2 = static_cast<real_t<T>>(std::sqrt(2.0L) * big);
-    EXPECT_EQ(call(Level1<T>::nrm2, 1, x.data(), 2), big);
-    EXPECT_EQ(call(Level1<T>::nrm2, 2, x.data(), 2), root2);
-    EXPECT_EQ(call(Level1<T>::nrm2, 100, x.data(), 1) == HUGE_VAL, kSingle);
-    EXPECT_NEAR(call(Level1<T>::nrm2, 100, x.data(), -2) / big, 10, 1e-6);
-    EXPECT_EQ(call(Level1<T>::nrm2, 100, x.data(), -1) == HUGE_VAL, (std::is_same_v<T, cfloat>));
+    const std::vector<T> x(200, element<T>(big));
+    const auto norm = [&](int n, int inc) {
+        return call(of_type<T>(snrm2, dnrm2, scnrm2, dznrm2), n, x.data(), inc);
+    };
+    EXPECT_EQ(norm(1, 2), big);
+    EXPECT_EQ(norm(2, 2), static_cast<real_t<T>>(std::sqrt(2.0L) * big));
+    EXPECT_EQ(norm(100, 1) == HUGE_VAL, kSingle);
+    EXPECT_NEAR(norm(100, -2) / big, 10, 1e-6);
+    EXPECT_EQ(norm(100, -1) == HUGE_VAL, (std::is_same_v<T, cfloat>));
 }
 
 TYPED_TEST(ComplexSums, DotuAndDotcStayWithinTheirBound) {
@@ -240,54 +211,10 @@ TYPED_TEST(ComplexSums, DotuAndDotcStayWithinTheirBound) {
             terms += std::abs(wide(x.at(i)) * wide(y.at(i)));
         }
         Guarded<T> got(2);
-        call(Level1<T>::dotu, got.data(), n, x.data(), incx, y.data(), incy);
-        call(Level1<T>::dotc, got.data() + 1, n, x.data(), incx, y.data(), incy);
+        call(COMPLEX(dotu), got.data(), n, x.data(), incx, y.data(), incy);
+        call(COMPLEX(dotc), got.data() + 1, n, x.data(), incx, y.data(), incy);
         bound.add(wide(got[0]), dotu, terms * limit(n));
         bound.add(wide(got[1]), dotc, terms * limit(n));
         ASSERT_TRUE(got.intact());
     });
-}
-
-TEST(SparseDot, SumsInOrder) {
-    Random random(5);
-    for (int n : {-1, 0, 1, 9, 200}) {
-        std::vector<int> indx;
-        for (int i = 0; i < n; ++i) indx.push_back(random.below(40) + 1);
-        Vector<float> xs(n, 1, 4), ys(40, 1, 4);
-        Vector<double> xd(n, 1, 4), yd(40, 1, 4);
-        float single = 0;
-        long double extended = 0;
-        for (int i = 0; i < n; ++i) {
-            const int k = indx[size_t(i)] - 1;
-            single += xs.at(i) * ys.at(k);
-            extended += static_cast<long double>(xd.at(i)) * yd.at(k);
-        }
-        EXPECT_EQ(call_extended(sdoti, n, xs.data(), indx.data(), ys.data()), single);
-        EXPECT_EQ(call_extended(ddoti, n, xd.data(), indx.data(), yd.data()),
-                  static_cast<double>(extended));
-    }
-}
-
-TYPED_TEST(ComplexSums, SparseDotsStayWithinTheirBound) {
-    using T = TypeParam;
-    Bound<T> bound("dotui", sizeof(T) == 8 ? 20 : 1);
-    Random random(6);
-    for (int n : {-1, 0, 1, 9, 200}) {
-        std::vector<int> indx;
-        for (int i = 0; i < n; ++i) indx.push_back(random.below(40) + 1);
-        Vector<T> x(n, 1, 4), y(40, 1, 4);
-        Wide dotu = 0, dotc = 0;
-        long double terms = 0;
-        for (int i = 0; i < n; ++i) {
-            const Wide other = wide(y.at(indx[size_t(i)] - 1));
-            dotu += wide(x.at(i)) * other;
-            dotc += std::conj(wide(x.at(i))) * other;
-            terms += std::abs(wide(x.at(i)) * other);
-        }
-        T got[2];
-        call(Level1<T>::dotui, got, n, x.data(), indx.data(), y.data());
-        call(Level1<T>::dotci, got + 1, n, x.data(), indx.data(), y.data());
-        bound.add(wide(got[0]), dotu, terms);
-        bound.add(wide(got[1]), dotc, terms);
-    }
 }

@@ -23,11 +23,13 @@ extern "C" void vor_test_call(const void* function, const uint32_t* words, int c
                               UnitState* after);
 
 // One argument of parameter type P: passed as it is or, where the routine takes a reference and the
-// caller has a value, by the address of a copy.
+// caller has a value, by the address of a copy (for void*, of the value itself).
 template <class P, class A>
 class Argument {
     static constexpr bool kAsItIs = std::is_convertible_v<A, P>;
-    using Held = std::conditional_t<kAsItIs, P, std::remove_const_t<std::remove_pointer_t<P>>>;
+    using Pointed = std::remove_const_t<std::remove_pointer_t<P>>;
+    using Held =
+        std::conditional_t<kAsItIs, P, std::conditional_t<std::is_void_v<Pointed>, A, Pointed>>;
     Held held_;
 
 public:

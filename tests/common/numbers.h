@@ -14,6 +14,22 @@
 
 namespace vor::test {
 
+// What stands for element type T among the values for (s, d), (c, z) or all four.
+template <class T, class Single, class Double>
+constexpr auto of_type(Single s, Double d) {
+    if constexpr (sizeof(real_t<T>) == sizeof(float))
+        return s;
+    else
+        return d;
+}
+template <class T, class S, class D, class C, class Z>
+constexpr auto of_type(S s, D d, C c, Z z) {
+    if constexpr (is_complex<T>)
+        return of_type<T>(c, z);
+    else
+        return of_type<T>(s, d);
+}
+
 // Reproducible numbers (SplitMix64: Steele, Lea, Flood, OOPSLA 2014).
 class Random {
 public:
@@ -52,6 +68,10 @@ public:
         const auto start = reinterpret_cast<uintptr_t>(memory_.get()) + kMargin;
         data_ = reinterpret_cast<T*>(((start + 63) & ~uintptr_t{63}) + offset);
     }
+    Guarded(const Guarded& other) : Guarded(other.n_, other.offset_) {
+        std::copy(other.data_, other.data_ + n_, data_);
+    }
+    Guarded(Guarded&&) = default;
     T* data() { return data_; }
     const T* data() const { return data_; }
     size_t size() const { return n_; }

@@ -9,68 +9,65 @@ namespace vor::test {
 namespace {
 
 TEST(Record, RoomAtTheStart) {
-    struct Request {
-        unsigned bits;
-        int limbs;
-    };
-    for (const auto& [bits, limbs] :
-         {Request{0, 8}, Request{256, 8}, Request{257, 9}, Request{320, 10}, Request{321, 11}}) {
-        mpz_t x;
-        __gmpz_init2(x, bits);
-        EXPECT_EQ(x->_mp_alloc, limbs) << bits;
-        EXPECT_EQ(x->_mp_size, 0);
-        for (int i = 0; i < limbs; ++i) EXPECT_EQ(x->_mp_d[i], 0u);
-        EXPECT_EQ(reinterpret_cast<uintptr_t>(x->_mp_d) % 32, 0u);
-        __gmpz_clear(x);
+    const std::pair<unsigned, int> requests[] = {{0, 8}, {256, 8}, {257, 9}, {320, 10}, {321, 11}};
+    for (const auto& [bits, limbs] : requests) {
+        vor_mpz array[2];
+        __gmpz_array_init(array, 2, bits);
+        for (vor_mpz& x : array) {
+            EXPECT_EQ(x._mp_alloc, limbs) << bits;
+            EXPECT_EQ(x._mp_size, 0);
+            EXPECT_EQ(std::count(x._mp_d, x._mp_d + limbs, 0u), limbs);
+            EXPECT_EQ(reinterpret_cast<uintptr_t>(x._mp_d) % 32, 0u);
+            __gmpz_clear(&x);
+        }
     }
-    vor_mpz array[3];
-    __gmpz_array_init(array, 3, 300);
-    for (vor_mpz& x : array) {
-        EXPECT_EQ(x._mp_alloc, 10);
-        __gmpz_clear(&x);
-    }
-    EXPECT_EQ(_impBits2Chars(0), 1u);
-    EXPECT_EQ(_impBits2Chars(9), 2u);
-    EXPECT_EQ(_impBits2Chunks(0), 1u);
-    EXPECT_EQ(_impBits2Chunks(33), 2u);
+    EXPECT_TRUE(_impBits2Chars(0) == 1 && _impBits2Chars(8) == 1 && _impBits2Chars(9) == 2);
+    EXPECT_TRUE(_impBits2Chunks(0) == 1 && _impBits2Chunks(32) == 1 && _impBits2Chunks(33) == 2);
 }
 
 TEST(Record, Realloc) {
-    const Int twelve("-rnd(3,384)");
-    Z x(twelve);
+    const Int twelve("-rnd(3,384)"), two("ffffffffffffffff");
+    Z x(twelve), small(two);
+    const auto expect = [](Z& z, int room, const Int& value) {
+        EXPECT_EQ(z->_mp_alloc, room);
+        EXPECT_EQ(z.value(), value);
+    };
     EXPECT_EQ(__gmpz_realloc(x, 16), 0);
-    EXPECT_EQ(x->_mp_alloc, 16);
-    EXPECT_EQ(x.value(), twelve);
+    expect(x, 16, twelve);
     __gmpz_realloc(x, 10); // cuts the value, keeps the room
-    EXPECT_EQ(x->_mp_alloc, 16);
-    EXPECT_EQ(x.value(), Int(twelve.words.data(), 10, true));
+    expect(x, 16, Int(twelve.words.data(), 10, true));
     for (int i = 10; i < 16; ++i) EXPECT_EQ(x->_mp_d[i], 0u);
-    Z small(Int("ffffffffffffffff"));
     __gmpz_realloc(small, 3);
-    EXPECT_EQ(small->_mp_alloc, 8);
-    EXPECT_EQ(small.value(), Int("ffffffffffffffff"));
+    expect(small, 8, two);
     // What stands above the value never becomes part of it.
     Z cut(Int("bit(288)"));
     cut->_mp_d[8] = 0;
     cut->_mp_d[3] = 7;
     __gmpz_realloc(cut, 8);
     EXPECT_EQ(cut.value(), Int("7*bit(96)"));
+    cut->_mp_size = 5; // zero on top
+    __gmpz_realloc2(cut, 640);
+    expect(cut, 20, Int("7*bit(96)"));
+
+    __gmpz_realloc2(x, 640);
+    expect(x, 20, Int(twelve.words.data(), 10, true));
+    __gmpz_realloc2(x, 320);
+    expect(x, 10, Int(twelve.words.data(), 10, true));
+    __gmpz_realloc2(x, 32); // does not fit
+    expect(x, 8, Int(0));
+    __gmpz_realloc2(small, 32);
+    expect(small, 8, Int(0));
 }
 
-TEST(Record, Realloc2) {
-    Z x(Int("-rnd(3,300)"));
-    __gmpz_realloc2(x, 640);
-    EXPECT_EQ(x->_mp_alloc, 20);
-    __gmpz_realloc2(x, 320);
-    EXPECT_EQ(x->_mp_alloc, 10);
-    EXPECT_EQ(x.value(), Int("-rnd(3,300)"));
-    __gmpz_realloc2(x, 32); // does not fit
-    EXPECT_EQ(x->_mp_alloc, 8);
-    EXPECT_EQ(x.value(), Int(0));
-    Z small(Int("ffffffffffffffff"));
-    __gmpz_realloc2(small, 32);
-    EXPECT_EQ(small->_mp_alloc, 8);
-    EXPECT_EQ(small.value(), Int(0));
+TEST(Record, ZerosAboveTheValue) {
+    const auto expect = [](const std::function<void(vor_mpz*, vor_mpz*)>& f) {
+        Z r(Int("ones(600)")), x(Int(5));
+        f(r, x);
+        for (int i = __gmpz_size(r); i < r->_mp_alloc; ++i) EXPECT_EQ(r->_mp_d[i], 0u) << i;
+    };
+    expect([](vor_mpz* r, vor_mpz* x) { __gmpz_set(r, x); });
+    expect([](vor_mpz* r, vor_mpz* x) { __gmpz_neg(r, x); });
+    expect([](vor_mpz* r, vor_mpz* x) { __gmpz_mul_2exp(r, x, 40); });
 }
 
 TEST(Record, ToleratesASingleZeroLimb) {
@@ -112,14 +109,13 @@ TEST(Blocks, LayoutAndMoves) {
 
 TEST(Blocks, Scratch) {
     Allocations allocations;
-    EXPECT_NE(_impTmpMalloc(50), nullptr);
-    EXPECT_EQ(allocations.live(), 1);
-    _impTmpFree();
-    EXPECT_EQ(allocations.live(), 0);
-    _impTmpMark();
-    EXPECT_NE(_impTmpMalloc(50), nullptr);
-    _impTmpMark();
-    EXPECT_EQ(allocations.live(), 0);
+    for (const auto release : {_impTmpFree, _impTmpMark, _impTmpMark}) {
+        EXPECT_NE(_impTmpMalloc(50), nullptr);
+        EXPECT_EQ(allocations.live(), 1);
+        release();
+        EXPECT_EQ(allocations.live(), 0);
+        release();
+    }
 }
 
 // A program's own functions receive every block with the size it was asked for.

@@ -11,12 +11,10 @@
 namespace vor::test {
 
 using Operation = std::function<Ints(const Ints&)>;
-using Operations = std::map<std::string, Operation>;
 
-const Operations& operations();
+const std::map<std::string, Operation>& operations();
 
-void add_big_number_operations(Operations& all);
-void add_record_operations(Operations& all);
-void add_division_operations(Operations& all);
+// Runs a line of oracle.py, "operation operand... = result...", and expects its results; the operation.
+std::string run_case(const std::string& line);
 
 } // namespace vor::test

@@ -1,16 +1,17 @@
 #!/usr/bin/env python3
 """Exact answers for the tests of the integers, from Python's own.
 
-    oracle.py --table    writes cases.txt: one case a line, "operation operand... = result..."
-    oracle.py --serve    answers lines "operation operand..." by lines "result...", in full
+    oracle.py --table          writes cases.txt: one case a line, "operation operand... = result..."
+    oracle.py --random SEED    writes random cases in the same form, without an end
 
 An operand is a hexadecimal number, ones(n) = 2^n - 1, bit(k) = 2^k or rnd(seed,bits), a number of
 exactly that many bits from SplitMix64; or a product of two of these; each with another one added
-or subtracted behind it; a minus may stand in front of the whole. A large result stands in the table
-as its sign, its length in bits and its residues modulo three word primes.
+or subtracted behind it; a minus may stand in front of the whole. A large result stands for itself by
+its sign, its length in bits and its residues modulo three word primes.
 """
 import math
 import random
+import signal
 import sys
 
 PRIMES = (4294967291, 4294967279, 4294967231)
@@ -80,31 +81,7 @@ def first_one(a, i):
     return i + (rest & -rest).bit_length() - 1 if rest else WORD
 
 
-def stream(seed, n):
-    """n words of xoshiro128** from a state of two SplitMix64 outputs."""
-    mask, state, words = WORD, [], []
-    for _ in range(2):
-        seed = (seed + 0x9e3779b97f4a7c15) & MASK
-        z = seed
-        z = ((z ^ (z >> 30)) * 0xbf58476d1ce4e5b9) & MASK
-        z = ((z ^ (z >> 27)) * 0x94d049bb133111eb) & MASK
-        z ^= z >> 31
-        state += [z & mask, z >> 32]
-    rotate = lambda x, k: (x << k | x >> 32 - k) & mask
-    for _ in range(n):
-        words.append(rotate(state[1] * 5 & mask, 7) * 9 & mask)
-        t = state[1] << 9 & mask
-        state[2] ^= state[0]
-        state[3] ^= state[1]
-        state[1] ^= state[2]
-        state[0] ^= state[3]
-        state[2] ^= t
-        state[3] = rotate(state[3], 11)
-    return [sum(word << 32 * i for i, word in enumerate(words))]
-
-
 OPERATIONS = {
-    "stream": stream,
     "bn_add": lambda a, b: [a + b],
     "bn_sub": lambda a, b: [a - b],
     "bn_mul": lambda a, b: [a * b],
@@ -145,8 +122,8 @@ OPERATIONS = {
     "compare_word": lambda a, v: [sign(a - v), sign(abs(a) - v)],
     "compare_signed": lambda a, v: [sign(a - v)],
     "fits": lambda a: [int(low <= a <= high) for low, high in (
-        (-1 << 31, (1 << 31) - 1), (0, WORD), (-1 << 15, (1 << 15) - 1), (0, (1 << 16) - 1))],
-    "low_word": lambda a: [abs(a) & WORD, sign(a) * (abs(a) & WORD) & WORD,
+        *[(-1 << 31, (1 << 31) - 1), (0, WORD)] * 2, (-1 << 15, (1 << 15) - 1), (0, (1 << 16) - 1))],
+    "low_word": lambda a: [abs(a) & WORD, (sign(a) * (abs(a) & WORD) + (1 << 31) & WORD) - (1 << 31),
                            (abs(a).bit_length() + 31) // 32],
     "size_in_power_of_two": lambda a, b: [
         max(1, -(-abs(a).bit_length() // (b.bit_length() - 1)))],
@@ -282,8 +259,6 @@ def record_cases(seeds):
             yield "addmul_ui", "-" + a, b, "ffffffff"
             yield "submul_ui", a, a, "%x" % (parse(b) & WORD)
             yield "limb_addmul", a, b, operands[(i + 3) % len(operands)]
-    for seed in ("0", "1", "ffffffff"):
-        yield "stream", seed, "14"
     for v, e in (("0", "0"), ("0", "5"), ("2", "40"), ("ffffffff", "7")):
         yield "ui_pow_ui", v, e
     # Equal but for the lowest limb; all ones plus one; a difference that loses all limbs but one.
@@ -356,24 +331,109 @@ def division_cases(seeds):
                 yield DIVISIONS[turn % 5], x, y
 
 
+# ---- Random cases ----------------------------------------------------------------------------------
+
+class Operands:
+    """Operands of random kinds, by the letters of KINDS."""
+    def __init__(self, seed):
+        self.below = random.Random(seed).randrange
+
+    def magnitude(self, longest):
+        """Long runs of equal bits, or random ones; lengths near the sizes where methods change."""
+        seams = (1, 2, 8, 9, 16, 17, 32, 33, 40, 41, 64, 65, 128, 129, 256, 257, 512)
+        words = seams[self.below(17)] + self.below(3) - 1 if self.below(3) else self.below(longest)
+        bits = 32 * min(max(words, 1), longest)
+        if self.below(2):
+            return self.below(1 << bits)
+        value, at = 0, 0
+        while at < bits:
+            ones = self.below(8 if self.below(2) else 200)
+            value |= (1 << ones) - 1 << at
+            at += ones + self.below(8 if self.below(2) else 200) + 1
+        return value & (1 << bits) - 1
+
+    def sign(self):
+        return "-" if self.below(2) else ""
+
+    def positive(self, longest):
+        return "%x" % max(self.magnitude(longest), 1)
+
+    def small(self, bits):
+        return "%x" % self.below(1 << self.below(bits) + 1)
+
+    def divided(self, longest, sign):
+        """Dividend and divisor: anything, or near a multiple of the divisor."""
+        d = self.positive(longest)
+        n = self.positive(longest)
+        if self.below(2):
+            n += "*" + d + ("", "+1", "-1", "+2")[self.below(4)]
+        return self.sign() + n, sign + d
+
+    def residues(self, op):
+        """N = 2 h + 1 and residues below."""
+        h = self.positive(8 if op == "mont_exp" else 40)
+        n = "2*" + h + "+1"
+        return [n, h if self.below(4) else n, h if self.below(2) else "1"][:2 + (op != "mont_form")]
+
+
+KINDS = {
+    "z": lambda x, n: x.sign() + x.positive(n) if x.below(12) else "0",
+    "y": lambda x, n: x.sign() + x.positive(20),
+    "p": lambda x, n: x.positive(n),
+    "w": lambda x, n: x.small(32) if x.below(2) else "ffffffff",
+    "s": lambda x, n: x.sign() + x.small(31),
+    "k": lambda x, n: x.small(12),
+    "e": lambda x, n: x.small(5),
+    "b": lambda x, n: ("2", "4", "8", "10", "20")[x.below(5)],
+}
+OPERANDS = {kinds: names.split() for kinds, names in {
+    "z": "set neg abs com fits low_word popcount",
+    "zw": "add_ui sub_ui ui_sub mul_ui compare_word",
+    "zs": "mul_si compare_signed",
+    "zk": "mul_2exp setbit clrbit bit tdiv_2exp fdiv_2exp cdiv_2exp mod_2exp",
+    "zb": "size_in_power_of_two", "we": "ui_pow_ui", "ye": "pow_ui",
+    "zzw": "addmul_ui submul_ui", "zzz": "addmul submul bn_mac",
+    "ppp": "limb_addmul", "pp": "limb_product",
+}.items()}
+
+
+def random_case(x):
+    op = list(OPERATIONS)[x.below(len(OPERATIONS))]
+    longest = 70 if x.below(8) else 700
+    if op in DIVISIONS or op in ("bn_div", "bn_mod"):
+        return (op, *x.divided(longest, "" if op == "bn_mod" else x.sign()))
+    if op == "bn_gcd":
+        g = "*" + x.positive(10)
+        return op, x.sign() + x.positive(30) + g, x.positive(30) + g
+    if op == "bn_modinv":
+        a = x.positive(40)
+        return op, a, x.positive(10) + "*" + a + "+" + x.positive(1)
+    if op.startswith("mont"):
+        return (op, *x.residues(op))
+    kinds = next((kinds for kinds, names in OPERANDS.items() if op in names), "zz")
+    return (op, *(KINDS[kind](x, longest) for kind in kinds))
+
+
+def answered(case):
+    answer = OPERATIONS[case[0]](*map(parse, case[1:]))
+    return " ".join(case) + " = " + " ".join(map(digest, answer))
+
+
 def table():
     seeds = Seeds()
     # Of the families that cross every operand with every other, one in three.
     crossed = [case for family in (big_number_cases, record_cases) for case in family(seeds)]
-    cases = crossed[::3] + [c for c in crossed if c[0] == "stream"] + list(product_cases(seeds)) + list(division_cases(seeds))
-    for case in dict.fromkeys(cases):
-        answer = OPERATIONS[case[0]](*map(parse, case[1:]))
-        yield " ".join(case) + " = " + " ".join(map(digest, answer))
+    return dict.fromkeys(crossed[::3] + list(product_cases(seeds)) + list(division_cases(seeds)))
 
 
 def main():
+    signal.signal(signal.SIGPIPE, signal.SIG_DFL)
     if sys.argv[1:] == ["--table"]:
-        print("\n".join(table()))
-    elif sys.argv[1:] == ["--serve"]:
-        for line in sys.stdin:
-            operation, *operands = line.split()
-            answer = OPERATIONS[operation](*map(parse, operands))
-            print(" ".join("%x" % x for x in answer), flush=True)
+        print("\n".join(map(answered, table())))
+    elif sys.argv[1:2] == ["--random"]:
+        operands = Operands(int(sys.argv[2]))
+        while True:
+            print(answered(random_case(operands)))
     else:
         sys.exit(__doc__)
 

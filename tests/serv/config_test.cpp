@@ -72,59 +72,32 @@ TEST(Config, LibraryNamesAreTakenWithoutHarm) {
 TEST(Config, SearchOrder) {
     const struct {
         const char* why;
-        std::vector<std::string> serial, parallel; // files with "yes", and with "no"
-        std::vector<std::string> environment;      // @ stands for the folder
-        std::string answer;
-    } cases[] = {
-        {"the file that is named", {"a"}, {"vor.cfg"}, {"VOR_CFG_FILE=@/a"}, "0 " + kSerial},
-        {"in the folder that is named",
-         {"a/vor.cfg"},
-         {"vor.cfg"},
-         {"VOR_CFG_FILE=a"},
-         "0 " + kSerial},
-        {"the path before this folder",
-         {"p/vor.cfg"},
-         {"vor.cfg"},
-         {"VOR_CFG_FILE=@/missing", "PATH=@/p"},
-         "0 " + kSerial},
-        {"this folder as the last element",
-         {"vor.cfg"},
-         {},
-         {"VOR_CFG_FILE=missing", "PATH=@/p"},
-         "0 " + kSerial},
-        {"a folder without the file",
-         {"p/vor.cfg"},
-         {"a/other"},
-         {"VOR_CFG_FILE=a", "PATH=@/p"},
-         "0 " + kSerial},
-        {"a file cannot be a folder",
-         {"p/vor.cfg"},
-         {"a"},
-         {"VOR_CFG_FILE=a/vor.cfg", "PATH=@/p"},
-         "0 " + kSerial},
-        {"an empty name",
-         {"vor.cfg"},
-         {"p/vor.cfg"},
-         {"VOR_CFG_FILE=", "PATH=@/p"},
-         "0 " + kSerial},
-        {"no name", {"vor.cfg"}, {"p/vor.cfg"}, {"PATH=@/p"}, "0 " + kSerial},
-        {"a folder of that name", {"vor.cfg/vor.cfg"}, {"p/vor.cfg"}, {"PATH=@/p"}, "0 " + kSerial},
-        {"folders all the way", {"p/vor.cfg"}, {"vor.cfg/vor.cfg/x"}, {"PATH=@/p"}, "0 " + kSerial},
-        {"a name beyond the room",
-         {"p/vor.cfg"},
-         {"vor.cfg"},
-         {"VOR_CFG_FILE=" + std::string(5000, 'a'), "PATH=@/p"},
-         "0 " + kSerial},
-        {"nothing", {"a"}, {}, {"VOR_CFG_FILE=missing", "PATH=@/p:/"}, "-1 " + kDefaults},
-    };
+        std::vector<std::string> found, passed_over; // files
+        std::string named, path;                     // @ stands for the folder; empty acts as unset
+    } cases[] = {{"the file that is named", {"a"}, {"vor.cfg"}, "@/a", ""},
+                 {"in the folder that is named", {"a/vor.cfg"}, {"vor.cfg"}, "a", ""},
+                 {"the path before this folder", {"p/vor.cfg"}, {"vor.cfg"}, "@/missing", "@/p"},
+                 {"this folder as the last element", {"vor.cfg"}, {}, "missing", "@/p"},
+                 {"a folder without the file", {"p/vor.cfg"}, {"a/other"}, "a", "@/p"},
+                 {"a file cannot be a folder", {"p/vor.cfg"}, {"a"}, "a/vor.cfg", "@/p"},
+                 {"no name", {"vor.cfg"}, {"p/vor.cfg"}, "", "@/p"},
+                 {"a folder of that name", {"vor.cfg/vor.cfg"}, {"p/vor.cfg"}, "", "@/p"},
+                 {"folders all the way", {"p/vor.cfg"}, {"vor.cfg/vor.cfg/x"}, "", "@/p"},
+                 {"beyond the room", {"p/vor.cfg"}, {"vor.cfg"}, std::string(20000, 'a'), "@/p"},
+                 {"nothing", {}, {"a"}, "missing", "@/p:/"}};
     for (const auto& c : cases) {
         const Folder folder;
-        for (const auto& name : c.serial) folder.write(name, yes);
-        for (const auto& name : c.parallel) folder.write(name, no);
-        std::vector<std::string> environment = c.environment;
-        for (std::string& e : environment)
-            if (const size_t at = e.find('@'); at != e.npos) e.replace(at, 1, folder.path());
-        EXPECT_EQ(probe("gate 1 settings", environment, folder.path()), c.answer) << c.why;
+        for (const auto& name : c.found) folder.write(name, yes);
+        for (const auto& name : c.passed_over) folder.write(name, no);
+        std::vector<std::string> environment;
+        for (std::string value : {"VOR_CFG_FILE=" + c.named, "PATH=" + c.path}) {
+            if (const size_t at = value.find('@'); at != value.npos)
+                value.replace(at, 1, folder.path());
+            environment.push_back(value);
+        }
+        EXPECT_EQ(probe("gate 1 settings", environment, folder.path()),
+                  c.found.empty() ? "-1 " + kDefaults : "0 " + kSerial)
+            << c.why;
     }
 }
 

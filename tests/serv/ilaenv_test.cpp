@@ -2,7 +2,7 @@
 #include "vor_service.h"
 
 #include <gtest/gtest.h>
-#include <map>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -16,31 +16,9 @@ int ask(int ispec, const std::string& name, Sizes n = {}, const char* opts = "")
     return ilaenv_(&ispec, name.data(), opts, &n.n1, &n.n2, &n.n3, &n.n4, 6, 1);
 }
 
-// Names that share an answer, when all sizes are 1000. In front of each: r for S and D, c for C and Z,
-// a for all four.
-using Names = std::vector<std::string>;
-using Answers = std::map<std::string, int>;
-
-Answers spelled_out(const std::vector<std::pair<int, Names>>& rows) {
-    const std::map<char, std::string> types = {{'r', "SD"}, {'c', "CZ"}, {'a', "SDCZ"}};
-    Answers answers;
-    for (const auto& [value, names] : rows)
-        for (const std::string& name : names)
-            for (const char type : types.at(name[0])) answers[type + name.substr(1)] = value;
-    return answers;
+bool holds(const std::string& list, const std::string& word) {
+    return (' ' + list + ' ').find(' ' + word + ' ') != std::string::npos;
 }
-
-const Names generate_real = {"rORGQR", "rORGRQ", "rORGLQ", "rORGQL", "rORGHR", "rORGTR", "rORGBR"};
-const Names generate_complex = {"cUNGQR", "cUNGRQ", "cUNGLQ", "cUNGQL",
-                                "cUNGHR", "cUNGTR", "cUNGBR"};
-const Names multiply_real = {"rORMQR", "rORMRQ", "rORMLQ", "rORMQL", "rORMHR", "rORMTR", "rORMBR"};
-const Names multiply_complex = {"cUNMQR", "cUNMRQ", "cUNMLQ", "cUNMQL",
-                                "cUNMHR", "cUNMTR", "cUNMBR"};
-const Names reductions = {"aGERQF", "aGELQF", "aGEQLF", "aGEHRD", "aGEBRD"};
-const Names iterations = {"aBDSQR", "aBDEQR", "aBD?QR", "aBDGQR", "aBDMQR",
-                          "aSTSQR", "aSTEQR", "aST?QR", "aSTGQR", "aSTMQR"};
-const Names factors = {"aGETRI", "aGETRF", "aPOTRF", "aSYTRF", "rSYTRD", "rSYGST",
-                       "cHETRF", "cHETRD", "cHEGST", "aTRTRI", "aLAUUM", "aGEQRF"};
 
 std::string folded(std::string name, int (*fold)(int)) {
     for (char& c : name) c = static_cast<char>(fold(c));
@@ -50,98 +28,95 @@ std::string folded(std::string name, int (*fold)(int)) {
 } // namespace
 
 TEST(Ilaenv, Names) {
+    const std::string all = "SDCZ", real = "SD", complex = "CZ";
+    const std::string reductions = "RQF LQF QLF HRD BRD", iterations = "SQR EQR ?QR GQR MQR";
+    const std::string generate = "GQR GRQ GLQ GQL GHR GTR GBR",
+                      multiply = "MQR MRQ MLQ MQL MHR MTR MBR";
+    // Names that share an answer, when all sizes are 1000.
     const struct {
-        int ispec, otherwise;
-        Answers answers;
-    } questions[] = {
-        {1, 1,
-         spelled_out({{64, factors},
-                      {32, reductions},
-                      {32, generate_real},
-                      {32, generate_complex},
-                      {32, multiply_real},
-                      {32, multiply_complex},
-                      {32, {"aGBTRF", "aPBTRF"}},
-                      {16, {"aLAQRF"}},
-                      {140, iterations}})},
-        {2, 2, spelled_out({{8, {"aSYTRF"}}})},
-        {3, 0,
-         spelled_out({{8, {"aGEQRF"}},
-                      {32, reductions},
-                      {32, {"rSYTRD", "cHETRD"}},
-                      {32, generate_real},
-                      {32, generate_complex},
-                      {210, iterations}})},
-    };
-    const char* const kinds[] = {"GE", "PO", "SY", "HE", "OR", "UN", "GB",
-                                 "PB", "TR", "LA", "BD", "ST", "GG", "G "};
-    const char* const operations[] = {"QRF", "RQF", "LQF", "QLF", "HRD", "BRD", "TRI", "TRF",
-                                      "TRD", "GST", "GQR", "GRQ", "GLQ", "GQL", "GHR", "GTR",
-                                      "GBR", "MQR", "MRQ", "MLQ", "MQL", "MHR", "MTR", "MBR",
-                                      "UUM", "SQR", "EQR", "?QR", "QRT", "TRX", "   "};
-    for (const auto& q : questions)
-        for (const char type : std::string("SDCZI?"))
-            for (const std::string kind : kinds)
-                for (const std::string operation : operations) {
+        int ispec, value;
+        std::string types, kinds, operations;
+    } rows[] = {{1, 64, all, "GE", "QRF TRI TRF"},
+                {1, 64, all, "PO SY", "TRF"},
+                {1, 64, real, "SY", "TRD GST"},
+                {1, 64, complex, "HE", "TRF TRD GST"},
+                {1, 64, all, "TR", "TRI"},
+                {1, 64, all, "LA", "UUM"},
+                {1, 32, all, "GE", reductions},
+                {1, 32, real, "OR", generate + ' ' + multiply},
+                {1, 32, complex, "UN", generate + ' ' + multiply},
+                {1, 32, all, "GB PB", "TRF"},
+                {1, 16, all, "LA", "QRF"},
+                {1, 140, all, "BD ST", iterations},
+                {2, 8, all, "SY", "TRF"},
+                {3, 8, all, "GE", "QRF"},
+                {3, 32, all, "GE", reductions},
+                {3, 32, real, "SY", "TRD"},
+                {3, 32, complex, "HE", "TRD"},
+                {3, 32, real, "OR", generate},
+                {3, 32, complex, "UN", generate},
+                {3, 210, all, "BD ST", iterations}};
+    const int otherwise[] = {0, 1, 2, 0};
+    std::istringstream kinds("GE PO SY HE OR UN GB PB TR LA BD ST GG G?");
+    for (std::string kind; kinds >> kind;) {
+        std::istringstream operations(reductions + ' ' + iterations + ' ' + generate + ' ' +
+                                      multiply + " QRF TRI TRF TRD GST UUM QRT TRX ???");
+        for (std::string operation; operations >> operation;)
+            for (const char type : std::string("SDCZI?"))
+                for (const int ispec : {1, 2, 3}) {
                     const std::string name = type + kind + operation;
-                    const auto answer = q.answers.find(name);
-                    const int known = answer == q.answers.end() ? q.otherwise : answer->second;
-                    const int want = type == 'I' || type == '?' ? 1 : known;
-                    EXPECT_EQ(ask(q.ispec, name), want) << q.ispec << " " << name;
-                    EXPECT_EQ(ask(q.ispec, folded(name, tolower)), want) << q.ispec << " " << name;
+                    int want = all.find(type) == all.npos ? 1 : otherwise[ispec];
+                    for (const auto& row : rows)
+                        if (row.ispec == ispec && row.types.find(type) != row.types.npos &&
+                            holds(row.kinds, kind) && holds(row.operations, operation))
+                            want = row.value;
+                    EXPECT_EQ(ask(ispec, name), want) << ispec << " " << name;
+                    EXPECT_EQ(ask(ispec, folded(name, tolower)), want) << ispec << " " << name;
                 }
+    }
 }
 
+// The answer by one size: values and the limits up to which they hold, in turn.
 TEST(Ilaenv, Steps) {
     const struct {
+        int ispec;
         const char *name, *opts;
-        Sizes below; // the other sizes
+        Sizes others;
         int Sizes::*size;
-        std::vector<std::pair<int, int>> steps; // limit, value up to it
-        int above;
+        std::string steps;
     } cases[] = {
-        {"DGEQRF",
-         "P",
-         {},
-         &Sizes::n2,
-         {{200, 8}, {400, 16}, {550, 32}, {800, 48}, {1350, 64}},
-         96},
-        {"CGEQRF",
-         "p",
-         {},
-         &Sizes::n2,
-         {{300, 16}, {350, 24}, {800, 48}, {1150, 64}, {3400, 96}},
-         128},
-        {"SBDSQR",
+        {1, "DGEQRF", "P", {}, &Sizes::n2, "8 200 16 400 32 550 48 800 64 1350 96"},
+        {1, "CGEQRF", "p", {}, &Sizes::n2, "16 300 24 350 48 800 64 1150 96 3400 128"},
+        {1,
+         "SBDSQR",
          "",
          {0, 1, 0, 0},
          &Sizes::n1,
-         {{210, 4}, {260, 100}, {450, 120}, {1000, 140}, {2200, 160}, {4000, 180}},
-         200},
-        {"ZSTEQR",
-         "",
-         {0, 2, 0, 0},
-         &Sizes::n1,
-         {{210, 4}, {630, 100}, {1100, 140}, {2500, 160}, {6200, 180}},
-         200},
-        {"SGBTRF", "", {1000, 1000, 1000, 0}, &Sizes::n4, {{64, 1}}, 32},
-        {"ZGBTRF", "", {1, 1, 1, 0}, &Sizes::n4, {{64, 1}}, 32},
-        {"CPBTRF", "", {1000, 0, 1000, 1000}, &Sizes::n2, {{64, 1}}, 32},
-        {"DLAQRF", "", {0, 77, 0, 0}, &Sizes::n1, {{350, 77}}, 16},
-    };
+         "4 210 100 260 120 450 140 1000 160 2200 180 4000 200"},
+        {1, "ZSTEQR", "", {0, 2, 0, 0}, &Sizes::n1, "4 210 100 630 140 1100 160 2500 180 6200 200"},
+        {1, "SGBTRF", "", {1000, 1000, 1000, 0}, &Sizes::n4, "1 64 32"},
+        {1, "ZGBTRF", "", {1, 1, 1, 0}, &Sizes::n4, "1 64 32"},
+        {1, "CPBTRF", "", {1000, 0, 1000, 1000}, &Sizes::n2, "1 64 32"},
+        {1, "DLAQRF", "", {0, 77, 0, 0}, &Sizes::n1, "77 350 16"},
+        {12, "DGETRF", "PX", {}, &Sizes::n2, "24 400 32 550 48 800 64 1350 96 19000 128"},
+        {12, "DGETRF", "p", {}, &Sizes::n2, "16"},
+        {12, "DGETRF", " P", {}, &Sizes::n2, "16"}};
     for (const auto& c : cases) {
         const auto at = [&](int size) {
-            Sizes sizes = c.below;
+            Sizes sizes = c.others;
             sizes.*c.size = size;
-            return ask(1, c.name, sizes, c.opts);
+            return ask(c.ispec, c.name, sizes, c.opts);
         };
-        for (size_t i = 0; i < c.steps.size(); ++i) {
-            EXPECT_EQ(at(c.steps[i].first), c.steps[i].second) << c.name << c.steps[i].first;
-            const int next = i + 1 < c.steps.size() ? c.steps[i + 1].second : c.above;
-            EXPECT_EQ(at(c.steps[i].first + 1), next) << c.name << c.steps[i].first + 1;
+        std::istringstream steps(c.steps);
+        int value, limit;
+        steps >> value;
+        EXPECT_EQ(at(-1), value) << c.name;
+        while (steps >> limit) {
+            EXPECT_EQ(at(limit), value) << c.name << limit;
+            steps >> value;
+            EXPECT_EQ(at(limit + 1), value) << c.name << limit;
         }
-        EXPECT_EQ(at(-1), c.steps[0].second);
-        EXPECT_EQ(at(2147483647), c.above);
+        EXPECT_EQ(at(2147483647), value) << c.name;
     }
 }
 
@@ -165,42 +140,25 @@ TEST(Ilaenv, CrossoverOfTheQrFactorisation) {
 
 TEST(Ilaenv, QuestionsWithoutAName) {
     const struct {
-        int ispec, n1, n2;
-        const char* opts;
-        int answer;
-    } cases[] = {
-        {0, 1, 1, "P", -1},
-        {13, 1, 1, "P", -1},
-        {-1, 1, 1, "P", -1},
-        {4, 9, 9, "", 6},
-        {5, 9, 9, "", 2},
-        {7, 9, 9, "", 1},
-        {8, 9, 9, "", 50},
-        {9, 9, 9, "", 25},
-        {10, 9, 9, "", 0},
-        {11, 9, 9, "", 0},
-        {6, 5, 9, "", 8},
-        {6, 9, 5, "", 8},
-        {6, 4, 4, "", 6},
-        {6, 10, 1000, "", 16},
-        {6, 0, 3, "", 0},
-        {6, -5, 3, "", -8},
-        {6, 1000000, 2000000, "", 1600000},
-        {6, 100000000, 200000000, "", 160000002}, // 1.6f is 1.60000002384
-        {12, 0, 400, "P", 24},
-        {12, 0, 401, "P", 32},
-        {12, 0, 550, "PX", 32},
-        {12, 0, 551, "P", 48},
-        {12, 0, 800, "P", 48},
-        {12, 0, 801, "P", 64},
-        {12, 0, 1350, "P", 64},
-        {12, 0, 1351, "P", 96},
-        {12, 0, 19000, "P", 96},
-        {12, 0, 19001, "P", 128},
-        {12, 0, 400, "p", 16},
-        {12, 0, 19001, " P", 16},
-    };
+        int ispec, n1, n2, answer;
+    } cases[] = {{0, 1, 1, -1},
+                 {13, 1, 1, -1},
+                 {-1, 1, 1, -1},
+                 {4, 9, 9, 6},
+                 {5, 9, 9, 2},
+                 {7, 9, 9, 1},
+                 {8, 9, 9, 50},
+                 {9, 9, 9, 25},
+                 {10, 9, 9, 0},
+                 {11, 9, 9, 0},
+                 {6, 5, 9, 8},
+                 {6, 9, 5, 8},
+                 {6, 4, 4, 6},
+                 {6, 0, 3, 0},
+                 {6, -5, 3, -8},
+                 {6, 10, 1000, 16},
+                 {6, 100000000, 200000000, 160000002}}; // 1.6f is 1.60000002384
     for (const auto& c : cases)
-        EXPECT_EQ(ask(c.ispec, "DGETRF", {c.n1, c.n2, 1, 1}, c.opts), c.answer)
-            << c.ispec << " " << c.n1 << " " << c.n2 << " " << c.opts;
+        EXPECT_EQ(ask(c.ispec, "DGETRF", {c.n1, c.n2, 1, 1}, "P"), c.answer)
+            << c.ispec << " " << c.n1 << " " << c.n2;
 }

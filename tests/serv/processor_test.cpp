@@ -10,33 +10,22 @@ using vor::test::Folder;
 using vor::test::probe;
 
 TEST(Processor, CacheClassOfDescriptorWords) {
-    const struct {
-        unsigned words[4];
-        int answer;
-    } cases[] = {
-        {{0, 0, 0, 0}, -1},
-        {{0x41, 0, 0, 0}, -1}, // a count, not a descriptor
-        {{0x4001, 0, 0, 0}, 0},
-        {{0x410001, 0, 0, 0}, 1},
-        {{0x79000001, 0, 0, 0}, 1},
-        {{1, 0x42, 0, 0}, 2},
-        {{1, 0, 0x7a00, 0}, 2},
-        {{1, 0, 0, 0x820000}, 2},
-        {{1, 0, 0, 0x43000000}, 3},
-        {{1, 0x7b, 0, 0}, 3},
-        {{1, 0x44, 0, 0}, 4},
-        {{1, 0x7c, 0, 0}, 4},
-        {{1, 0x84, 0, 0}, 4},
-        {{1, 0x45, 0, 0}, 5},
-        {{1, 0x85, 0, 0}, 5},
-        {{0x66605001, 0x3f464778, 0x78838600, 0x7d7f3e}, -1}, // none of these is listed
-        {{0x80004501, 0, 0, 0}, -1},                          // bit 31: holds no descriptors
-        {{0x80004501, 0x41, 0x80000085, 0}, 1},
-        {{1, 0x43, 0x82, 0x80000044}, 2}, // the last one wins, over words and within one
-        {{1, 0x00428541, 0, 0}, 2},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(vor::cache_class(c.words), c.answer) << testing::PrintToString(c.words);
+    const std::pair<unsigned, int> listed[] = {
+        {0x40, 0}, {0x41, 1}, {0x79, 1}, {0x42, 2}, {0x7a, 2}, {0x82, 2}, {0x43, 3},
+        {0x7b, 3}, {0x44, 4}, {0x7c, 4}, {0x84, 4}, {0x45, 5}, {0x85, 5}};
+    for (const auto& [descriptor, answer] : listed)
+        for (int place = 0; place < 16; ++place)
+            for (const unsigned top : {0u, 0x80000000u}) { // the word holds no descriptors
+                unsigned words[4] = {1, 0, 0, 0};
+                unsigned& word = words[place / 4];
+                word |= descriptor << 8 * (place % 4) | top;
+                const bool counts = place > 0 && !(word & 0x80000000u); // the first byte is a count
+                EXPECT_EQ(vor::cache_class(words), counts ? answer : -1)
+                    << descriptor << " " << place;
+            }
+    EXPECT_EQ(vor::cache_class({0x66605001, 0x3f464778, 0x78838600, 0x7d7f3e}), -1); // none listed
+    EXPECT_EQ(vor::cache_class({1, 0x43, 0x82, 0x80000044}), 2); // the last one wins
+    EXPECT_EQ(vor::cache_class({1, 0x00428541, 0, 0}), 2);
 }
 
 TEST(Processor, AnswersOfThisMachine) {

@@ -18,34 +18,8 @@ constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 const double specials[] = {0.0,   -0.0,   1.5,       -1.5,       4.9e-324, -1e-310,
                            1e308, -1e308, kInfinity, -kInfinity, kNaN,     -kNaN};
 
-template <class T, class Function>
-void check_sign(Function function) {
-    for (const double a_value : specials)
-        for (const double b_value : specials) {
-            const T a = static_cast<T>(a_value), b = static_cast<T>(b_value);
-            const bool negative =
-                std::signbit(b) && std::fpclassify(b) != FP_ZERO && !std::isnan(b);
-            T want = a;
-            if (std::isnan(a))
-                want = negative ? -a : a;
-            else if (std::fpclassify(a) != FP_ZERO)
-                want = negative ? -std::fabs(a) : std::fabs(a);
-            EXPECT_TRUE(same_bits<T>(function(&a, &b), want)) << a << " " << b;
-        }
-}
-
 long double ulps(long double got, long double want, long double epsilon) {
     return got == want ? 0 : std::fabs(got - want) / (std::fabs(want) * epsilon);
-}
-
-unsigned short control_word() {
-    unsigned short word;
-    asm volatile("fnstcw %0" : "=m"(word));
-    return word;
-}
-
-void set_control_word(unsigned short word) {
-    asm volatile("fldcw %0" : : "m"(word));
 }
 
 } // namespace
@@ -75,6 +49,19 @@ TEST(Lsamen, GoesByLengthsThenCharacters) {
             << c.n << " " << c.a << " " << c.b << " " << c.a_length << " " << c.b_length;
 }
 
+template <class T>
+void check_sign(T (*sign)(const T*, const T*)) {
+    for (const double a_value : specials)
+        for (const double b_value : specials) {
+            const T a = static_cast<T>(a_value), b = static_cast<T>(b_value);
+            const bool negative = b < 0; // not for -0, nor a NaN
+            T want = negative ? -std::fabs(a) : std::fabs(a);
+            if (std::isnan(a)) want = negative ? -a : a;
+            if (a == 0) want = a;
+            EXPECT_TRUE(same_bits<T>(sign(&a, &b), want)) << a << " " << b;
+        }
+}
+
 TEST(Scalar, SignTransfer) {
     check_sign<float>(vor_serv_s_sign);
     check_sign<double>(vor_serv_d_sign);
@@ -83,45 +70,40 @@ TEST(Scalar, SignTransfer) {
 TEST(Scalar, IntegerPower) {
     const auto power = [](double x, int n) { return vor_serv_d_powi(&x, &n); };
     const auto single = [](float x, int n) { return vor_serv_s_powi(&x, &n); };
-    EXPECT_EQ(power(3, 33), 5559060566555523.0);
-    EXPECT_EQ(power(-2, 3), -8);
-    EXPECT_EQ(power(-2, -3), -0.125);
-    EXPECT_EQ(power(kNaN, 0), 1);
-    EXPECT_EQ(power(0, -1), kInfinity);
-    EXPECT_EQ(power(2, 2000), kInfinity);
-    EXPECT_EQ(power(2, -1074), 4.9406564584124654e-324);
     const int least = std::numeric_limits<int>::min();
-    EXPECT_EQ(power(-1, least), 1);
-    EXPECT_EQ(power(2, least), 0);
+    const struct {
+        double x;
+        int n;
+        double want;
+    } cases[] = {{3, 33, 5559060566555523.0},
+                 {-2, 3, -8},
+                 {-2, -3, -0.125},
+                 {kNaN, 0, 1},
+                 {0, -1, kInfinity},
+                 {2, 2000, kInfinity},
+                 {2, -1074, 4.9406564584124654e-324},
+                 {-1, least, 1},
+                 {2, least, 0}};
+    for (const auto& c : cases) EXPECT_EQ(power(c.x, c.n), c.want) << c.x << " " << c.n;
     EXPECT_EQ(single(2, -149), 1.40129846432481707e-45f);
     EXPECT_EQ(single(2, 128), HUGE_VALF);
     Random random(1);
-    long double worst = 0, worst_single = 0;
     for (int i = 0; i < 2000; ++i) {
-        const double x = random.next<double>() + 2;
+        const float x = random.next<float>() + 2;
         const int n = random.below(101) - 50;
-        worst = std::max(worst, ulps(power(x, n), powl(x, n), DBL_EPSILON));
-        const float y = static_cast<float>(x);
-        worst_single = std::max(worst_single, ulps(single(y, n), powl(y, n), FLT_EPSILON));
+        // Half a unit for the one rounding, and at most 50 errors of 2^-64 each before it.
+        EXPECT_LT(ulps(power(x, n), powl(x, n), DBL_EPSILON), 0.53);
+        EXPECT_LT(ulps(single(x, n), powl(x, n), FLT_EPSILON), 0.5001);
     }
-    // Half a unit for the one rounding, and at most 50 errors of 2^-64 each before it.
-    EXPECT_LT(worst, 0.53);
-    EXPECT_LT(worst_single, 0.5001);
 }
 
 TEST(Scalar, Truncation) {
-    const struct {
-        double x;
-        int answer;
-    } cases[] = {{0.0, 0},      {-0.0, 0}, {0.999, 0},  {-0.999, 0},    {1.5, 1},
-                 {-1.5, -1},    {2.75, 2}, {-2.75, -2}, {1e6, 1000000}, {-2147483648.0, INT_MIN},
-                 {3e9, INT_MIN}};
     for (const int mode : {FE_TONEAREST, FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO}) {
         std::fesetround(mode);
-        for (const auto& c : cases) {
-            const float single = static_cast<float>(c.x);
-            EXPECT_EQ(vor_serv_s_int(&single), c.answer) << c.x;
-            EXPECT_EQ(vor_serv_d_int(&c.x), c.answer) << c.x;
+        for (const double x : {0.0, -0.0, 0.999, -0.999, 1.5, -1.5, 2.75, -2.75, 1e6, -0x1p31}) {
+            const float single = static_cast<float>(x);
+            EXPECT_EQ(vor_serv_s_int(&single), std::trunc(x)) << x;
+            EXPECT_EQ(vor_serv_d_int(&x), std::trunc(x)) << x;
             EXPECT_EQ(std::fegetround(), mode);
         }
         const double largest = 2147483647.9;
@@ -138,7 +120,9 @@ TEST(Scalar, Cosine) {
 TEST(Modulus, OfSpecialValues) {
     for (const double a : specials)
         for (const double b : specials) {
+            std::feclearexcept(FE_ALL_EXCEPT);
             const long double got = vor_serv_hypot(a, b);
+            EXPECT_FALSE(std::fetestexcept(FE_OVERFLOW)) << a << " " << b;
             if (std::isinf(a) || std::isinf(b))
                 EXPECT_EQ(got, kInfinity) << a << " " << b;
             else if (std::isnan(a) || std::isnan(b))
@@ -146,27 +130,26 @@ TEST(Modulus, OfSpecialValues) {
             else
                 EXPECT_LT(ulps(got, hypotl(a, b), LDBL_EPSILON), 2) << a << " " << b;
         }
-    const vor_dcomplex z = {-5, 12};
+    const vor_dcomplex z = {-5, 12}, ones = {1, 1};
     const vor_scomplex c = {8, -15};
     EXPECT_EQ(vor_serv_z_abs(&z), 13);
     EXPECT_EQ(vor_serv_c_abs(&c), 17);
-    // Unrounded results: sqrt(2) in 64 bits, and of the smallest double.
-    const vor_dcomplex ones = {1, 1};
+    // Unrounded: sqrt(2) in 64 bits, and of the smallest double.
     EXPECT_EQ(vor_serv_z_abs(&ones), sqrtl(2));
     EXPECT_EQ(vor_serv_hypot(4.9e-324, -4.9e-324), 0x1p-1074L * sqrtl(2));
-}
-
-TEST(Modulus, AddsArgumentsThatAreFarApart) {
-    const double near = 0x1p-58, far = 0x1p-59; // by the exponents, whatever the significands
-    EXPECT_EQ(vor_serv_hypot(1, near), 1);
-    EXPECT_EQ(vor_serv_hypot(-1.75, near), 1.75);
-    EXPECT_EQ(vor_serv_hypot(1, far), 1 + 0x1p-59L);
-    EXPECT_EQ(vor_serv_hypot(-far, -1), 1 + 0x1p-59L);
-    EXPECT_EQ(vor_serv_hypot(0, 3), 3);
+    // Arguments that are far apart by their exponents, whatever the significands, are added.
+    EXPECT_EQ(vor_serv_hypot(-1.75, 0x1p-58), 1.75);
+    EXPECT_EQ(vor_serv_hypot(1, 0x1p-59), 1 + 0x1p-59L);
+    EXPECT_EQ(vor_serv_hypot(-0x1p-59, -1), 1 + 0x1p-59L);
+    // Beyond double: finite, but flagged.
+    const long double large = vor_serv_hypot(-DBL_MAX, 1.5e308);
+    EXPECT_TRUE(std::isfinite(large) && std::isinf(static_cast<double>(large)));
+    EXPECT_TRUE(std::fetestexcept(FE_OVERFLOW));
 }
 
 TEST(Modulus, WorksInExtendedPrecisionWhateverTheCallerSet) {
-    const unsigned short own = control_word();
+    unsigned short own, after;
+    asm volatile("fnstcw %0" : "=m"(own));
     Random random(2);
     for (int i = 0; i < 200; ++i) {
         const double a = random.next<double>(), b = random.next<double>();
@@ -175,29 +158,11 @@ TEST(Modulus, WorksInExtendedPrecisionWhateverTheCallerSet) {
         // 24-bit, 53-bit precision; rounding down in the latter
         for (const int bits : {0x000, 0x200, 0x600}) {
             const auto word = static_cast<unsigned short>((own & ~0xf00) | bits);
-            set_control_word(word);
+            asm volatile("fldcw %0" : : "m"(word));
             const long double got = vor_serv_hypot(a, b);
-            const unsigned short after = control_word();
-            set_control_word(own);
+            asm volatile("fnstcw %0\n\tfldcw %1" : "=m"(after) : "m"(own));
             EXPECT_EQ(after, word);
             EXPECT_LT(ulps(got, want, LDBL_EPSILON), bits == 0x600 ? 4 : 1e-9);
-        }
-    }
-}
-
-TEST(Modulus, Overflow) {
-    const struct {
-        double a, b;
-        bool overflow;
-    } cases[] = {{1e308, 1e308, false}, {1.5e308, 1.5e308, true}, {-DBL_MAX, DBL_MAX, true},
-                 {DBL_MAX, 1, false},   {kInfinity, 1, false},    {3, 4, false}};
-    for (const auto& c : cases) {
-        std::feclearexcept(FE_ALL_EXCEPT);
-        const long double modulus = vor_serv_hypot(c.a, c.b);
-        EXPECT_EQ(std::fetestexcept(FE_OVERFLOW) != 0, c.overflow) << c.a << " " << c.b;
-        if (c.overflow) {
-            EXPECT_TRUE(std::isfinite(modulus));
-            EXPECT_EQ(static_cast<double>(modulus), kInfinity);
         }
     }
 }
@@ -205,53 +170,40 @@ TEST(Modulus, Overflow) {
 TEST(SquareRoot, Cases) {
     const struct {
         double x, y, re, im;
-    } cases[] = {
-        {0, 0, 0, 0},
-        {0, -0.0, 0, 0},
-        {-0.0, -0.0, 0, 0},
-        {4, 0, 2, 0},
-        {4, -0.0, 2, -0.0},
-        {-4, 0, 0, 2},
-        {-4, -0.0, -0.0, 2},
-        {3, 4, 2, 1},
-        {3, -4, 2, -1},
-        {-3, 4, 1, 2},
-        {-3, -4, 1, -2},
-        {0, 2, 1, 1},
-        {0, -2, 1, -1},
-        {kInfinity, 1, kInfinity, 0},
-        {-kInfinity, 1, 0, kInfinity},
-    };
+    } cases[] = {{0, -0.0, 0, 0},
+                 {-0.0, -0.0, 0, 0},
+                 {4, 0, 2, 0},
+                 {4, -0.0, 2, -0.0},
+                 {-4, 0, 0, 2},
+                 {-4, -0.0, -0.0, 2},
+                 {3, 4, 2, 1},
+                 {3, -4, 2, -1},
+                 {-3, 4, 1, 2},
+                 {-3, -4, 1, -2},
+                 {0, 2, 1, 1},
+                 {0, -2, 1, -1},
+                 {kInfinity, 1, kInfinity, 0},
+                 {-kInfinity, 1, 0, kInfinity}};
     for (const auto& c : cases) {
         vor_dcomplex z = {c.x, c.y};
         vor_serv_z_sqrt(&z, &z);
-        EXPECT_TRUE(same_bits(z.re, c.re) && same_bits(z.im, c.im))
-            << c.x << " " << c.y << ": " << z.re << " " << z.im;
+        EXPECT_TRUE(same_bits(z, {c.re, c.im})) << c.x << " " << c.y << ": " << z.re << " " << z.im;
         vor_scomplex s = {static_cast<float>(c.x), static_cast<float>(c.y)};
         vor_serv_c_sqrt(&s, &s);
-        EXPECT_TRUE(same_bits(s.re, static_cast<float>(c.re)) &&
-                    same_bits(s.im, static_cast<float>(c.im)))
-            << c.x << " " << c.y << ": " << s.re << " " << s.im;
+        EXPECT_TRUE(same_bits(s, {static_cast<float>(c.re), static_cast<float>(c.im)})) << c.x;
     }
     double re, im;
-    vor_serv_sqrt(&re, &im, 1, kNaN);
-    EXPECT_TRUE(std::isnan(re) && std::isnan(im));
-}
-
-TEST(SquareRoot, IsAccurateInBothParts) {
     Random random(3);
-    long double worst = 0;
     for (int i = 0; i < 3000; ++i) {
         const double scale = std::ldexp(1.0, random.below(2000) - 1000);
         const double x = scale * random.next<double>(), y = scale * random.next<double>();
         const std::complex<long double> want = std::sqrt(std::complex<long double>(x, y));
-        double re, im;
         vor_serv_sqrt(&re, &im, x, y);
-        worst = std::max(
-            {worst, ulps(re, want.real(), DBL_EPSILON), ulps(im, want.imag(), DBL_EPSILON)});
+        EXPECT_LT(ulps(re, want.real(), DBL_EPSILON), 0.51);
+        EXPECT_LT(ulps(im, want.imag(), DBL_EPSILON), 0.51);
     }
-    EXPECT_LT(worst, 0.51);
-    double re, im; // the modulus is beyond double, the root is not
-    vor_serv_sqrt(&re, &im, DBL_MAX, DBL_MAX);
+    vor_serv_sqrt(&re, &im, DBL_MAX, DBL_MAX); // the modulus is beyond double, the root is not
     EXPECT_TRUE(std::isfinite(re) && re > 1.4e154);
+    vor_serv_sqrt(&re, &im, 1, kNaN);
+    EXPECT_TRUE(std::isnan(re) && std::isnan(im));
 }

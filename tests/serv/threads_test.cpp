@@ -3,6 +3,7 @@
 #include "tests/serv/probe.h"
 #include "vor_service.h"
 
+#include <atomic>
 #include <gtest/gtest.h>
 #include <pthread.h>
 #include <thread>
@@ -11,42 +12,33 @@ using vor::test::Folder;
 using vor::test::probe;
 
 TEST(Decision, Environment) {
-    const struct {
-        const char *omp, *lower_omp, *serial; // null: unset
-        const char* answer;
-    } cases[] = {
-        {nullptr, nullptr, nullptr, "1"},
-        {nullptr, nullptr, "", "1"},
-        {nullptr, nullptr, "YES", "1"},
-        {nullptr, nullptr, "yes", "1"},
-        {nullptr, nullptr, "NO", "0"},
-        {nullptr, nullptr, "Yes", "0"},
-        {nullptr, nullptr, "YES ", "0"},
-        {"4", nullptr, nullptr, "0"},
-        {"1", nullptr, "", "0"},
-        {"none", nullptr, nullptr, "0"},
-        {"4", nullptr, "YES", "1"},
-        {"4", nullptr, "yes", "1"},
-        {"4", nullptr, "Yes", "0"},
-        {"4", nullptr, "NO", "0"},
-        {"", nullptr, nullptr, "1"},
-        {"", "4", nullptr, "1"},
-        {"", "4", "x", "0"},
-        {nullptr, "4", nullptr, "0"},
-        {nullptr, "4", "YES", "1"},
-        {nullptr, "", nullptr, "1"},
-        {"4", "", nullptr, "0"},
+    // Settings separated by semicolons, with the answer.
+    const std::pair<std::string, const char*> cases[] = {
+        {"", "1"},
+        {"VOR_SERIAL=", "1"},
+        {"VOR_SERIAL=YES", "1"},
+        {"VOR_SERIAL=yes", "1"},
+        {"VOR_SERIAL=NO", "0"},
+        {"VOR_SERIAL=Yes", "0"},
+        {"VOR_SERIAL=YES ", "0"},
+        {"OMP_NUM_THREADS=4", "0"},
+        {"OMP_NUM_THREADS=none", "0"},
+        {"OMP_NUM_THREADS=1;VOR_SERIAL=", "0"},
+        {"OMP_NUM_THREADS=4;VOR_SERIAL=yes", "1"},
+        {"OMP_NUM_THREADS=4;VOR_SERIAL=Yes", "0"},
+        {"OMP_NUM_THREADS=;omp_num_threads=4", "1"},
+        {"OMP_NUM_THREADS=;omp_num_threads=4;VOR_SERIAL=x", "0"},
+        {"OMP_NUM_THREADS=4;omp_num_threads=", "0"},
+        {"omp_num_threads=4", "0"},
+        {"omp_num_threads=4;VOR_SERIAL=YES", "1"},
+        {"omp_num_threads=", "1"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [settings, answer] : cases) {
         std::vector<std::string> environment;
-        const auto set = [&](const char* name, const char* value) {
-            if (value) environment.push_back(std::string(name) + "=" + value);
-        };
-        set("OMP_NUM_THREADS", c.omp);
-        set("omp_num_threads", c.lower_omp);
-        set("VOR_SERIAL", c.serial);
-        EXPECT_EQ(probe("in_serial in_serial", environment), c.answer + std::string(" ") + c.answer)
-            << testing::PrintToString(environment);
+        std::istringstream words(settings);
+        for (std::string word; std::getline(words, word, ';');) environment.push_back(word);
+        EXPECT_EQ(probe("in_serial in_serial", environment), answer + std::string(" ") + answer)
+            << settings;
     }
 }
 
@@ -86,19 +78,26 @@ TEST(ThreadId, IsThatOfTheThread) {
     EXPECT_TRUE(own() && other);
 }
 
+// Two locks: holding both at once would not return if they were one. Each keeps threads apart.
 TEST(Locks, KeepThreadsApartAndAreTwo) {
-    const struct {
-        void (*lock)();
-        void (*unlock)();
-    } locks[] = {{vor_serv_lock, vor_serv_unlock}, {vor_serv_dft_lock, vor_serv_dft_unlock}};
-    for (const auto& l : locks) {
-        constexpr int kRounds = 20000;
+    vor_serv_lock();
+    vor_serv_dft_lock();
+    vor_serv_dft_unlock();
+    vor_serv_unlock();
+    const std::pair<void (*)(), void (*)()> locks[] = {{vor_serv_lock, vor_serv_unlock},
+                                                       {vor_serv_dft_lock, vor_serv_dft_unlock}};
+    for (const auto& [lock, unlock] : locks) {
+        constexpr int kRounds = 300;
+        std::atomic<int> ready{0};
         volatile int count = 0;
-        const auto work = [&] {
+        const auto work = [&, lock = lock, unlock = unlock] {
+            for (++ready; ready < 2;) std::this_thread::yield();
             for (int i = 0; i < kRounds; ++i) {
-                l.lock();
-                count = count + 1;
-                l.unlock();
+                lock();
+                const int seen = count;
+                if (i % 3 == 0) std::this_thread::yield(); // a chance for the other one to come in
+                count = seen + 1;
+                unlock();
             }
         };
         std::thread a(work), b(work);
@@ -106,8 +105,4 @@ TEST(Locks, KeepThreadsApartAndAreTwo) {
         b.join();
         EXPECT_EQ(count, 2 * kRounds);
     }
-    vor_serv_lock();
-    vor_serv_dft_lock(); // would not return if both were one
-    vor_serv_dft_unlock();
-    vor_serv_unlock();
 }

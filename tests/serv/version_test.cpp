@@ -52,29 +52,21 @@ TEST(Version, LinesOfAnyLength) {
 }
 
 TEST(Version, PaddedCopies) {
-    const struct {
-        std::string a, b;
-        int room;
-        const char *copy, *both;
-    } cases[] = {
-        {"abc", "de", 7, "abc    ", "abcde  "},
-        {"abc", "de", 5, "abc  ", "abcde"},
-        {"abc", "de", 4, "abc ", "abcd"},
-        {"abc", "de", 3, "abc", "abc"},
-        {"abc", "de", 2, "ab", "ab"},
-        {"abc", "de", 0, "", ""},
-        {"", "de", 3, "   ", "de "},
-        {"abc", "", 4, "abc ", "abc "},
-    };
-    for (const auto& c : cases) {
-        const int a = static_cast<int>(c.a.size()), b = static_cast<int>(c.b.size());
-        EXPECT_EQ(written(c.room, [&](char* to, int n) { vor_serv_strcpy(to, c.a.data(), n, a); }),
-                  c.copy);
-        EXPECT_EQ(
-            written(c.room, [&](char* to,
-                                int n) { vor_serv_strcat2(to, c.a.data(), c.b.data(), n, a, b); }),
-            c.both);
-    }
+    for (const std::string a : {"abc", ""})
+        for (const std::string b : {"de", ""})
+            for (int room = 0; room <= 7; ++room) {
+                const int na = static_cast<int>(a.size()), nb = static_cast<int>(b.size());
+                const auto padded = [&](std::string text) {
+                    text.resize(static_cast<size_t>(room), ' ');
+                    return text;
+                };
+                const auto copy = [&](char* to, int n) { vor_serv_strcpy(to, a.data(), n, na); };
+                const auto both = [&](char* to, int n) {
+                    vor_serv_strcat2(to, a.data(), b.data(), n, na, nb);
+                };
+                EXPECT_EQ(written(room, copy), padded(a));
+                EXPECT_EQ(written(room, both), padded(a + b));
+            }
     for (int digit = 0; digit <= 9; ++digit) {
         char text[2];
         vor_serv_m_itoa(digit, text);

@@ -1,0 +1,320 @@
+// Reports of Level 2 and Level 3 through both interfaces: every routine, every argument, pairs of faults
+// in the order of the tests, all letters and values of the options, leading dimensions at their edge.
+// What is expected follows from the names of the arguments, which are taken from the argument list
+// itself, and from the published meaning of those names.
+#include "blas/check/routines.h"
+#include "tests/blas/reports.h"
+#include "vor_cblas.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cstring>
+#include <functional>
+#include <map>
+#include <sstream>
+
+namespace {
+
+using vor::test::Report;
+using vor::test::Reports;
+using Names = std::vector<std::string>;
+using Values = std::map<std::string, int>; // by argument; arrays and scalars are left out
+
+// The options: the beginning of the name, the letters, and the enumeration value of the first of them.
+struct Option {
+    std::string name, letters;
+    int first;
+};
+const Option kOptions[] = {
+    {"trans", "NTC", 111}, {"uplo", "UL", 121}, {"diag", "NU", 131}, {"side", "LR", 141}};
+
+const Option* option_of(const std::string& name) {
+    const auto fits = [&](const Option& option) { return name.starts_with(option.name); };
+    const auto* option = std::find_if(std::begin(kOptions), std::end(kOptions), fits);
+    return option == std::end(kOptions) ? nullptr : option;
+}
+bool is_count(const std::string& name) {
+    return name.size() <= 2 && std::strchr("mnk", name[0]);
+}
+bool is_step(const std::string& name) {
+    return name.starts_with("inc");
+}
+bool is_leading(const std::string& name) {
+    return name.starts_with("ld");
+}
+
+// One routine in one of the interfaces.
+struct Routine {
+    std::string type, op;
+    Names arguments; // hidden lengths left out
+    bool for_c;
+    // The call: true if it goes on behind the tests, as far as that can be seen.
+    std::function<bool(const Names& arguments, const Values& values)> call;
+
+    int number(const std::string& argument) const {
+        const auto at = std::find(arguments.begin(), arguments.end(), argument);
+        return at == arguments.end() ? 0 : static_cast<int>(at - arguments.begin()) + 1;
+    }
+    bool has(const std::string& argument) const { return number(argument) != 0; }
+    bool is_complex() const { return type == "c" || type == "z"; }
+    bool is_level2() const { return has("incx"); }
+    std::string reported_name() const {
+        std::string name = type + op;
+        if (for_c) return "cblas_" + name;
+        for (char& c : name) c = static_cast<char>(std::toupper(c));
+        name.resize(6, ' ');
+        return name;
+    }
+};
+
+Names names_of(std::string list, bool for_c) {
+    Names names;
+    if (for_c) names.push_back("order");
+    std::istringstream stream(list.substr(1, list.size() - 2));
+    for (std::string one; std::getline(stream, one, ',');) {
+        const std::string name = one.substr(one.find_first_not_of(' '));
+        if (name.find("_length") == std::string::npos) names.push_back(name);
+    }
+    return names;
+}
+
+// A check function, given addresses: those of arrays and scalars are null, and reading one ends the test.
+template <class... A>
+auto caller(int (*check)(A...)) {
+    return [check](const Names& arguments, const Values& values) {
+        const auto word = [&]<class P>(size_t i) -> P {
+            if constexpr (!std::is_pointer_v<P>)
+                return -7; // a hidden length, which nobody reads
+            else if (!values.contains(arguments[i]))
+                return nullptr;
+            else
+                return reinterpret_cast<P>(const_cast<int*>(&values.at(arguments[i])));
+        };
+        return [&]<size_t... i>(std::index_sequence<i...>) {
+            return check(word.template operator()<A>(i)...) == 0;
+        }
+        (std::index_sequence_for<A...>{});
+    };
+}
+
+// A routine for C, whose arrays and scalars lie in one memory. It is all zeros, so that a call without
+// fault leaves zeros (or NaNs) behind; a call with a fault leaves everything as it was.
+alignas(64) char memory[1 << 14];
+constexpr char kUntouched = 0x11;
+
+template <class... A>
+auto caller(void (*routine)(A...)) {
+    return [routine](const Names& arguments, const Values& values) {
+        const auto word = [&]<class P>(size_t i) -> P {
+            if constexpr (std::is_pointer_v<P>)
+                return reinterpret_cast<P>(memory);
+            else
+                return static_cast<P>(values.contains(arguments[i]) ? values.at(arguments[i]) : 0);
+        };
+        [&]<size_t... i>(std::index_sequence<i...>) {
+            routine(word.template operator()<A>(i)...);
+        }
+        (std::index_sequence_for<A...>{});
+        return std::any_of(memory, std::end(memory), [](char c) { return c != kUntouched; });
+    };
+}
+
+std::vector<Routine> routines(bool for_c) {
+#define TEXT(...) #__VA_ARGS__
+#define NAMES(args, for_c) names_of(TEXT(args), for_c)
+#define CHECK(p, P, T, op, OP, list, LIST)                                                         \
+    {#p, #op, NAMES(ARGS_##LIST, false), false, caller(vor_blas_errchk_##p##op)},
+#define FOR_C(p, P, T, op, OP, list, LIST)                                                         \
+    {#p, #op, NAMES(ARGS_##LIST, true), true, caller(cblas_##p##op)},
+    static const std::vector<Routine> checks = {VOR_CHECKED_ROUTINES(CHECK)};
+    static const std::vector<Routine> all_for_c = {VOR_CHECKED_ROUTINES(FOR_C)};
+    return for_c ? all_for_c : checks;
+}
+
+// The arguments that are tested, in the order of the tests: in that of the list, but for C by kinds,
+// with the order in front of all or, in Level 3, in front of the leading dimensions.
+Names tests_of(const Routine& routine, int order) {
+    const auto rank = [&](const std::string& name) {
+        if (!routine.for_c) return 0;
+        if (name == "order") return routine.is_level2() ? 0 : 3;
+        // Complex row-major products of a general matrix with a vector look at the transpose last.
+        const bool product = routine.op == "gemv" || routine.op == "gbmv";
+        if (option_of(name)) return product && routine.is_complex() && order == 101 ? 6 : 1;
+        return is_count(name) ? 2 : is_leading(name) ? 4 : 5;
+    };
+    Names tests;
+    for (const std::string& name : routine.arguments)
+        if (name == "order" || option_of(name) || is_count(name) || is_leading(name) ||
+            is_step(name))
+            tests.push_back(name);
+    std::stable_sort(tests.begin(), tests.end(),
+                     [&](const auto& a, const auto& b) { return rank(a) < rank(b); });
+    return tests;
+}
+
+// The values that an argument may have: of an option its letters in both cases, for C its enumeration
+// values; empty if it is neither an option nor the order.
+std::vector<int> choices(const Routine& routine, const std::string& name) {
+    const Option* option = option_of(name);
+    if (name == "order") return {101, 102};
+    if (!option) return {};
+    std::vector<int> values;
+    for (size_t i = 0; i < option->letters.size(); ++i) {
+        const char letter = option->letters[i];
+        // A Hermitian update has no form without conjugation, a complex symmetric one none with it.
+        if (letter == 'T' && (routine.op == "herk" || routine.op == "her2k")) continue;
+        if (letter == 'C' && routine.is_complex() && routine.op.starts_with("syr")) continue;
+        if (routine.for_c)
+            values.push_back(option->first + static_cast<int>(i));
+        else
+            values.insert(values.end(), {letter, std::tolower(letter)});
+    }
+    return values;
+}
+
+// The least leading dimension: the length of a column, row-major of a row, of the array as it is stored.
+int least(const Routine& routine, const std::string& leading, const Values& v) {
+    const bool row_major = routine.for_c && v.at("order") == 101;
+    const auto is = [&](const char* option, char letter) {
+        const int value = v.at(option);
+        return routine.for_c ? value == (letter == 'N' ? 111 : 141) : std::toupper(value) == letter;
+    };
+    // op(array) is rows by columns.
+    const auto of = [&](const char* rows, const char* columns, const char* trans = nullptr) {
+        const bool transposed = trans && !is(trans, 'N');
+        return std::max(1, v.at(transposed != row_major ? columns : rows));
+    };
+    if (routine.has("ku")) return v.at("kl") + v.at("ku") + 1;
+    if (routine.has("k") && routine.is_level2()) return v.at("k") + 1;
+    if (routine.has("transb"))
+        return leading == "lda"   ? of("m", "k", "transa")
+               : leading == "ldb" ? of("k", "n", "transb")
+                                  : of("m", "n");
+    if (routine.has("side") && leading == "lda")
+        return std::max(1, v.at(is("side", 'L') ? "m" : "n"));
+    if (routine.has("k")) return leading == "ldc" ? of("n", "n") : of("n", "k", "trans");
+    return routine.has("m") ? of("m", "n") : of("n", "n");
+}
+
+void fit_leading(const Routine& routine, Values& v) {
+    for (const std::string& name : routine.arguments)
+        if (is_leading(name)) v[name] = least(routine, name, v);
+}
+
+// Arguments without fault, the leading dimensions as small as they may be.
+Values fit(const Routine& routine, int order) {
+    Values v;
+    int next = 1;
+    for (const std::string& name : routine.arguments) {
+        if (is_count(name)) v[name] = next += 2;
+        if (is_step(name)) v[name] = -1;
+        if (const auto values = choices(routine, name); !values.empty()) v[name] = values[0];
+    }
+    if (routine.for_c) v["order"] = order;
+    fit_leading(routine, v);
+    return v;
+}
+
+int unfit(const Routine& routine, const std::string& name, const Values& v) {
+    if (is_count(name)) return -1;
+    if (is_step(name)) return 0;
+    if (is_leading(name)) return least(routine, name, v) - 1;
+    return 'X';
+}
+
+// On the check functions and on the routines for C.
+class ArgumentReports : public testing::TestWithParam<bool> {
+protected:
+    // The call stays silent (number 0) and goes on, or reports this number and ends.
+    void expect(const Routine& routine, const Values& v, int number, const std::string& what) {
+        std::memset(memory, number ? kUntouched : 0, sizeof memory);
+        const bool goes_on = routine.call(routine.arguments, v);
+        const auto want =
+            number ? std::vector<Report>{{routine.reported_name(), number}} : std::vector<Report>{};
+        const auto got = reports_.take();
+        EXPECT_TRUE(got == want && goes_on == (number == 0))
+            << routine.reported_name() << ": " << what << ": report "
+            << (got.empty() ? 0 : got[0].number) << ", want " << number;
+    }
+    // check(routine, order) for all; the check functions know no order.
+    template <class Check>
+    void each_routine(Check check) {
+        for (const Routine& routine : routines(GetParam())) {
+            check(routine, 102);
+            if (routine.for_c) check(routine, 101);
+        }
+    }
+    Reports reports_;
+};
+INSTANTIATE_TEST_SUITE_P(Checks, ArgumentReports, testing::Values(false));
+INSTANTIATE_TEST_SUITE_P(Cblas, ArgumentReports, testing::Values(true));
+
+TEST_P(ArgumentReports, NameTheFirstOfTwoFaults) {
+    EXPECT_EQ(routines(GetParam()).size(), 96u);
+    each_routine([&](const Routine& routine, int order) {
+        const Values fine = fit(routine, order);
+        const Names tests = tests_of(routine, order);
+        expect(routine, fine, 0, "no fault");
+        for (auto first = tests.begin(); first != tests.end(); ++first)
+            for (auto second = first; second != tests.end(); ++second) {
+                Values v = fine;
+                v[*first] = unfit(routine, *first, fine);
+                v[*second] = unfit(routine, *second, fine);
+                expect(routine, v, routine.number(*first), *first + " and " + *second);
+            }
+    });
+}
+
+TEST_P(ArgumentReports, KnowTheValuesOfTheirOptions) {
+    for (const Routine& routine : routines(GetParam()))
+        for (const std::string& name : routine.arguments) {
+            const auto values = choices(routine, name);
+            for (int value = 0; value < 256 && !values.empty(); ++value) {
+                Values v = fit(routine, 102);
+                v[name] = value;
+                const bool allowed = std::find(values.begin(), values.end(), value) != values.end();
+                if (allowed) fit_leading(routine, v);
+                expect(routine, v, allowed ? 0 : routine.number(name),
+                       name + " " + std::to_string(value));
+            }
+        }
+}
+
+// Each leading dimension at its edge, under each value of each option and with each count at 0.
+TEST_P(ArgumentReports, MeasureLeadingDimensions) {
+    each_routine([&](const Routine& routine, int order) {
+        const Values base = fit(routine, order);
+        std::vector<Values> calls = {base};
+        for (const std::string& name : routine.arguments) {
+            std::vector<int> values = choices(routine, name);
+            if (is_count(name)) values = {0};
+            for (const int value : values) calls.push_back(base), calls.back()[name] = value;
+        }
+        for (Values& v : calls) {
+            fit_leading(routine, v);
+            expect(routine, v, 0, "tight");
+            for (const std::string& name : routine.arguments)
+                for (const int value : {v[name] - 1, -1000}) {
+                    if (!is_leading(name)) continue;
+                    Values less = v;
+                    less[name] = value;
+                    expect(routine, less, routine.number(name), name + " too small");
+                }
+        }
+    });
+}
+
+// Diagonals whose number passes the range of an integer must not wrap to a small leading dimension.
+TEST_P(ArgumentReports, BandsOfHugeWidth) {
+    each_routine([&](const Routine& routine, int order) {
+        if (!routine.is_level2() || !(routine.has("k") || routine.has("kl"))) return;
+        Values v = fit(routine, order);
+        for (const char* width : {"k", "kl", "ku"})
+            if (routine.has(width)) v[width] = 0x7fffffff;
+        expect(routine, v, routine.number("lda"), "huge band");
+    });
+}
+
+} // namespace
