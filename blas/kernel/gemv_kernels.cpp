@@ -14,7 +14,8 @@ using vor::Numbers;
 enum class Op { n, t, c };
 enum class Prefetch { no, yes };
 
-// The lines of a strip of each column, from the second on, past the caches that keep.
+// The lines of a strip of each column, from the second on. They are kept: a matrix that fits the second
+// cache is often met again.
 template <int columns, class T>
 [[gnu::always_inline]] inline void prefetch_strip(const Columns<columns, T>& a) {
     constexpr int kLine = 64, kBytes = kStripRows * sizeof(T);
@@ -22,7 +23,7 @@ template <int columns, class T>
     for (int at = kLine; at < kBytes; at += kLine)
 #pragma GCC unroll 4
         for (int q = 0; q < columns; ++q)
-            _mm_prefetch(reinterpret_cast<const char*>(a.first[q]) + at, _MM_HINT_NTA);
+            _mm_prefetch(reinterpret_cast<const char*>(a.first[q]) + at, _MM_HINT_T0);
 }
 
 template <Op op, int columns, class T, class X, class Y>

@@ -56,24 +56,44 @@ template <Order order = Order::down, int columns, class T, class V, class Y>
     }
 }
 
-// The same for two complex columns in extended precision: real parts, then imaginary parts, so that
-// the four factors of a pass stay on the x87 stack.
-template <class T, class Y>
-[[gnu::always_inline]] inline void add_columns(int rows, const Columns<2, T>& a,
-                                               const Numbers<2, Pair<long double>>& t, Y y) {
-    const auto add_part = [&](auto part, Pair<long double> u, Pair<long double> v) {
+// to(i) := from(i) + u.re a[i].re + u.im a[i].im + v.re b[i].re + v.im b[i].im: one part of the elements of
+// two complex columns, with four factors that stay on the x87 stack.
+template <class T, class From, class To>
+[[gnu::always_inline]] inline void add_part(int rows, const T* a, const T* b, Pair<long double> u,
+                                            Pair<long double> v, From from, To to) {
 #pragma GCC unroll 2
-        for (int i = 0; i < rows; ++i) {
-            const T &first = a.first[0][i], &second = a.first[1][i];
-            y[i].*part = static_cast<real_t<T>>(factor<long double>(first.re) * u.re + y[i].*part +
-                                                factor<long double>(first.im) * u.im +
-                                                factor<long double>(second.re) * v.re +
-                                                factor<long double>(second.im) * v.im);
+    for (int i = 0; i < rows; ++i)
+        to(i) = static_cast<std::remove_reference_t<decltype(to(i))>>(
+            factor<long double>(a[i].re) * u.re + from(i) + factor<long double>(a[i].im) * u.im +
+            factor<long double>(b[i].re) * v.re + factor<long double>(b[i].im) * v.im);
+}
+
+// The same for complex columns in extended precision, two or four: real parts, then imaginary parts.
+template <Order order = Order::down, int columns, class T, class Y>
+requires(columns > 1)
+    [[gnu::always_inline]] inline void add_columns(int rows, const Columns<columns, T>& a,
+                                                   const Numbers<columns, Pair<long double>>& t,
+                                                   Y y) {
+    constexpr int kTile = columns > 2 ? 16 : 1 << 30; // rows whose sums of two columns wait
+    const auto first_pair = [&](int i, int count, auto u, auto from, auto to) {
+        add_part(count, a.first[0] + i, a.first[1] + i, u(0), u(1), from, to);
+    };
+    const auto tile = [&](int i, int count, auto part, auto u) {
+        const auto element = [&](int k) -> real_t<T>& { return y[i + k].*part; };
+        if constexpr (columns == 2) {
+            first_pair(i, count, u, element, element);
+        } else {
+            long double sum[kTile];
+            const auto waiting = [&](int k) -> long double& { return sum[k]; };
+            first_pair(i, count, u, element, waiting);
+            add_part(count, a.first[2] + i, a.first[3] + i, u(2), u(3), waiting, element);
         }
     };
-    const auto &u = t.of[0], &v = t.of[1];
-    add_part(&T::re, {u.re, -u.im}, {v.re, -v.im});
-    add_part(&T::im, {u.im, u.re}, {v.im, v.re});
+    for (int i = 0; i < rows; i += kTile) {
+        const int count = rows - i < kTile ? rows - i : kTile;
+        tile(i, count, &T::re, [&](int q) { return Pair<long double>{t.of[q].re, -t.of[q].im}; });
+        tile(i, count, &T::im, [&](int q) { return Pair<long double>{t.of[q].im, t.of[q].re}; });
+    }
 }
 
 // s[q] += sum of a[q][i] x[i]

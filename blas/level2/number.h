@@ -5,6 +5,7 @@
 #pragma once
 
 #include "serv/element.h"
+#include "serv/x87.h"
 
 #include <type_traits>
 
@@ -54,29 +55,17 @@ constexpr V number(T x) {
     }
 }
 
-// The same for an element of a matrix, about to be multiplied by a number that stays: loaded to the x87
-// stack. Left to itself the compiler copies the other factor to multiply it by the element in memory,
-// which costs the unit a cycle.
-template <class V>
-V factor(const float& x) {
-    if constexpr (std::is_same_v<V, float>) {
-        return x;
-    } else {
-        V value;
-        asm("flds %1" : "=t"(value) : "m"(x));
-        return value;
-    }
-}
-template <class V>
-V factor(const double& x) {
-    V value;
-    asm("fldl %1" : "=t"(value) : "m"(x));
-    return value;
-}
+// The same for one factor of a product whose other one stays.
 template <class V, class T>
-requires is_complex<T> V factor(const T& x) {
-    using R = decltype(V::re);
-    return {factor<R>(x.re), factor<R>(x.im)};
+V factor(const T& x) {
+    if constexpr (is_complex<T>) {
+        using R = decltype(V::re);
+        return {factor<R>(x.re), factor<R>(x.im)};
+    } else if constexpr (std::is_same_v<V, long double>) {
+        return loaded(x);
+    } else {
+        return x;
+    }
 }
 
 // a * x or conj(a) * x
