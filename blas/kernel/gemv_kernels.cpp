@@ -14,13 +14,16 @@ using vor::Numbers;
 enum class Op { n, t, c };
 enum class Prefetch { no, yes };
 
-// The lines of a strip of each column, from the third on, past the caches that keep.
+// The lines of a strip of each column, from the second on. They are kept: a matrix that fits the second
+// cache is often met again.
 template <int columns, class T>
 [[gnu::always_inline]] inline void prefetch_strip(const Columns<columns, T>& a) {
-    constexpr int kLine = 32, kBytes = kStripRows * sizeof(T);
-    for (int at = 2 * kLine; at < kBytes; at += kLine)
+    constexpr int kLine = 64, kBytes = kStripRows * sizeof(T);
+#pragma GCC unroll 16
+    for (int at = kLine; at < kBytes; at += kLine)
+#pragma GCC unroll 4
         for (int q = 0; q < columns; ++q)
-            _mm_prefetch(reinterpret_cast<const char*>(a.first[q]) + at, _MM_HINT_NTA);
+            _mm_prefetch(reinterpret_cast<const char*>(a.first[q]) + at, _MM_HINT_T0);
 }
 
 template <Op op, int columns, class T, class X, class Y>
@@ -59,8 +62,8 @@ template <Op op, int group, Prefetch prefetch, class T, class X, class Y>
 
 template <Op op, class T>
 void rest(int rows, int n, T alpha, const T* a, int lda, const T* x, int incx, T* y, int incy) {
-    // Complex columns keep to what the x87 stack holds.
-    constexpr int kGroup = !vor::is_complex<T> ? 4 : op == Op::n ? 2 : 1;
+    // Complex sums run singly: one fills the x87 stack.
+    constexpr int kGroup = vor::is_complex<T> && op != Op::n ? 1 : 4;
     if (incx == 1 && incy == 1)
         multiply<op, kGroup, Prefetch::no>(rows, n, alpha, a, lda,
                                            vor::Vector<const T, vor::Unit>{x, {}},

@@ -49,29 +49,51 @@ template <Order order = Order::down, int columns, class T, class V, class Y>
 #pragma GCC unroll 4
     for (int k = 0; k < rows; ++k) {
         const int i = row_of<order>(k, rows);
-        V sum = number<V>(a.first[0][i]) * t.of[0] + number<V>(y[i]);
+        V sum = factor<V>(a.first[0][i]) * t.of[0] + number<V>(y[i]);
 #pragma GCC unroll 4
-        for (int q = 1; q < columns; ++q) sum = sum + number<V>(a.first[q][i]) * t.of[q];
+        for (int q = 1; q < columns; ++q) sum = sum + factor<V>(a.first[q][i]) * t.of[q];
         y[i] = element<T>(sum);
     }
 }
 
-// The same for two complex columns in extended precision: real parts, then imaginary parts, so that
-// the four factors of a pass stay on the x87 stack.
-template <class T, class Y>
-[[gnu::always_inline]] inline void add_columns(int rows, const Columns<2, T>& a,
-                                               const Numbers<2, Pair<long double>>& t, Y y) {
-    const auto add_part = [&](auto part, Pair<long double> u, Pair<long double> v) {
+// to(i) := from(i) + u.re a[i].re + u.im a[i].im + v.re b[i].re + v.im b[i].im: one part of the elements of
+// two complex columns, with four factors that stay on the x87 stack.
+template <class T, class From, class To>
+[[gnu::always_inline]] inline void add_part(int rows, const T* a, const T* b, Pair<long double> u,
+                                            Pair<long double> v, From from, To to) {
 #pragma GCC unroll 2
-        for (int i = 0; i < rows; ++i) {
-            const T &first = a.first[0][i], &second = a.first[1][i];
-            y[i].*part = static_cast<real_t<T>>(u.re * first.re + y[i].*part + u.im * first.im +
-                                                v.re * second.re + v.im * second.im);
+    for (int i = 0; i < rows; ++i)
+        to(i) = static_cast<std::remove_reference_t<decltype(to(i))>>(
+            factor<long double>(a[i].re) * u.re + from(i) + factor<long double>(a[i].im) * u.im +
+            factor<long double>(b[i].re) * v.re + factor<long double>(b[i].im) * v.im);
+}
+
+// The same for complex columns in extended precision, two or four: real parts, then imaginary parts.
+template <Order order = Order::down, int columns, class T, class Y>
+requires(columns > 1)
+    [[gnu::always_inline]] inline void add_columns(int rows, const Columns<columns, T>& a,
+                                                   const Numbers<columns, Pair<long double>>& t,
+                                                   Y y) {
+    constexpr int kTile = columns > 2 ? 16 : 1 << 30; // rows whose sums of two columns wait
+    const auto first_pair = [&](int i, int count, auto u, auto from, auto to) {
+        add_part(count, a.first[0] + i, a.first[1] + i, u(0), u(1), from, to);
+    };
+    const auto tile = [&](int i, int count, auto part, auto u) {
+        const auto element = [&](int k) -> real_t<T>& { return y[i + k].*part; };
+        if constexpr (columns == 2) {
+            first_pair(i, count, u, element, element);
+        } else {
+            long double sum[kTile];
+            const auto waiting = [&](int k) -> long double& { return sum[k]; };
+            first_pair(i, count, u, element, waiting);
+            add_part(count, a.first[2] + i, a.first[3] + i, u(2), u(3), waiting, element);
         }
     };
-    const auto &u = t.of[0], &v = t.of[1];
-    add_part(&T::re, {u.re, -u.im}, {v.re, -v.im});
-    add_part(&T::im, {u.im, u.re}, {v.im, v.re});
+    for (int i = 0; i < rows; i += kTile) {
+        const int count = rows - i < kTile ? rows - i : kTile;
+        tile(i, count, &T::re, [&](int q) { return Pair<long double>{t.of[q].re, -t.of[q].im}; });
+        tile(i, count, &T::im, [&](int q) { return Pair<long double>{t.of[q].im, t.of[q].re}; });
+    }
 }
 
 // s[q] += sum of a[q][i] x[i]
@@ -84,7 +106,7 @@ template <bool conjugate, Order order = Order::down, int columns, class T, class
         const V xi = number<V>(x[i]);
 #pragma GCC unroll 4
         for (int q = 0; q < columns; ++q)
-            s.of[q] = s.of[q] + product<conjugate>(number<V>(a.first[q][i]), xi);
+            s.of[q] = s.of[q] + product<conjugate>(factor<V>(a.first[q][i]), xi);
     }
 }
 
@@ -138,7 +160,7 @@ template <class A, class V, class X>
     using T = typename X::Element;
 #pragma GCC unroll 4
     for (int i = 0; i < rows; ++i)
-        a[i] = element<T>(product<false>(number<V>(x[i]), t) + number<V>(a[i]));
+        a[i] = element<T>(product<false>(factor<V>(x[i]), t) + number<V>(a[i]));
 }
 
 // a[i] += t x[i] + u y[i]
@@ -146,8 +168,8 @@ template <class T, class V, class X, class Y>
 [[gnu::always_inline]] inline void update_column(int rows, T* a, V t, X x, V u, Y y) {
 #pragma GCC unroll 2
     for (int i = 0; i < rows; ++i)
-        a[i] = element<T>(product<false>(number<V>(x[i]), t) + number<V>(a[i]) +
-                          product<false>(number<V>(y[i]), u));
+        a[i] = element<T>(product<false>(factor<V>(x[i]), t) + number<V>(a[i]) +
+                          product<false>(factor<V>(y[i]), u));
 }
 
 // ---- float, neighbours -------------------------------------------------------------------------

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "serv/element.h"
+#include "serv/x87.h"
 
 #include <type_traits>
 
@@ -51,6 +52,19 @@ constexpr V number(T x) {
         return {x.re, x.im};
     } else {
         return V{x};
+    }
+}
+
+// The same for one factor of a product whose other one stays.
+template <class V, class T>
+V factor(const T& x) {
+    if constexpr (is_complex<T>) {
+        using R = decltype(V::re);
+        return {factor<R>(x.re), factor<R>(x.im)};
+    } else if constexpr (std::is_same_v<V, long double>) {
+        return loaded(x);
+    } else {
+        return x;
     }
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "blas/level3/triangle_leaf.h"
+#include "serv/x87.h"
 
 namespace vor {
 
@@ -139,32 +140,20 @@ void pack_equations(const Leaf<T>& leaf, int i, int l, int count, real_t<T>* slo
         for (int g = 0; g < G; ++g) put(slots, g, leaf.coefficient(i + g, l + k));
 }
 
-inline extended load_here(const float& x) {
-    extended value;
-    asm volatile("flds %1" : "=t"(value) : "m"(x));
-    return value;
-}
-inline extended load_here(const double& x) {
-    extended value;
-    asm volatile("fldl %1" : "=t"(value) : "m"(x));
-    return value;
-}
-
 // sum[g] += v[l * kLanes + g] * y[l] over ascending l < count.
 //
-// Each operation stays in its place of the order. Left to itself the compiler copies the factor to
-// multiply it by the operand in memory, which costs the x87 unit a cycle, and puts additions off
-// until sums have to leave the stack.
+// Each operation stays in its place of the order: left to itself the compiler puts additions off until
+// sums have to leave the x87 stack.
 template <int N, class R>
 [[gnu::always_inline]] inline void add_lanes(extended* sum, int count, const R* v, const R* y) {
     extended s[N];
 #pragma GCC unroll 4
     for (int g = 0; g < N; ++g) s[g] = sum[g];
     const auto step = [&](int l) __attribute__((always_inline)) {
-        const extended factor = load_here(y[l]);
+        const extended factor = loaded(y[l]);
 #pragma GCC unroll 4
         for (int g = 0; g < N; ++g) {
-            extended product = load_here(v[l * kLanes + g]) * factor;
+            extended product = loaded(v[l * kLanes + g]) * factor;
             asm volatile("" : "+t"(product));
             s[g] += product;
             asm volatile("" : : "f"(s[g]));

@@ -15,6 +15,7 @@
 
 namespace {
 
+using vor::kLeafOrder;
 using vor::Leaf;
 
 void reciprocals(const Leaf<float>& leaf, float* r) {
@@ -41,59 +42,165 @@ struct RightSolve {
     }
 };
 
-// Below this a dot product is not worth its start and its end.
-constexpr int kVectorDot = 11;
+// ---- Left, transposed. Lanes are right sides: four of them stand against the 16-byte boundaries alike,
+// so that their sums have the same form.
 
-// sum0 and sum1: dot products of two columns with x, n terms.
-void add_two_dots(int n, const float* a0, const float* a1, const float* x, float& sum0,
-                  float& sum1) {
-    const auto singles = [&](int count) {
-        for (int l = 0; l < count; ++l) {
-            sum0 += a0[l] * x[l];
-            sum1 += a1[l] * x[l];
-        }
-        a0 += count, a1 += count, x += count, n -= count;
-    };
-    if (n >= kVectorDot) {
-        singles(std::max(0, vor::steps_to<16>(x, n)));
-        __m128 s[4] = {_mm_setzero_ps(), _mm_setzero_ps(), _mm_setzero_ps(), _mm_setzero_ps()};
-        for (; n >= 8; n -= 8, a0 += 8, a1 += 8, x += 8) {
-            const __m128 low = _mm_loadu_ps(x), high = _mm_loadu_ps(x + 4);
-            s[0] = s[0] + _mm_loadu_ps(a0) * low;
-            s[1] = s[1] + _mm_loadu_ps(a0 + 4) * high;
-            s[2] = s[2] + _mm_loadu_ps(a1) * low;
-            s[3] = s[3] + _mm_loadu_ps(a1 + 4) * high;
-        }
-        sum0 += vor::sum_of_lanes(s[0] + s[1]);
-        sum1 += vor::sum_of_lanes(s[2] + s[3]);
+constexpr int kLanes = 4;
+constexpr int kTurn = 8;      // tiles of four right sides, by turns: the next equations of one wait
+constexpr int kLeastDot = 11; // below this a dot product is not worth its start and its end
+
+// The terms of two equations for four right sides; coefficient[k][e]: in all lanes, that of term k in
+// equation e.
+struct Terms {
+    const __m128 (*coefficient)[2];
+    const __m128* x;
+
+    [[gnu::always_inline]] __m128 product(int k, int e) const { return coefficient[k][e] * x[k]; }
+    Terms from(int k) const { return {coefficient + k, x + k}; }
+};
+
+[[gnu::always_inline]] inline void add_singles(__m128& sum0, __m128& sum1, int count, Terms terms) {
+    for (int k = 0; k < count; ++k) {
+        sum0 = sum0 + terms.product(k, 0);
+        sum1 = sum1 + terms.product(k, 1);
     }
-    singles(n);
 }
 
-// Equation i and the next one, if there is one, for the right side at b; op(A) = A^T, so that an equation
-// runs along a column of A.
-void solve_two(const Leaf<float>& leaf, const float* r, int i, float* b) {
-    const int partner = std::min(i + 1, leaf.order - 1);
-    // Where the finished unknowns begin in memory: they lie in one piece.
-    const int first = leaf.step > 0 ? 0 : 1 - i;
-    float sum0 = 0, sum1 = 0;
-    add_two_dots(i, leaf.at(i, 0) + first, leaf.at(partner, 0) + first, b + first, sum0, sum1);
-    float& x0 = b[i * leaf.step];
-    x0 = (x0 - sum0) * r[i];
-    if (partner == i) return;
-    float& x1 = b[partner * leaf.step];
-    x1 = (x1 - (sum1 + leaf.coefficient(partner, i) * x0)) * r[partner];
+// The sum over rounds of eight terms, which one right side adds in two vectors of four sums: here they
+// are eight sums, added as the lanes of those vectors are.
+template <int rounds>
+[[gnu::always_inline]] inline __m128 sum_of_rounds(int e, Terms terms) {
+    const auto sum_of = [&](int lane) __attribute__((always_inline)) {
+        __m128 sum = terms.product(lane, e);
+#pragma GCC unroll 4
+        for (int r = 1; r < rounds; ++r) sum = sum + terms.product(8 * r + lane, e);
+        return sum;
+    };
+    const __m128 even = (sum_of(0) + sum_of(4)) + (sum_of(2) + sum_of(6));
+    return even + ((sum_of(1) + sum_of(5)) + (sum_of(3) + sum_of(7)));
 }
 
-// A few right sides by turns: the next equations of one need what the last ones have stored, and the
-// others fill the wait.
-void solve_left_transposed(const Leaf<float>& leaf, const float* r) {
-    constexpr int kTurn = 16;
-    for (int q = 0; q < leaf.others; q += kTurn)
-        for (int i = 0; i < leaf.order; i += 2)
-            for (int c = q; c < std::min(q + kTurn, leaf.others); ++c)
-                solve_two(leaf, r, i, leaf.side(c));
+template <int rounds>
+void add_rounds(__m128& sum0, __m128& sum1, Terms terms) {
+    sum0 = sum0 + sum_of_rounds<rounds>(0, terms);
+    sum1 = sum1 + sum_of_rounds<rounds>(1, terms);
 }
+
+// The dot products of n terms that begin `head` single terms in front of a boundary.
+[[gnu::always_inline]] inline void dot_products(__m128& sum0, __m128& sum1, int n, int head,
+                                                Terms terms) {
+    sum0 = sum1 = _mm_setzero_ps();
+    int done = 0;
+    if (n >= kLeastDot) {
+        add_singles(sum0, sum1, head, terms);
+        const int rounds = (n - head) / 8;
+        if (rounds == 1) add_rounds<1>(sum0, sum1, terms.from(head));
+        if (rounds == 2) add_rounds<2>(sum0, sum1, terms.from(head));
+        if (rounds == 3) add_rounds<3>(sum0, sum1, terms.from(head));
+        done = head + 8 * rounds;
+    }
+    add_singles(sum0, sum1, n - done, terms.from(done));
+}
+
+// Four right sides `distance` columns apart, or one with idle lanes, from `column` on: row m of x holds
+// their elements in row m of B.
+struct Tile {
+    float* column;
+    int distance, count;
+    __m128 x[kLeafOrder];
+
+    float& element(int m, int lane) { return column[m + lane * distance]; }
+    // Both ways in squares of 4 by 4, what is left singly.
+    void load(int order) {
+        for (int m = 0; m < order; m += 4) {
+            if (m + 4 <= order && count == kLanes) {
+                for (int lane = 0; lane < 4; ++lane) x[m + lane] = _mm_loadu_ps(&element(m, lane));
+                _MM_TRANSPOSE4_PS(x[m], x[m + 1], x[m + 2], x[m + 3]);
+            } else {
+                for (int row = m; row < std::min(m + 4, order); ++row) {
+                    x[row] = _mm_setzero_ps();
+                    for (int lane = 0; lane < count; ++lane) x[row][lane] = element(row, lane);
+                }
+            }
+        }
+    }
+    void store(int order) {
+        for (int m = 0; m < order; m += 4) {
+            if (m + 4 <= order && count == kLanes) {
+                __m128 y[4] = {x[m], x[m + 1], x[m + 2], x[m + 3]};
+                _MM_TRANSPOSE4_PS(y[0], y[1], y[2], y[3]);
+                for (int lane = 0; lane < 4; ++lane) _mm_storeu_ps(&element(m, lane), y[lane]);
+            } else {
+                for (int row = m; row < std::min(m + 4, order); ++row)
+                    for (int lane = 0; lane < count; ++lane) element(row, lane) = x[row][lane];
+            }
+        }
+    }
+};
+
+class TransposedSolve {
+public:
+    explicit TransposedSolve(const Leaf<float>& leaf) : leaf_(leaf), order_(leaf.order) {
+        reciprocals(leaf, r_);
+    }
+
+    void run() {
+        // Right sides a multiple of four apart stand alike whatever ldb is.
+        const int apart = leaf_.next % 4 == 0 ? 1 : 4;
+        int q = 0;
+        for (; q + kLanes * apart <= leaf_.others; q += kLanes * apart)
+            for (int k = 0; k < apart; ++k) add(q + k, apart * leaf_.next, kLanes);
+        for (; q < leaf_.others; ++q) add(q, 0, 1);
+        solve();
+    }
+
+private:
+    void add(int q, int distance, int count) {
+        if (waiting_ == kTurn) solve();
+        Tile& tile = tiles_[waiting_++];
+        tile.column = leaf_.side(q) + (down() ? 0 : 1 - order_);
+        tile.distance = distance;
+        tile.count = count;
+        tile.load(order_);
+    }
+
+    void solve() {
+        for (int i = 0; i < order_; i += 2) {
+            const int partner = std::min(i + 1, order_ - 1);
+            // The finished unknowns lie in one piece, their coefficients down two columns of A.
+            const int first = down() ? 0 : order_ - i;
+            const int back = down() ? 0 : 1 - i;
+            for (int k = 0; k < i; ++k) {
+                coefficients_[k][0] = _mm_set1_ps(leaf_.at(i, 0)[back + k]);
+                coefficients_[k][1] = _mm_set1_ps(leaf_.at(partner, 0)[back + k]);
+            }
+            for (int t = 0; t < waiting_; ++t) solve_two(i, partner, first, tiles_[t]);
+        }
+        for (int t = 0; t < waiting_; ++t) tiles_[t].store(order_);
+        waiting_ = 0;
+    }
+
+    void solve_two(int i, int partner, int first, Tile& tile) {
+        const int head = std::max(0, vor::steps_to<16>(tile.column + first, i));
+        __m128 sum0, sum1;
+        dot_products(sum0, sum1, i, head, {coefficients_, tile.x + first});
+        __m128& x0 = tile.x[row(i)];
+        x0 = (x0 - sum0) * _mm_set1_ps(r_[i]);
+        if (partner == i) return;
+        __m128& x1 = tile.x[row(partner)];
+        const __m128 link = _mm_set1_ps(leaf_.coefficient(partner, i));
+        x1 = (x1 - (sum1 + link * x0)) * _mm_set1_ps(r_[partner]);
+    }
+
+    bool down() const { return leaf_.step > 0; }
+    int row(int i) const { return down() ? i : order_ - 1 - i; }
+
+    const Leaf<float>& leaf_;
+    int order_, waiting_ = 0;
+    float r_[kLeafOrder];
+    __m128 coefficients_[kLeafOrder][2];
+    Tile tiles_[kTurn];
+};
 
 } // namespace
 
@@ -101,7 +208,7 @@ VOR_ENGINE void vor_blas_strsm_i PARAMS_XTRMM(float) {
     static_cast<void>(alpha);
     const auto p = TRIANGULAR(float);
     const Leaf<float> leaf(p, p.lower_system());
-    float r[vor::kLeafOrder];
+    float r[kLeafOrder];
     reciprocals(leaf, r);
     vor::for_rows(leaf.others, RightSolve{leaf, r});
 }
@@ -110,7 +217,5 @@ VOR_ENGINE void vor_blas_strsmlt PARAMS_XTRMM(float) {
     static_cast<void>(alpha);
     const auto p = TRIANGULAR(float);
     const Leaf<float> leaf(p, p.lower_system());
-    float r[vor::kLeafOrder];
-    reciprocals(leaf, r);
-    solve_left_transposed(leaf, r);
+    TransposedSolve(leaf).run();
 }
