@@ -4,8 +4,11 @@
 // The tests of a routine are a row of data: the number of an argument, counted from 1, and what it
 // must satisfy. They run in the order of the row; the first that fails is reported and ends the check.
 #include "blas/check/routines.h"
-#include "blas/letters.h"
 #include "serv/entry.h"
+#include "serv/lsame.h"
+
+#include <iterator>
+#include <utility>
 
 namespace {
 
@@ -94,35 +97,13 @@ struct Tests {
                                     step(7)};
 };
 
-// The tests of one routine, and its name; called with the routine's own arguments.
-class Check {
-public:
-    template <int n>
-    constexpr Check(const char* name, const Test (&tests)[n]) : name_(name), tests_(tests), n_(n) {}
-
-    template <class... Words>
-    int operator()(Words... words) const {
-        const void* const arguments[] = {address(words)...};
-        return run(arguments);
-    }
-
-private:
-    static const void* address(const void* argument) { return argument; }
-    static const void* address(int) { return nullptr; } // a hidden length
-
-    int run(const void* const* arguments) const;
-
-    const char* name_;
-    const Test* tests_;
-    int n_;
-};
-
 // The arguments of a call, by their numbers.
 class Arguments {
 public:
     explicit Arguments(const void* const* addresses) : addresses_(addresses) {}
 
-    bool pass(const Test& test) const {
+    // Inlined, so that the branches of a known test are decided when it is compiled.
+    [[gnu::always_inline]] bool pass(const Test& test) const {
         switch (test.kind) {
         case Test::letter:
             return is_one_of(test.argument, test.letters);
@@ -145,11 +126,10 @@ public:
 
 private:
     int integer(char number) const { return *static_cast<const int*>(addresses_[number - 1]); }
-    bool is_one_of(char number, const char* letters) const {
-        while (*letters &&
-               !vor::is_letter(static_cast<const char*>(addresses_[number - 1]), *letters))
-            ++letters;
-        return *letters;
+    bool is_one_of(char number, const char (&letters)[4]) const {
+        const char given = vor::upper(*static_cast<const char*>(addresses_[number - 1]));
+        const auto is = [given](char letter) { return letter && letter == given; };
+        return is(letters[0]) || is(letters[1]) || is(letters[2]);
     }
     bool is_leading(char number, char rows) const {
         return integer(number) >= 1 && integer(number) >= integer(rows);
@@ -158,22 +138,39 @@ private:
     const void* const* addresses_;
 };
 
-__attribute__((noinline)) int Check::run(const void* const* addresses) const {
-    constexpr int kName = 6;
+// The number of the first argument that fails its test; 0 if none does.
+template <const auto& tests, size_t... i>
+__attribute__((noinline)) int first_unfit(const void* const* addresses, std::index_sequence<i...>) {
     const Arguments arguments(addresses);
-    for (const Test* test = tests_; test < tests_ + n_; ++test) {
-        if (arguments.pass(*test)) continue;
-        const int number = test->argument;
-        xerbla_(name_, &number, kName);
+    int number = 0;
+    static_cast<void>(((arguments.pass(tests[i]) || (number = tests[i].argument, false)) && ...));
+    return number;
+}
+
+// The check of one routine, by its name; called with the routine's own arguments.
+template <const auto& tests>
+struct Check {
+    const char* name;
+
+    template <class... Words>
+    int operator()(Words... words) const {
+        constexpr int kName = 6;
+        const void* const addresses[] = {address(words)...};
+        const int number =
+            first_unfit<tests>(addresses, std::make_index_sequence<std::size(tests)>());
+        if (number == 0) return 0;
+        xerbla_(name, &number, kName);
         return 1;
     }
-    return 0;
-}
+
+    static const void* address(const void* argument) { return argument; }
+    static const void* address(int) { return nullptr; } // a hidden length
+};
 
 } // namespace
 
 #define CHECK(p, P, T, op, OP, list, LIST)                                                         \
     VOR_ENGINE int vor_blas_errchk_##p##op PARAMS_##LIST(T) {                                      \
-        return Check(#P #OP "  ", Tests<T>::list) ARGS_##LIST;                                     \
+        return Check<Tests<T>::list>{#P #OP "  "} ARGS_##LIST;                                     \
     }
 VOR_CHECKED_ROUTINES(CHECK)
