@@ -17,7 +17,7 @@ namespace {
 using namespace vor;
 
 // Partial sum k takes the elements k mod 4. Group elements a round; what is left of the last round is
-// added to the total one by one. ahead(x, y) runs once a round.
+// added to the total one by one. ahead(x, y) runs once in two rounds.
 template <int Group, class T, class Ahead>
 [[gnu::always_inline]] inline extended dot_extended(int n, const T* x, int incx, const T* y,
                                                     int incy, Ahead ahead) {
@@ -28,15 +28,22 @@ template <int Group, class T, class Ahead>
         y += incy;
         return product;
     };
-    for (; n >= Group; n -= Group) {
-        ahead(x, y);
-#pragma GCC unroll 2
-        for (int k = 0; k < Group; k += 4) {
+    const auto add = [&](int count) __attribute__((always_inline)) {
+#pragma GCC unroll 4
+        for (int k = 0; k < count; k += 4) {
             a0 += next();
             a1 += next();
             a2 += next();
             a3 += next();
         }
+    };
+    for (; n >= 2 * Group; n -= 2 * Group) {
+        ahead(x, y);
+        add(2 * Group);
+    }
+    if (n >= Group) {
+        add(Group);
+        n -= Group;
     }
     extended sum = ((a3 + a0) + a1) + a2;
     for (; n > 0; --n) sum += next();
@@ -47,8 +54,8 @@ template <class T>
 extended dot_strided(int n, const T* x, int incx, const T* y, int incy) {
     return dot_extended<4>(n, walk_start(x, n, incx), incx, walk_start(y, n, incy), incy,
                            [=](const T* px, const T* py) {
-                               prefetch(px + 4 * incx);
-                               prefetch(py + 4 * incy);
+                               prefetch(px + 8 * incx);
+                               prefetch(py + 8 * incy);
                            });
 }
 
