@@ -78,6 +78,12 @@ constexpr int split(int m) {
     return (sizeof(R) == 8 ? kSplit64 : kSplit32)[m - 9];
 }
 
+// The object's flag scales this direction.
+template <bool inverse>
+bool scales(const FftCtx& object) {
+    return inverse ? object.doScaleInv : object.doScaleFwd;
+}
+
 // Work buffer bytes of the radix-4 kernel of 2^m points in 32 bits: its data, in whole 16 bytes.
 constexpr int kernel_buffer(int m) {
     return ((8 << m) + 15) & ~15;

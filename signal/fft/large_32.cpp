@@ -24,8 +24,7 @@ void kernel(C* data, int n, const void* table, void* buffer) {
 template <bool inverse>
 void leaf(const FftCtx& object, C* data, int n, void* buffer) {
     kernel<inverse>(data, n, object.tabTwd, buffer);
-    if (inverse ? object.doScaleInv : object.doScaleFwd)
-        tavs_rbMpy1_32f(object.normFactor.single, &data->re, 2 * n);
+    if (scales<inverse>(object)) tavs_rbMpy1_32f(object.normFactor.single, &data->re, 2 * n);
 }
 
 // ---- The radix-2 step: x[j], x[N/2+j] := x[j] +- W^j x[N/2+j], with W^(j+N/4) = -i W^j.

@@ -25,8 +25,7 @@ template <bool inverse>
 void leaf(const FftCtx& object, C* data, int n) {
     (inverse ? tavs_cRadix4Inv_64fc : tavs_cRadix4Fwd_64fc)(data, n,
                                                             static_cast<const C*>(object.tabTwd));
-    if (inverse ? object.doScaleInv : object.doScaleFwd)
-        tavs_rbMpy1_64f(object.normFactor.wide, &data->re, 2 * n);
+    if (scales<inverse>(object)) tavs_rbMpy1_64f(object.normFactor.wide, &data->re, 2 * n);
 }
 
 // x[j], x[S+j] := x[j] +- W^j x[S+j] for one column.

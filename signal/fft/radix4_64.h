@@ -84,6 +84,7 @@ void radix2_pass(cdouble* data, int n, cdouble w8) {
     }
 }
 
+// All groups of `span` in n points; the table is that of `table_points`.
 template <bool inverse>
 void radix4_pass(cdouble* data, int n, int span, const cdouble* table, int table_points) {
     const int quarter = span / 4, step = 3 * (table_points / span);

@@ -7,11 +7,6 @@
 
 namespace vor::fft {
 
-template <bool inverse>
-bool scales(const FftCtx& object) {
-    return inverse ? object.doScaleInv : object.doScaleFwd;
-}
-
 template <class R>
 R scaled(R x, R factor) {
     return x * factor;
