@@ -26,6 +26,7 @@ T conjugate(T x) {
 
 template <class T>
 struct SymmetricProduct {
+    Random random{3}; // before the members that it fills
     bool hermitian;
     char side, uplo;
     int m, n;
@@ -35,8 +36,8 @@ struct SymmetricProduct {
     SymmetricProduct(bool herm, char s, char u, int rows, int columns, int gap = 1)
         : hermitian(herm), side(s), uplo(u), m(rows), n(columns),
           a(triangle<T>(u, left() ? m : n, gap, [&](int i, int j) { return stored(i, j); })),
-          full(a.rows(), a.rows()), b(Matrix<T>::random(random_, 'N', m, n, gap, sizeof(T))),
-          c(Matrix<T>::random(random_, 'N', m, n, 2 * gap, sizeof(T))), before(c) {
+          full(a.rows(), a.rows()), b(Matrix<T>::random(random, 'N', m, n, gap, sizeof(T))),
+          c(Matrix<T>::random(random, 'N', m, n, 2 * gap, sizeof(T))), before(c) {
         full.fill([&](int i, int j) {
             const bool inside = in_triangle(u, i, j);
             T x = inside ? a(i, j) : a(j, i);
@@ -74,12 +75,11 @@ struct SymmetricProduct {
 
 private:
     T stored(int i, int j) {
-        T x = random_.next<T>();
+        T x = random.next<T>();
         if constexpr (vor::is_complex<T>)
             if (hermitian && i == j) x.im = not_a_number<T>().im;
         return x;
     }
-    Random random_{3};
 };
 
 // ---- An update of one triangle.
@@ -92,6 +92,7 @@ struct Update {
 
 template <class T>
 struct TriangleUpdate {
+    Random random{9}; // before the members that it fills
     Update kind;
     char uplo, trans;
     int n, k;
@@ -100,8 +101,8 @@ struct TriangleUpdate {
 
     TriangleUpdate(Update u, char triangle_letter, char t, int order, int depth, int gap = 1)
         : kind(u), uplo(triangle_letter), trans(t), n(order), k(depth),
-          a(Matrix<T>::random(random_, t, n, k, gap, sizeof(T))),
-          b(Matrix<T>::random(random_, t, n, k, 2 * gap, sizeof(T))),
+          a(Matrix<T>::random(random, t, n, k, gap, sizeof(T))),
+          b(Matrix<T>::random(random, t, n, k, 2 * gap, sizeof(T))),
           c(triangle<T>(uplo, n, gap, [&](int i, int j) { return stored(i, j); })), before(c),
           alpha(scalar(0.8, -0.3, u.hermitian && u.rank == 1)),
           beta(scalar(-0.6, 0.2, u.hermitian)) {}
@@ -155,7 +156,7 @@ struct TriangleUpdate {
 private:
     static T scalar(double re, double im, bool real) { return element<T>(re, real ? 0 : im); }
     T stored(int i, int j) {
-        T x = random_.next<T>();
+        T x = random.next<T>();
         if constexpr (vor::is_complex<T>)
             if (kind.hermitian && i == j) x.im = not_a_number<T>().im;
         return x;
@@ -196,7 +197,6 @@ private:
         sum.value += times(factor, times(x, y));
         sum.scale += magnitude(factor) * magnitude(x) * magnitude(y);
     }
-    Random random_{9};
 };
 
 template <class T>

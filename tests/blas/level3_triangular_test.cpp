@@ -44,6 +44,7 @@ std::vector<Letters> all_letters() {
 // `others` right sides. The diagonal outweighs the rest of its row, so that solutions stay small.
 template <class T>
 struct Problem {
+    Random random{5}; // before the members that it fills
     Letters letters;
     int m, n;
     Matrix<T> a, full, b, before;
@@ -57,7 +58,7 @@ struct Problem {
             if (i == j && l.unit()) return element<T>(1);
             return in_triangle(l.uplo, i, j) ? a(i, j) : element<T>(0);
         });
-        b.fill([&](int, int) { return random_.next<T>(); });
+        b.fill([&](int, int) { return random.next<T>(); });
         before.fill([&](int i, int j) { return b(i, j); });
     }
 
@@ -100,13 +101,12 @@ struct Problem {
 private:
     T coefficient(int i, int j) {
         if (i != j) {
-            const auto small = wide(random_.next<T>()) / static_cast<long double>(1 + (i + j) / 8);
+            const auto small = wide(random.next<T>()) / static_cast<long double>(1 + (i + j) / 8);
             return element<T>(small.real(), small.imag());
         }
         if (letters.unit()) return not_a_number<T>();
         return element<T>(2 + i % 3, 0.5 - i % 2);
     }
-    Random random_{5};
 };
 
 template <class T>
@@ -166,6 +166,22 @@ TYPED_TEST(Level3Triangular, ValuesOfAlpha) {
                 EXPECT_EQ(worst_error(p.b, [](int, int) { return Expected{0, 1}; }), 0);
             }
     }
+}
+
+// Bit for bit what it is alone, wherever it stands against the boundaries of vectors.
+TYPED_TEST(Level3Triangular, ARightSideDoesNotDependOnTheOthers) {
+    for (const Letters& letters : all_letters())
+        for (const int order : {13, 31}) {
+            Problem<TypeParam> together(letters, order, 23), alone(letters, order, 23);
+            together.run(trsm<TypeParam>());
+            int& count = letters.left() ? alone.n : alone.m;
+            count = 1;
+            for (int q = 0; q < 23; ++q)
+                trsm<TypeParam>()(&letters.side, &letters.uplo, &letters.trans, &letters.diag,
+                                  &alone.m, &alone.n, &alone.alpha, alone.a.data(), &alone.a.ld(),
+                                  letters.left() ? &alone.b(0, q) : &alone.b(q, 0), &alone.b.ld());
+            EXPECT_TRUE(together.b.same_as(alone.b)) << together.name();
+        }
 }
 
 // A NaN in B reaches the results that its element belongs to, and no others.
