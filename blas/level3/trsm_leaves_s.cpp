@@ -3,10 +3,10 @@
 // strsm_i, right side: column i of X is (b - x(0) a(0, i) - x(1) a(1, i) - ...) * (1 / a(i, i)), the
 // products subtracted one after the other in the order of the solve.
 //
-// strsmlt, left side, transposed: two equations at a time, their sums over the finished unknowns by one
-// walk over the column of B. From kVectorDot terms on a sum has a start by single elements, up to a
-// multiple of 16 bytes in B if single elements lead there, two vectors of four sums each, and an end
-// by single elements, combined in this order.
+// strsmlt, left side, transposed: two equations at a time. From kLeastDot terms on the sum over the
+// finished unknowns has a start by single elements, up to a multiple of 16 bytes in B if single elements
+// lead there, then eight sums, one for each place modulo 8, and an end by single elements, combined in
+// this order.
 #include "blas/level1/vector.h"
 #include "blas/level3/single_rows.h"
 #include "blas/level3/triangle_leaf.h"

@@ -3,6 +3,7 @@
 // written is compared afterwards.
 #pragma once
 
+#include "tests/blas/level2_errors.h"
 #include "tests/common/matrix.h"
 #include "vor_blas.h"
 

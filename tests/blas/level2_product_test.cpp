@@ -1,10 +1,11 @@
 // Matrix-vector products: gemv, gbmv, and the symmetric and Hermitian ones in three layouts.
-#include "blas/kernel/gemv_kernels.h"
 #include "tests/blas/level2.h"
 
 using namespace vor::test;
 
 namespace {
+
+WorstShare products("matrix-vector products");
 
 template <class T>
 class Level2Product : public testing::Test {
@@ -26,8 +27,10 @@ protected:
             ErrorMeter<T> worst;
             for (int i = 0; i < rows; ++i)
                 meter(worst, y[i], product_row(alpha, dense, i, x, beta, y_before[i]));
-            EXPECT_LE(worst.worst(), bound) << what << " steps " << inc.x << " " << inc.y
-                                            << " alpha " << first << " beta " << second;
+            products.expect(worst.worst(), bound,
+                            what + " steps " + std::to_string(inc.x) + " " + std::to_string(inc.y) +
+                                " alpha " + std::to_string(first) + " beta " +
+                                std::to_string(second));
             EXPECT_TRUE(y.intact() && x.intact() && x.same_as(x_before) && a.unchanged()) << what;
         }
     }
@@ -139,32 +142,6 @@ TYPED_TEST(Level2Product, WhatIsMultipliedByZeroIsNotRead) {
         Level2<T>::gemv(&trans, &n, &n, &zero, a.data(), &n, x.data(), &step, &zero, y.data(),
                         &step);
         for (int i = 0; i < n; ++i) EXPECT_EQ(wide(y[i]), Wide());
-    }
-}
-
-// The kernels behind the choice of dgemv: prefetch or none, the result is the same, and it is that of
-// one strip of the routine.
-TEST(Level2Kernels, StripsWithAndWithoutPrefetch) {
-    Random random(5);
-    const int rows = 64, n = 7, one = 1;
-    const double alpha = 0.3, beta = 1;
-    Stored<double> a(random, full(rows, n, rows + 1));
-    const auto x = Steps<double>::random(random, rows, 1);
-    using Kernel = void PARAMS_GEMV_OO(double);
-    const struct {
-        const char* trans;
-        Kernel *with, *without;
-    } pairs[] = {{"N", vor_blas_dgemvnoo, vor_blas_dgemvnoo_def},
-                 {"T", vor_blas_dgemvtoo, vor_blas_dgemvtoo_def}};
-    for (const auto& [trans, with, without] : pairs) {
-        auto v = x;
-        auto first = Steps<double>::random(random, rows, 1);
-        auto second = first, third = first;
-        with(trans, &rows, &n, &alpha, a.data(), &a.ld(), v.data(), &one, &beta, first.data());
-        without(trans, &rows, &n, &alpha, a.data(), &a.ld(), v.data(), &one, &beta, second.data());
-        dgemv(trans, &rows, &n, &alpha, a.data(), &a.ld(), v.data(), &one, &beta, third.data(),
-              &one);
-        EXPECT_TRUE(first.same_as(second) && first.same_as(third));
     }
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "blas/signatures.h"
+#include "tests/blas/level2_errors.h"
 #include "tests/common/allocations.h"
 #include "tests/common/matrix.h"
 #include "vor_blas.h"
@@ -21,15 +22,6 @@ inline const int parallel_mode = setenv("VOR_SERIAL", "NO", 1);
 
 using AllTypes = testing::Types<float, double, cfloat, cdouble>;
 using ComplexTypes = testing::Types<cfloat, cdouble>;
-
-// The member of a family for T.
-template <class T, class S, class D, class C, class Z>
-auto by_type(S s, D d, C c, Z z) {
-    if constexpr (std::is_same_v<T, float>) return s;
-    if constexpr (std::is_same_v<T, double>) return d;
-    if constexpr (std::is_same_v<T, cfloat>) return c;
-    if constexpr (std::is_same_v<T, cdouble>) return z;
-}
 
 inline const int kThreads[] = {1, 2, 3, 5};
 
