@@ -220,6 +220,7 @@ TEST(MemorySettings, BudgetAndCache) {
     expect_answers(folder,
                    {{"VOR_DISABLE_FAST_MM=", "keep 1000 3 free_held", "1000 0 1 2"},
                     {"VOR_MM_DISABLE=no", "keep 1000 3 free_held", "1000 0 1 2"},
-                    {"VOR_MM_NUMA_MODE=1", "keep 10000000 14 free_held", "11999999 14 13 0"},
+                    {"VOR_MM_NUMA_MODE=1", "keep 10000000 14", "11999999 14 13"},
+                    {"", "free_held", "0"},
                     {"", "keep 1000 3 setenv VOR_MM_DISABLE 1 keep 1000 3", "1199 3 3 0 0 0"}});
 }
