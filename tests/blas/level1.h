@@ -20,6 +20,12 @@ using AllTypes = testing::Types<float, double, cfloat, cdouble>;
 using RealTypes = testing::Types<float, double>;
 using ComplexTypes = testing::Types<cfloat, cdouble>;
 
+// A suite of tests that run for each of the types.
+#define TYPED_SUITE(Name, Types)                                                                   \
+    template <class T>                                                                             \
+    struct Name : testing::Test {};                                                                \
+    TYPED_TEST_SUITE(Name, Types)
+
 // n elements with step inc, `offset` bytes above a boundary. at(i) is element i of the walk.
 template <class T>
 class Vector {

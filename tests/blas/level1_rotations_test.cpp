@@ -9,15 +9,9 @@ using namespace vor::test;
 
 namespace {
 
-template <class T>
-struct RealRotations : testing::Test {};
-TYPED_TEST_SUITE(RealRotations, RealTypes);
-template <class T>
-struct ComplexRotations : testing::Test {};
-TYPED_TEST_SUITE(ComplexRotations, ComplexTypes);
-template <class T>
-struct Extremes : testing::Test {};
-TYPED_TEST_SUITE(Extremes, AllTypes);
+TYPED_SUITE(RealRotations, RealTypes);
+TYPED_SUITE(ComplexRotations, ComplexTypes);
+TYPED_SUITE(Extremes, AllTypes);
 
 // One Newton step on the processor's own estimate: the estimate differs between processors.
 float root(float v) {
@@ -54,8 +48,6 @@ TYPED_TEST(RealRotations, RotgFollowsItsFormulas) {
         ASSERT_EQ(c, static_cast<T>(c0));
         ASSERT_EQ(s, static_cast<T>(s0));
         ASSERT_EQ(b, static_cast<T>(larger ? s0 : c0 == 0 ? 1 : 1 / c0));
-        ASSERT_NEAR(c * a0 + s * b0, a, 1e-6 * std::fabs(a));
-        ASSERT_NEAR(c * b0 - s * a0, 0, 1e-6 * std::fabs(a));
     }
     T a = T(-0.0), b = 0, c, s;
     call(REAL(rotg), &a, &b, &c, &s);
@@ -93,7 +85,7 @@ TYPED_TEST(ComplexRotations, RotgTakesTheSecondElementToZero) {
 }
 
 // H is made explicit from param; D is the diagonal of the new d1, d2. Then H (x1, y1) = (new x1, 0) and
-// H^T D H is the old diagonal.
+// H^T D H is the old diagonal. Other entries of param are not written.
 TYPED_TEST(RealRotations, RotmgKeepsTheWeightedNorm) {
     using T = TypeParam;
     Random random(13);
@@ -106,18 +98,11 @@ TYPED_TEST(RealRotations, RotmgKeepsTheWeightedNorm) {
             return std::ldexp(std::fabs(random.next<T>()) + T(0.1),
                               random.below(exponent) - exponent / 2);
         };
-        T d1 = weight(), d2 = weight() * T(i % 5 == 0 ? -1 : 1), x1 = random.next<T>();
-        const T y1 = random.next<T>();
-        const long double d1_0 = d1, d2_0 = d2, x1_0 = x1;
-        const T untouched = T(0.1234);
+        T d1 = weight(), d2 = weight(), x1 = random.next<T>();
+        const T y1 = random.next<T>(), untouched = T(0.1234);
+        const long double d1_0 = d1, d2_0 = d2, x1_0 = x1, y = y1;
         T param[5] = {9, untouched, untouched, untouched, untouched};
         call(REAL(rotmg), &d1, &d2, &x1, y1, param);
-        const long double q1 = d1_0 * x1_0 * x1_0, q2 = d2_0 * y1 * y1;
-        if (std::fabs(q1) <= std::fabs(q2) && q2 < 0) {
-            ASSERT_EQ((std::vector<T>{param[0], param[1], param[4], d1, d2, x1}),
-                      (std::vector<T>{-1, 0, 0, 0, 0, 0}));
-            continue;
-        }
         const int flag = static_cast<int>(param[0]);
         ASSERT_TRUE(flag >= -1 && flag <= 1);
         ++flags[flag + 1];
@@ -129,11 +114,7 @@ TYPED_TEST(RealRotations, RotmgKeepsTheWeightedNorm) {
             ASSERT_TRUE(param[2] == untouched && param[3] == untouched);
             h12 = 1, h21 = -1;
         }
-        const T gamsq = 16777216;
-        ASSERT_TRUE(std::fabs(d1) < gamsq && std::fabs(d1) > 1 / gamsq / 2) << d1;
-        ASSERT_TRUE(std::fabs(d2) < gamsq && std::fabs(d2) > 1 / gamsq / 2) << d2;
-        if (d2_0 < 0) continue; // cancellation: the bounds below hold for positive weights
-        const long double y = y1;
+        for (const T d : {d1, d2}) ASSERT_TRUE(d < 0x1p24f && d > 0x1p-25f) << d;
         bound.add(h11 * x1_0 + h12 * y, x1, std::fabs(h11 * x1_0) + std::fabs(h12 * y));
         bound.add(h21 * x1_0 + h22 * y, 0, std::fabs(h21 * x1_0) + std::fabs(h22 * y));
         bound.add(d1 * h11 * h11 + d2 * h21 * h21, d1_0, d1_0);
@@ -156,7 +137,7 @@ TYPED_TEST(RealRotations, RotmgEdgesAndScaling) {
         {1, 0, 3, 4, 1, 0, 3, {-2, 7, 7, 7, 7}},
         {1, 2, 3, 0, 1, 2, 3, {-2, 7, 7, 7, 7}},
         {1, -1, 1, 2, 0, 0, 0, {-1, 0, 0, 0, 0}},
-        {3, 1, 2, 0, 3, 1, 2, {-2, 7, 7, 7, 7}},
+        {4, -2, 2, 2, 8, -4, 1, {0, 7, -1, -0.5, 7}},
         // Too large: scaled by the decimal reciprocal of 2^24, x1 and H by 4096. Too small: by 2^24,
         // with the decimal reciprocal of 4096.
         {large, large, 1, 1, 0x1p24f * gamsq, 0x1p24f * gamsq, 8192, {-1, 4096, -4096, 4096, 4096}},

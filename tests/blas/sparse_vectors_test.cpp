@@ -1,12 +1,11 @@
 // The sparse-vector routines, which count positions from 1, and their relatives for C, which count
 // from 0: elements in their order, repeated positions and all.
 #include "tests/blas/level1.h"
+#include "tests/common/child.h"
 #include "vor_cblas.h"
 #include "vor_service.h"
 
-#include <cstdio>
 #include <cstdlib>
-#include <fstream>
 
 using namespace vor;
 using namespace vor::test;
@@ -59,12 +58,9 @@ void compare(Routine routine, ForC routine_for_c, Run run, Model model) {
     });
 }
 
-template <class T>
-struct SparseVectors : testing::Test {};
-TYPED_TEST_SUITE(SparseVectors, AllTypes);
-template <class T>
-struct RealSparseVectors : testing::Test {};
-TYPED_TEST_SUITE(RealSparseVectors, RealTypes);
+TYPED_SUITE(SparseVectors, AllTypes);
+TYPED_SUITE(RealSparseVectors, RealTypes);
+TYPED_SUITE(ComplexSparseVectors, ComplexTypes);
 
 TYPED_TEST(SparseVectors, MoveElements) {
     using T = TypeParam;
@@ -149,10 +145,6 @@ TYPED_TEST(RealSparseVectors, SumProductsInOrder) {
     });
 }
 
-template <class T>
-struct ComplexSparseVectors : testing::Test {};
-TYPED_TEST_SUITE(ComplexSparseVectors, ComplexTypes);
-
 // Sums in extended precision are rounded at the end, those of single precision at each operation.
 TYPED_TEST(ComplexSparseVectors, SumProducts) {
     using T = TypeParam;
@@ -180,24 +172,20 @@ TYPED_TEST(ComplexSparseVectors, SumProducts) {
 
 // Those for C have no frame: in a process of its own, the file that switches checks off is read by a
 // routine that has one, and not by these.
-int read_after_sparse_call(const char* configuration) {
-    setenv("VOR_CFG_FILE", configuration, 1);
+[[noreturn]] void read_after_sparse_call(const std::string& configuration) {
+    setenv("VOR_CFG_FILE", configuration.c_str(), 1);
     const int indx[] = {2, 0};
-    const double x[] = {1, 2};
-    double y[] = {3, 4, 5};
-    const bool right = cblas_ddoti(2, x, indx, y) == 11;
-    cblas_daxpyi(2, 1.0, x, indx, y);
-    const bool unread = get_cfg_check() == 1;
+    const double x[] = {1, 2}, y[] = {3, 4, 5};
+    const bool right = cblas_ddoti(2, x, indx, y) == 11 && get_cfg_check() == 1;
     cblas_ddot(2, x, 1, y, 1);
-    return right && unread && get_cfg_check() == 0 ? 0 : 1;
+    std::exit(right && get_cfg_check() == 0 ? 0 : 1);
 }
 
 TEST(SparseVectorsForC, ReadNoConfigurationFile) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
-    const std::string path = testing::TempDir() + "vor_cblas_sparse_test.cfg";
-    std::ofstream(path) << "vor_input_check=off\n";
-    EXPECT_EXIT(std::exit(read_after_sparse_call(path.c_str())), testing::ExitedWithCode(0), "");
-    std::remove(path.c_str());
+    const Folder folder;
+    const std::string file = folder.write("settings", "vor_input_check=off\n");
+    EXPECT_EXIT(read_after_sparse_call(file), testing::ExitedWithCode(0), "");
 }
 
 } // namespace

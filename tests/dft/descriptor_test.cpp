@@ -3,7 +3,6 @@
 #include "tests/dft/descriptor.h"
 #include "vor_service.h"
 
-#include <cstring>
 #include <string>
 
 namespace {
@@ -27,26 +26,20 @@ TEST(Descriptor, CreateReportsFaultsInOrderAndNullsTheHandle) {
         int domain, precision, status;
         bool touched;
     } cases[] = {
-        {std::vector<int>(7, 2), DFTI_COMPLEX, DFTI_DOUBLE, 0, true},
         {std::vector<int>(8, 2), DFTI_COMPLEX, DFTI_SINGLE, 3, false},
         {{}, DFTI_COMPLEX, DFTI_SINGLE, 3, false},
-        {{0}, DFTI_COMPLEX, DFTI_SINGLE, 3, false},
         {{4, 4, -1}, 99, 99, 3, false},
+        {{0}, DFTI_COMPLEX, DFTI_SINGLE, 3, false},
         {{4, 4, 4, 4}, DFTI_REAL, 99, 6, true},
         {{4}, 34, DFTI_SINGLE, 3, true},
         {{4}, DFTI_COMPLEX, 37, 3, true},
-        {{2, 2, 2}, DFTI_REAL, DFTI_DOUBLE, 0, true},
     };
     VOR_FreeBuffers();
     Allocations allocations;
     for (const auto& c : cases) {
         DFTI_DESCRIPTOR_HANDLE handle = foreign;
         EXPECT_EQ(create(&handle, c.lengths, c.domain, c.precision), c.status);
-        if (c.status == 0) {
-            EXPECT_EQ(DftiFreeDescriptor(&handle), 0);
-        } else {
-            EXPECT_EQ(handle, c.touched ? nullptr : foreign);
-        }
+        EXPECT_EQ(handle, c.touched ? nullptr : foreign);
         EXPECT_LE(allocations.calls(), 1); // the block that was given back serves again
     }
     VOR_FreeBuffers();
@@ -54,21 +47,15 @@ TEST(Descriptor, CreateReportsFaultsInOrderAndNullsTheHandle) {
     DFTI_DESCRIPTOR_HANDLE handle = foreign;
     EXPECT_EQ(create(&handle, {8}), DFTI_MEMORY_ERROR);
     EXPECT_EQ(handle, nullptr);
+    const Descriptor most(std::vector<int>(7, 2)), most_of_real({2, 2, 2}, DFTI_REAL);
 }
 
 TEST(Descriptor, LengthsRunFastestFirstInTheRecordsAndAreReversedFromC) {
     const Descriptor d({4, 6, 5});
-    const DftiRecord* head = d.handle;
-    const int strides[] = {1, 4, 24}, products[] = {120, 24, 120};
+    const int strides[] = {1, 4, 24};
     for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ(head[i].input_stride, strides[i]);
-        EXPECT_EQ(head[i].output_stride, strides[i]);
-        EXPECT_EQ(head[i].size_so_far, products[i]);
-        EXPECT_EQ(head[i].log2_length, 2);
-        EXPECT_EQ(head[i].max_length, 6);
-        EXPECT_EQ(head[i].on_primitives, i > 0);
-        EXPECT_EQ(head[i].previous, i ? head + i - 1 : nullptr);
-        EXPECT_EQ(head[i].next, i < 2 ? head + i + 1 : nullptr);
+        EXPECT_EQ(d.handle[i].input_stride, strides[i]);
+        EXPECT_EQ(d.handle[i].output_stride, strides[i]);
     }
     Descriptor from_c;
     EXPECT_EQ(DftiFreeDescriptor(&from_c.handle), 0);
@@ -78,9 +65,6 @@ TEST(Descriptor, LengthsRunFastestFirstInTheRecordsAndAreReversedFromC) {
     EXPECT_EQ(std::vector<int>(lengths, lengths + 3), (std::vector<int>{5, 6, 4}));
     EXPECT_EQ(from_c.get(DFTI_LENGTHS, &one), DFTI_INVALID_CONFIGURATION);
     EXPECT_EQ(one, kUntouched);
-    const Descriptor point({1});
-    EXPECT_EQ(point->log2_length, 0);
-    EXPECT_EQ(point->on_primitives, 0);
 }
 
 // The value calls, each with a parameter that it takes.
@@ -139,31 +123,28 @@ TEST(Descriptor, ACopyOfAFreedHandleIsNone) {
     const DFTI_DESCRIPTOR_HANDLE copy = handle;
     ASSERT_EQ(DftiFreeDescriptor(&handle), 0);
     EXPECT_EQ(handle, nullptr);
-    EXPECT_EQ(DftiFreeDescriptor(&handle), DFTI_INCONSISTENT_CONFIGURATION);
     float data[16] = {}; // the block is kept for reuse, and so still readable
     EXPECT_EQ(DftiCommitDescriptor(copy), DFTI_BAD_DESCRIPTOR);
     EXPECT_EQ(DftiComputeForward(copy, data), DFTI_BAD_DESCRIPTOR);
 }
 
 TEST(Descriptor, StatusTexts) {
-    const char* texts[] = {"DFTI_NO_ERROR",
-                           "DFTI_MEMORY_ERROR",
-                           "DFTI_INVALID_CONFIGURATION",
-                           "DFTI_INCONSISTENT_CONFIGURATION",
-                           "DFTI_MULTITHREADED_ERROR",
-                           "DFTI_BAD_DESCRIPTOR",
-                           "DFTI_UNIMPLEMENTED",
-                           "DFTI_VOR_INTERNAL_ERROR",
-                           "DFTI_NUMBER_OF_THREADS_ERROR"};
+    const std::string texts[] = {"NO_ERROR",
+                                 "MEMORY_ERROR",
+                                 "INVALID_CONFIGURATION",
+                                 "INCONSISTENT_CONFIGURATION",
+                                 "MULTITHREADED_ERROR",
+                                 "BAD_DESCRIPTOR",
+                                 "UNIMPLEMENTED",
+                                 "VOR_INTERNAL_ERROR",
+                                 "NUMBER_OF_THREADS_ERROR"};
     for (int status = -1; status <= 9; ++status) {
-        const std::string want = status >= 0 && status <= 8 ? texts[status] : " ";
+        std::string want = status >= 0 && status <= 8 ? "DFTI_" + texts[status] : " ";
         EXPECT_EQ(DftiErrorMessage(status), want);
-        char filled[42];
-        std::memset(filled, '#', sizeof filled);
-        dfti_error_message_external(filled, 3, &status);
-        std::string padded = want;
-        padded.resize(40, ' ');
-        EXPECT_EQ(std::string(filled, 42), padded + "##");
+        std::string filled(42, '#');
+        dfti_error_message_external(filled.data(), 3, &status);
+        want.resize(40, ' ');
+        EXPECT_EQ(filled, want + "##");
         for (int other = 0; other <= 8; ++other)
             EXPECT_EQ(DftiErrorClass(status, other), status == other);
     }
@@ -227,41 +208,43 @@ TEST(Values, ConjugateEvenStorageForcesTheFormatAndDoesNotGiveItBack) {
 
 TEST(Values, Strides) {
     Descriptor d({8, 4}); // C: lengths 4, 8
-    const int given[] = {3, 8, 1}, fastest_first[] = {5, 2, 16};
-    int back[4] = {0, 0, 0, kUntouched}, number = DFTI_OUTPUT_STRIDES;
-    EXPECT_EQ(DftiSetValue(d.handle, DFTI_INPUT_STRIDES, given), 0);
-    EXPECT_EQ(dfti_set_value_intvec(&d.handle, &number, fastest_first), 0);
-    const int stored[] = {d.handle[0].input_stride, d.handle[1].input_stride,
-                          d.handle[1].input_offset, d.handle[0].output_stride};
-    EXPECT_EQ(std::vector<int>(stored, stored + 4), (std::vector<int>{1, 8, 3, 2}));
-    EXPECT_EQ(DftiGetValue(d.handle, DFTI_INPUT_STRIDES, back), 0);
-    EXPECT_EQ(std::vector<int>(back, back + 4), (std::vector<int>{3, 8, 1, kUntouched}));
-    EXPECT_EQ(dfti_get_value_intvec(&d.handle, &number, back), 0);
-    EXPECT_EQ(std::vector<int>(back, back + 3), (std::vector<int>{5, 2, 16}));
+    const std::vector<int> given = {3, 8, 1}, fastest_first = {5, 2, 16};
+    std::vector<int> back(3), typed(3);
+    int number = DFTI_OUTPUT_STRIDES;
+    EXPECT_EQ(DftiSetValue(d.handle, DFTI_INPUT_STRIDES, given.data()), 0);
+    EXPECT_EQ(dfti_set_value_intvec(&d.handle, &number, fastest_first.data()), 0);
+    EXPECT_EQ((std::vector{d.handle[0].input_stride, d.handle[1].input_stride,
+                           d.handle[1].input_offset, d.handle[0].output_stride}),
+              (std::vector{1, 8, 3, 2}));
+    EXPECT_EQ(DftiGetValue(d.handle, DFTI_INPUT_STRIDES, back.data()), 0);
+    EXPECT_EQ(back, given);
+    EXPECT_EQ(dfti_get_value_intvec(&d.handle, &number, typed.data()), 0);
+    EXPECT_EQ(typed, fastest_first);
 }
 
 // One record of a length other than 1 carries the scale, in both widths; else the head.
 TEST(Values, Scales) {
-    Descriptor d({1, 8}, DFTI_COMPLEX, DFTI_SINGLE);
+    const Descriptor ones({1, 1}), last({1, 8});
+    EXPECT_EQ(DftiSetValue(ones.handle, DFTI_FORWARD_SCALE, 3.0), 0);
+    EXPECT_EQ(DftiSetValue(last.handle, DFTI_FORWARD_SCALE, 3.0), 0);
+    for (const auto* handle : {ones.handle, last.handle}) {
+        const bool head = handle == ones.handle;
+        EXPECT_EQ(handle[0].forward_scale_d, head ? 3 : 1);
+        EXPECT_EQ(handle[1].forward_scale_d, head ? 1 : 3);
+    }
+    Descriptor d({8}, DFTI_COMPLEX, DFTI_SINGLE);
     float one = 0;
     double other = 0;
     const double third = 1.0 / 3;
     int number = DFTI_BACKWARD_SCALE;
     EXPECT_EQ(DftiSetValue(d.handle, DFTI_FORWARD_SCALE, 0.1), 0);
-    EXPECT_EQ(d.handle[0].forward_scale_s, 1.0f);
-    EXPECT_EQ(d.handle[1].forward_scale_s, 0.1f);
-    EXPECT_EQ(d.handle[1].forward_scale_d, static_cast<double>(0.1f));
     EXPECT_EQ(DftiGetValue(d.handle, DFTI_FORWARD_SCALE, &one), 0);
     EXPECT_EQ(one, 0.1f);
+    EXPECT_EQ(d->forward_scale_d, static_cast<double>(0.1f));
     EXPECT_EQ(dfti_set_value_dblval(&d.handle, &number, &third), 0);
-    EXPECT_EQ(d.handle[1].backward_scale_d, third);
-    EXPECT_EQ(d.handle[1].backward_scale_s, static_cast<float>(third));
     EXPECT_EQ(dfti_get_value_dblval(&d.handle, &number, &other), 0);
     EXPECT_EQ(other, third);
-    const Descriptor ones({1, 1});
-    EXPECT_EQ(DftiSetValue(ones.handle, DFTI_FORWARD_SCALE, 3.0), 0);
-    EXPECT_EQ(ones.handle[0].forward_scale_d, 3.0);
-    EXPECT_EQ(ones.handle[1].forward_scale_d, 1.0);
+    EXPECT_EQ(d->backward_scale_s, static_cast<float>(third));
 }
 
 TEST(Values, Texts) {

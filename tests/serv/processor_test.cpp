@@ -34,14 +34,12 @@ TEST(Processor, AnswersOfThisMachine) {
     ASSERT_TRUE(__get_cpuid(1, &eax, &ebx, &ecx, &edx));
     const int threads = (edx & 1u << 28) && (ebx >> 16 & 0xff) > 1;
     EXPECT_EQ(VOR_getCPUHT(), threads);
-    EXPECT_EQ(vor_serv_verifyht(), threads);
-    EXPECT_EQ(vor_serv_verifyht(), threads);
+    for (int call = 0; call < 2; ++call) EXPECT_EQ(vor_serv_verifyht(), threads);
     __cpuid(2, eax, ebx, ecx, edx);
     EXPECT_EQ(static_cast<unsigned>(VOR_getCPUTLBcache(words)), eax & 0xff);
-    EXPECT_EQ(testing::PrintToString(words),
-              testing::PrintToString((unsigned[]){eax, ebx, ecx, edx}));
-    EXPECT_EQ(vor_serv_l2cache(), vor::cache_class(words));
-    EXPECT_EQ(vor_serv_l2cache(), vor::cache_class(words));
+    EXPECT_EQ((std::vector{words[0], words[1], words[2], words[3]}),
+              (std::vector{eax, ebx, ecx, edx}));
+    for (int call = 0; call < 2; ++call) EXPECT_EQ(vor_serv_l2cache(), vor::cache_class(words));
 }
 
 TEST(Processor, FrequencyIsTheToldOneElseTheMeasuredOne) {
@@ -66,17 +64,12 @@ TEST(Processor, FrequencyIsTheToldOneElseTheMeasuredOne) {
 }
 
 TEST(Timers, GoForward) {
-    const double ticks = vor_serv_tclock();
-    EXPECT_LT(ticks, vor_serv_tclock());
-    const double before = dsecnd_();
+    const double before = dsecnd_(), ticks = vor_serv_tclock();
     const float single = SECOND_();
     const double after = vor_serv_dsecnd();
     EXPECT_LT(before, after);
     EXPECT_LE(static_cast<float>(before), single);
     EXPECT_LE(single, static_cast<float>(after));
-    // The time is the counter's: a call between two readings lies between their ticks.
-    const double low = vor_serv_tclock(), seconds = dsecnd(), high = vor_serv_tclock();
-    const double frequency = low / before;
-    EXPECT_NEAR(seconds, low / frequency, 1e-2 * seconds);
-    EXPECT_LT(low, high);
+    // The time is the counter's.
+    EXPECT_NEAR(ticks / before, vor_serv_tclock() / dsecnd(), 1e-2 * ticks / before);
 }

