@@ -52,6 +52,7 @@ constexpr int kLevel = 256;             // from this size on no pair of letters 
 constexpr double kLevelRatio = 0.9;     // by more than this
 constexpr int kLargestOfAllPairs = 512; // of complex products, which take seconds above it
 constexpr int kThreadedSize = 1000;
+constexpr double kThreadedGain = 1.9;
 
 template <class T>
 Case product_case(char type, std::string letters, const Size& size) {
@@ -91,7 +92,8 @@ Suite gemm_cases() {
                  .goal = kPlainRatio});
         }
         for (const Size& size : kSizes) add_all_pairs<T>(suite, type, size);
-        suite.push_back(on_two_threads(product_case<T>(type, "NN", {kThreadedSize})));
+        suite.push_back(
+            on_two_threads(product_case<T>(type, "NN", {kThreadedSize}), kThreadedGain));
     });
 }
 

@@ -79,7 +79,8 @@ constexpr double kExtendedShare = 0.92; // of the x87 rate, d and z
 constexpr double kProductShare = 0.85;  // of the product's rate, s and c
 constexpr double kProductWork = 2;      // as Operation::work
 constexpr int kSizes[] = {512, 1000};
-constexpr int kThreadedSize = 512;
+constexpr int kThreadedSize = 1000;
+constexpr double kThreadedGain = 1.8;
 
 template <class T>
 Case routine_case(char type, const Operation& op, int n) {
@@ -107,7 +108,8 @@ Suite level3_cases() {
         for (const Operation& op : kOperations) {
             if (op.hermitian && !is_complex<T>) continue;
             for (const int n : kSizes) suite.push_back(routine_case<T>(type, op, n));
-            suite.push_back(on_two_threads(routine_case<T>(type, op, kThreadedSize)));
+            suite.push_back(
+                on_two_threads(routine_case<T>(type, op, kThreadedSize), kThreadedGain));
         }
     });
 }

@@ -4,12 +4,6 @@
 
 namespace vor::bench {
 
-namespace {
-
-constexpr double kGain = 1.9; // of a second thread, at least
-
-} // namespace
-
 Binder on_threads(Binder bind, int threads) {
     return [=](const Library& library) -> Call {
         const Call call = bind(library);
@@ -22,14 +16,14 @@ Binder on_threads(Binder bind, int threads) {
     };
 }
 
-Case on_two_threads(const Case& single) {
+Case on_two_threads(const Case& single, double gain) {
     return {.name = single.name + ", 2 threads",
             .formula = single.formula,
             .work = single.work,
             .limit = Limit::none,
             .bind = on_threads(single.bind, 2),
             .comparable = false,
-            .rivals = {{.name = "1 thread", .bind = single.bind, .goal = kGain}}};
+            .rivals = {{.name = "1 thread", .bind = single.bind, .goal = gain}}};
 }
 
 } // namespace vor::bench

@@ -66,8 +66,8 @@ Binder gemm(char type, std::string letters, int n) {
 // The same calls, with leave to use that many threads.
 Binder on_threads(Binder bind, int threads);
 
-// The case `single` once more on two threads, beside itself on one.
-Case on_two_threads(const Case& single);
+// The case `single` once more on two threads, beside itself on one, which is to take `gain` times as long.
+Case on_two_threads(const Case& single, double gain);
 
 // add.template operator()<T>(suite, letter) for the four types.
 template <class F>
