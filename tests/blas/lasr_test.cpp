@@ -42,23 +42,19 @@ TYPED_TEST(RotationSequence, TurnsPairsOfRowsInOrder) {
                     s.push_back(static_cast<Real>(std::sin(angle)));
                 }
                 Matrix<T> a = Matrix<T>::random(random, 'N', m, n, 3, sizeof(T));
-                std::vector<std::vector<Wide>> want(static_cast<size_t>(n));
-                for (int j = 0; j < n; ++j)
-                    for (int i = 0; i < m; ++i)
-                        want[static_cast<size_t>(j)].push_back(wide(a(i, j)));
+                const Matrix<T> before = a;
                 routine(&m, &n, c.data(), s.data(), a.data(), &a.ld());
-
                 ErrorMeter<T> worst;
                 for (int j = 0; j < n; ++j) {
-                    auto& column = want[static_cast<size_t>(j)];
+                    std::vector<Wide> column;
+                    for (int i = 0; i < m; ++i) column.push_back(wide(before(i, j)));
                     long double norm = 0;
                     for (const Wide& x : column) norm = std::hypot(norm, std::abs(x));
                     for (int k = 0; k + 1 < m; ++k) {
-                        const int r = forward ? k : m - 2 - k;
-                        Wide& upper = column[static_cast<size_t>(pivot == 't' ? 0 : r)];
-                        Wide& lower = column[static_cast<size_t>(pivot == 'b' ? m - 1 : r + 1)];
-                        const long double cosine = c[static_cast<size_t>(r)];
-                        const long double sine = s[static_cast<size_t>(r)];
+                        const auto r = static_cast<size_t>(forward ? k : m - 2 - k);
+                        Wide& upper = column[pivot == 't' ? 0 : r];
+                        Wide& lower = column[pivot == 'b' ? column.size() - 1 : r + 1];
+                        const long double cosine = c[r], sine = s[r];
                         const Wide old = upper;
                         upper = cosine * old + sine * lower;
                         lower = cosine * lower - sine * old;
