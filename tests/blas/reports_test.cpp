@@ -169,17 +169,16 @@ TEST_P(ArgumentReports, NameTheFirstOfTwoFaults) {
     });
 }
 
-TEST_P(ArgumentReports, KnowTheValuesOfTheirOptions) {
+// Those that are allowed are used below.
+TEST_P(ArgumentReports, RefuseOtherValuesOfTheirOptions) {
     for (const Tested& routine : routines(GetParam()))
         for (const std::string& name : routine.arguments) {
-            const auto values = routine.choices(name);
-            for (int value = 0; value < 256 && !values.empty(); ++value) {
+            const auto allowed = routine.choices(name);
+            for (int value = 0; value < 256 && !allowed.empty(); ++value) {
+                if (std::count(allowed.begin(), allowed.end(), value)) continue;
                 Values v = fit(routine, 102);
                 v[name] = value;
-                const bool allowed = std::find(values.begin(), values.end(), value) != values.end();
-                if (allowed) fit_leading(routine, v);
-                expect(routine, v, allowed ? 0 : routine.number(name),
-                       name + " " + std::to_string(value));
+                expect(routine, v, routine.number(name), name + " " + std::to_string(value));
             }
         }
 }

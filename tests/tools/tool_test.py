@@ -179,17 +179,14 @@ class Tour(Case):
 class Spectrum(Case):
     RATE = 44100
 
-    def wav(self, name, channels, width=2):
+    def wav(self, name, channels):
         path = self.dir / name
         with wave.open(str(path), "wb") as out:
             out.setnchannels(len(channels))
-            out.setsampwidth(width)
+            out.setsampwidth(2)
             out.setframerate(self.RATE)
             frames = [v for frame in zip(*channels) for v in frame]
-            if width == 2:
-                out.writeframes(struct.pack("<%dh" % len(frames), *frames))
-            else:
-                out.writeframes(bytes(128 + v // 256 for v in frames))
+            out.writeframes(struct.pack("<%dh" % len(frames), *frames))
         return path
 
     def tone(self, seconds, *frequencies):
@@ -212,16 +209,18 @@ class Spectrum(Case):
         self.assertIn("silence", out)
 
     def test_bad_input(self):
-        good = self.wav("good.wav", [self.tone(0.1, 440)])
-        cut = self.file("cut.wav", "")
-        cut.write_bytes(good.read_bytes()[:2000])
-        self.fails(r"vor: .*cut\.wav: ends before its last sample", "spectrum", cut)
-        self.fails(r"vor: .*bytes\.wav: samples are not 16-bit PCM", "spectrum",
-                   self.wav("bytes.wav", [self.tone(0.1, 440)], width=1))
-        self.fails(r"vor: .*three\.wav: neither mono nor stereo", "spectrum",
-                   self.wav("three.wav", [self.tone(0.1, 440)] * 3))
-        self.fails(r"vor: .*text\.wav: no WAV file.*", "spectrum", self.file("text.wav", "words"))
-        self.fails(r"vor: .*missing\.wav: no WAV file.*", "spectrum", self.dir / "missing.wav")
+        good = self.wav("good.wav", [self.tone(0.1, 440)]).read_bytes()
+        three = self.wav("three.wav", [self.tone(0.1, 440)] * 3).read_bytes()
+        bytes_alone = good[:32] + b"\1\0\x08\0" + good[36:]
+        for name, content, message in (
+                ("cut", good[:2000], "ends before its last sample"),
+                ("bytes", bytes_alone, "samples are not 16-bit PCM"),
+                ("three", three, "neither mono nor stereo"),
+                ("text", b"words", "no WAV file.*")):
+            path = self.dir / name
+            path.write_bytes(content)
+            self.fails(f"vor: {path}: {message}", "spectrum", path)
+        self.fails(r"vor: missing: no WAV file.*", "spectrum", "missing")
         self.fails(r"vor: the recording is shorter than one window.*", "spectrum",
                    self.wav("short.wav", [[1, 2, 3]]))
 
