@@ -84,7 +84,7 @@ void each_pair_of_vectors(Run run) {
         for (const auto& [incx, incy] : steps) run(n, incx, incy, 4, n % 3 == 0 ? 4 : 8);
     for (size_t offset_x = 0; offset_x < 16; ++offset_x)
         for (size_t offset_y = 0; offset_y < 16; ++offset_y)
-            for (int n : {9, 10, 11, 41}) run(n, 1, 1, offset_x, offset_y);
+            for (int n : {9, 10, 11, 41, 1023}) run(n, 1, 1, offset_x, offset_y);
 }
 
 // run(n, inc, offset), likewise for one vector.

@@ -1,23 +1,16 @@
 #include "tests/common/allocations.h"
 
-#include <atomic>
 #include <cstdint>
 #include <cstring>
 #include <link.h>
 
 extern "C" {
 void* __libc_malloc(size_t);
-void* __libc_calloc(size_t, size_t);
-void* __libc_realloc(void*, size_t);
 void __libc_free(void*);
 }
 
 namespace {
 
-std::atomic<bool> watching{false};
-std::atomic<long> calls_{0}, live_{0}, fail_first{0}, fail_last{0};
-std::atomic<size_t> last_size_{0};
-std::atomic<bool> failed_{false};
 uintptr_t library_begin, library_end;
 
 int find_library(dl_phdr_info* info, size_t, void*) {
@@ -31,90 +24,55 @@ int find_library(dl_phdr_info* info, size_t, void*) {
     return 1;
 }
 
-bool from_library(void* caller) {
+bool from_library(const void* caller) {
     const auto address = reinterpret_cast<uintptr_t>(caller);
-    return watching && address >= library_begin && address < library_end;
-}
-
-// Counts a call; true if it is to fail.
-bool counted(size_t size) {
-    const long k = ++calls_;
-    last_size_ = size;
-    if (k < fail_first || k > fail_last) return false;
-    failed_ = true;
-    return true;
+    return address >= library_begin && address < library_end;
 }
 
 } // namespace
 
 extern "C" void* malloc(size_t size) {
-    if (!from_library(__builtin_return_address(0))) return __libc_malloc(size);
-    if (counted(size)) return nullptr;
-    void* block = __libc_malloc(size);
-    if (block) ++live_;
-    return block;
-}
-
-extern "C" void* calloc(size_t count, size_t size) {
-    if (!from_library(__builtin_return_address(0))) return __libc_calloc(count, size);
-    if (counted(count * size)) return nullptr;
-    void* block = __libc_calloc(count, size);
-    if (block) ++live_;
-    return block;
-}
-
-extern "C" void* realloc(void* old, size_t size) {
-    if (!from_library(__builtin_return_address(0))) return __libc_realloc(old, size);
-    if (counted(size)) return nullptr;
-    void* block = __libc_realloc(old, size);
-    if (block && !old) ++live_;
-    return block;
+    return vor::test::Allocations::allocate(size, __builtin_return_address(0));
 }
 
 extern "C" void free(void* block) {
-    if (block && from_library(__builtin_return_address(0))) --live_;
-    __libc_free(block);
+    vor::test::Allocations::release(block, __builtin_return_address(0));
 }
 
 namespace vor::test {
 
 Allocations::Allocations() {
     if (!library_begin) dl_iterate_phdr(find_library, nullptr);
-    calls_ = live_ = fail_first = fail_last = 0;
+    calls_ = live_ = 0;
     last_size_ = 0;
+    fail_at(0);
+    watching_ = true;
+}
+
+void Allocations::fail(long first, long last) {
     failed_ = false;
-    watching = true;
+    fail_first_ = first == 0 ? kNever : calls_ + first;
+    fail_last_ = last == kNever ? kNever : calls_ + last;
 }
 
-Allocations::~Allocations() {
-    watching = false;
+void* Allocations::allocate(size_t size, const void* caller) {
+    const bool counted = watching_ && from_library(caller);
+    if (counted) {
+        const long k = ++calls_;
+        last_size_ = size;
+        if (k >= fail_first_ && k <= fail_last_) {
+            failed_ = true;
+            return nullptr;
+        }
+    }
+    void* block = __libc_malloc(size);
+    if (counted && block) ++live_;
+    return block;
 }
 
-void Allocations::fail_at(long k) {
-    failed_ = false;
-    fail_first = fail_last = k ? calls_ + k : 0;
-}
-
-void Allocations::fail_from(long k) {
-    failed_ = false;
-    fail_first = calls_ + k;
-    fail_last = 0x7fffffff;
-}
-
-long Allocations::calls() const {
-    return calls_;
-}
-
-long Allocations::live() const {
-    return live_;
-}
-
-size_t Allocations::last_size() const {
-    return last_size_;
-}
-
-bool Allocations::failed() const {
-    return failed_;
+void Allocations::release(void* block, const void* caller) {
+    if (block && watching_ && from_library(caller)) --live_;
+    __libc_free(block);
 }
 
 } // namespace vor::test

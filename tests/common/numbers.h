@@ -57,14 +57,15 @@ private:
 };
 
 // n elements at an address that is `offset` bytes above a multiple of 64, poisoned before and behind:
-// intact() tells whether both margins still hold what they held at the start.
+// intact() tells whether both margins still hold what they held at the start. Objects made one after the
+// other have different poisons, so that copying from margin to margin shows.
 template <class T>
 class Guarded {
 public:
     explicit Guarded(size_t n, size_t offset = 0)
         : n_(n), offset_(offset), bytes_(n * sizeof(T) + 3 * kMargin + offset) {
         memory_.reset(new unsigned char[bytes_]);
-        std::memset(memory_.get(), kPoison, bytes_);
+        std::memset(memory_.get(), poison_, bytes_);
         const auto start = reinterpret_cast<uintptr_t>(memory_.get()) + kMargin;
         data_ = reinterpret_cast<T*>(((start + 63) & ~uintptr_t{63}) + offset);
     }
@@ -87,14 +88,15 @@ public:
     bool intact() const {
         const auto* first = memory_.get();
         const auto* last = first + bytes_;
-        const auto poisoned = [](unsigned char c) { return c == kPoison; };
+        const auto poisoned = [this](unsigned char c) { return c == poison_; };
         return std::all_of(first, reinterpret_cast<const unsigned char*>(data_), poisoned) &&
                std::all_of(reinterpret_cast<const unsigned char*>(data_ + n_), last, poisoned);
     }
 
 private:
     static constexpr size_t kMargin = 64;
-    static constexpr unsigned char kPoison = 0xa5;
+    static inline unsigned char latest_poison_ = 0xa5;
+    unsigned char poison_ = latest_poison_ ^= 0xff;
     size_t n_, offset_, bytes_;
     std::unique_ptr<unsigned char[]> memory_;
     T* data_;

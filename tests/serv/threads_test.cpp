@@ -19,6 +19,7 @@ TEST(Decision, ComesFromTheEnvironmentAndIsFrozenAtTheFirstQuestion) {
         folder,
         {
             {"", "in_serial in_serial", "1 1"},
+            {"VOR_SERIAL=", "in_serial", "1"},
             {"VOR_SERIAL=YES", "in_serial", "1"},
             {"VOR_SERIAL=yes", "in_serial", "1"},
             {"VOR_SERIAL=NO", "in_serial in_serial", "0 0"},

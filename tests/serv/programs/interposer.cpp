@@ -17,17 +17,10 @@ int vor_cfg_file(int) {
     std::puts("vor_cfg_file taken");
     return 0;
 }
-int vor_serv_in_serial() {
-    return 42;
-}
-void vor_serv_lock() {
-    std::puts("vor_serv_lock taken");
-}
 }
 
 int main() {
     cblas_xerbla("cblas_zsyr2k", 9);
     std::printf("lsame %d\n", lsame("x", "X", 1, 1));
     std::printf("in_serial %d\n", vor_in_serial());
-    VOR_FreeBuffers();
 }
