@@ -6,8 +6,11 @@
 //
 // Each stage works at the places it reads, so it may run in place, and the inverse undoes the
 // forward one, up to a factor f. A leaf has no twiddles and takes the whole array as one block.
-#include "signal/dft/column.h"
+//
+// Single precision takes neighbouring columns of a block in fours; the columns left over, all of them
+// where v is below 4, are taken from four blocks at a time.
 #include "signal/dft/kernels.h"
+#include "signal/dft/lanes.h"
 
 namespace vor::dft {
 namespace {
@@ -34,6 +37,50 @@ VOR_INLINE inline void out_stage(Radix radix, const C* x, C* y, int v, int first
 template <Direction D, class Radix, Complex C>
 VOR_INLINE inline void out_leaf(Radix radix, const C* x, C* y, int v) {
     for (int j = 0; j < v; ++j) column<D>(radix, x + j, y + j, v, v);
+}
+
+// The columns of four blocks that do not fill a group of four within a block.
+template <Direction D, class Radix>
+VOR_INLINE inline void columns_left(const Wide<Radix>& wide, const cfloat* x, cfloat* y, int v,
+                                    const cfloat* w) {
+    if (v % kLanes == 0) return;
+    const int length = wide.radix.size() * v;
+    const typename Wide<Radix>::template Twiddle<Apart> twiddle(strided(wide.radix.step()), w);
+    for (int j = v - v % kLanes; j < v; ++j)
+        columns<D, kSide<D>>(wide.radix, strided(length), x + j, v, strided(length), y + j, v,
+                             twiddle);
+}
+
+template <Direction D, class Radix>
+VOR_INLINE inline void out_stage(Radix radix, const cfloat* x, cfloat* y, int v, int first,
+                                 int blocks, const cfloat* twiddle) {
+    const Wide<Radix> wide(radix);
+    if (!wide.fits()) return out_stage<D, Radix, cfloat>(radix, x, y, v, first, blocks, twiddle);
+    const int f = radix.size(), step = radix.step(), grouped = v - v % kLanes;
+    const cfloat* w = twiddle + first * step;
+    x += first * f * v;
+    y += first * f * v;
+    for (int b = 0; b < blocks; ++b, w += step, x += f * v, y += f * v) {
+        if (grouped) {
+            const typename Wide<Radix>::template Twiddle<Same> group(Same{}, w);
+            for (int j = 0; j < grouped; j += kLanes)
+                columns<D, kSide<D>>(wide.radix, Neighbours{}, x + j, v, Neighbours{}, y + j, v,
+                                     group);
+        }
+        if (b % kLanes == 0 && b + kLanes <= blocks)
+            columns_left<D>(wide, x, y, v, w);
+        else if (b >= blocks - blocks % kLanes)
+            for (int j = grouped; j < v; ++j) column<D, kSide<D>>(radix, x + j, y + j, v, v, w);
+    }
+}
+
+template <Direction D, class Radix>
+VOR_INLINE inline void out_leaf(Radix radix, const cfloat* x, cfloat* y, int v) {
+    const Wide<Radix> wide(radix);
+    int j = 0;
+    for (; j + kLanes <= v && wide.fits(); j += kLanes)
+        columns<D>(wide.radix, Neighbours{}, x + j, v, Neighbours{}, y + j, v);
+    for (; j < v; ++j) column<D>(radix, x + j, y + j, v, v);
 }
 
 // One block; the twiddles of block 0 are all 1.

@@ -1,0 +1,115 @@
+// Four columns of a single-precision stage or leaf at a time, one to a lane. Each lane has the
+// operations of a lone column in their order, hence its bits.
+#pragma once
+
+#include "signal/dft/column.h"
+#include "signal/dft/context.h"
+
+namespace vor::dft {
+
+constexpr int kLanes = 4;
+
+// ---- Where the four elements of a group stand. Nothing needs alignment.
+
+struct Neighbours {
+    static Four load(const cfloat* p) {
+        const __m128 low = _mm_loadu_ps(&p[0].re), high = _mm_loadu_ps(&p[2].re);
+        return {_mm_shuffle_ps(low, high, _MM_SHUFFLE(2, 0, 2, 0)),
+                _mm_shuffle_ps(low, high, _MM_SHUFFLE(3, 1, 3, 1))};
+    }
+    static void store(cfloat* p, Four a) { fft::Interleaved::store(&p->re, a); }
+};
+
+// At p and at distances from p.
+struct Apart {
+    int second, third, fourth;
+
+    Four load(const cfloat* p) const {
+        const auto pair = [](const cfloat* a, const cfloat* b) {
+            const __m128 low = _mm_loadl_pi(_mm_setzero_ps(), reinterpret_cast<const __m64*>(a));
+            return _mm_loadh_pi(low, reinterpret_cast<const __m64*>(b));
+        };
+        const __m128 low = pair(p, p + second), high = pair(p + third, p + fourth);
+        return {_mm_shuffle_ps(low, high, _MM_SHUFFLE(2, 0, 2, 0)),
+                _mm_shuffle_ps(low, high, _MM_SHUFFLE(3, 1, 3, 1))};
+    }
+    void store(cfloat* p, Four a) const {
+        const __m128 low = _mm_unpacklo_ps(a.re, a.im), high = _mm_unpackhi_ps(a.re, a.im);
+        _mm_storel_pi(reinterpret_cast<__m64*>(p), low);
+        _mm_storeh_pi(reinterpret_cast<__m64*>(p + second), low);
+        _mm_storel_pi(reinterpret_cast<__m64*>(p + third), high);
+        _mm_storeh_pi(reinterpret_cast<__m64*>(p + fourth), high);
+    }
+};
+inline Apart strided(int stride) {
+    return {stride, 2 * stride, 3 * stride};
+}
+
+// One element in all lanes.
+struct Same {
+    static Four load(const cfloat* p) { return {_mm_set1_ps(p->re), _mm_set1_ps(p->im)}; }
+};
+
+// ---- The radix and the twiddles of a group.
+
+// A fixed radix keeps the twiddles of a group, which serve many columns.
+template <class Radix>
+struct Wide {
+    Radix radix;
+
+    explicit Wide(Radix narrow) : radix(narrow) {}
+    static constexpr bool fits() { return true; }
+
+    template <class Lanes>
+    class Twiddle {
+    public:
+        VOR_INLINE Twiddle(Lanes lanes, const cfloat* w) {
+            for (int m = 1; m < Radix::kFixed; ++m) w_[m - 1] = lanes.load(w + m - 1);
+        }
+        VOR_INLINE Four operator()(int m) const { return w_[m - 1]; }
+
+    private:
+        Four w_[Radix::kFixed - 1];
+    };
+};
+
+// The radix of a table has scratch of its own, since the caller's has room for one lane, and loads a
+// twiddle when it is due.
+template <>
+struct Wide<TableRadix<float>> {
+    Pair<Four> pairs[(kLargestRadix - 1) / 2];
+    TableRadix<float> radix;
+
+    explicit Wide(TableRadix<float> narrow) : radix{narrow.f, narrow.table, pairs} {}
+    Wide(const Wide&) = delete;
+    bool fits() const { return radix.f <= kLargestRadix; }
+
+    template <class Lanes>
+    class Twiddle {
+    public:
+        VOR_INLINE Twiddle(Lanes lanes, const cfloat* w) : lanes_(lanes), w_(w) {}
+        VOR_INLINE Four operator()(int m) const { return lanes_.load(w_ + m); }
+
+    private:
+        Lanes lanes_;
+        const cfloat* w_;
+    };
+};
+
+// Four columns: elements `in` apart from x on, results `out` apart from y on.
+template <Direction D, Twiddles kTwiddles, class Radix, class From, class To, class Twiddle>
+VOR_INLINE inline void columns(Radix radix, From from, const cfloat* x, int in, To to, cfloat* y,
+                               int out, const Twiddle& w) {
+    column_between<D, kTwiddles, Four>(
+        radix, [&](int m) VOR_INLINE { return from.load(x + m * in); },
+        [&](int m, Four a) VOR_INLINE { to.store(y + m * out, a); }, w);
+}
+
+// The same without twiddles.
+template <Direction D, class Radix, class From, class To>
+VOR_INLINE inline void columns(Radix radix, From from, const cfloat* x, int in, To to, cfloat* y,
+                               int out) {
+    columns<D, Twiddles::none>(radix, from, x, in, to, y, out, nullptr);
+}
+
+} // namespace vor::dft
