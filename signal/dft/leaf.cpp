@@ -5,8 +5,8 @@
 //
 // or with the conjugate in the inverse direction. Source and destination do not overlap.
 //
-// Single precision takes four transforms at a time, whichever blocks they belong to. A last group that
-// is not full repeats the last transform.
+// Single precision takes four transforms at a time, those of one t in four blocks, or with less than
+// four blocks those of four t. A last group that is not full repeats its last transform.
 #include "signal/dft/kernels.h"
 #include "signal/dft/lanes.h"
 
@@ -23,32 +23,20 @@ VOR_INLINE inline void leaf(Radix radix, const C* x, int p, C* y, int c, int blo
     }
 }
 
-// The transforms of all blocks one after the other, and where each reads.
-class Starts {
-public:
-    Starts(int p, int c, int blocks, const int* offsets)
-        : p_(p), length_(p * c), blocks_(blocks), offset_(offsets), start_(*offsets) {}
+// `count` groups of transforms, p apart at x, r apart at y.
+template <Direction D, class Radix>
+void groups(Radix radix, const cfloat* x, Apart from, int p, int stride, cfloat* y, Apart to,
+            int count) {
+    for (; count > 0; --count, x += p, y += radix.size())
+        columns<D>(radix, from, x, stride, to, y, 1);
+}
 
-    // The next transform; the last one again when there is none.
-    int next() {
-        const int start = start_;
-        within_ += p_;
-        if (within_ != length_)
-            start_ += p_;
-        else if (blocks_ > 1) {
-            --blocks_;
-            within_ = 0;
-            start_ = *++offset_;
-        } else
-            within_ -= p_;
-        return start;
-    }
-
-private:
-    int p_, length_, blocks_;
-    const int* offset_;
-    int start_, within_ = 0;
-};
+// The distances of lanes 1 to 3 from lane 0, lane k being at of(k), with repetition from `last` on.
+template <class Of>
+VOR_INLINE inline Apart distances(Of of, int last) {
+    const auto distance = [&](int k) VOR_INLINE { return of(k < last ? k : last) - of(0); };
+    return {distance(1), distance(2), distance(3)};
+}
 
 template <Direction D, class Radix>
 VOR_INLINE inline void leaf(Radix radix, const cfloat* x, int p, cfloat* y, int c, int blocks,
@@ -56,14 +44,24 @@ VOR_INLINE inline void leaf(Radix radix, const cfloat* x, int p, cfloat* y, int 
     const Wide<Radix> wide(radix);
     if (!wide.fits()) return leaf<D, Radix, cfloat>(radix, x, p, y, c, blocks, offsets);
     const int r = radix.size();
-    Starts starts(p, c, blocks, offsets);
-    for (int left = c * blocks; left > 0; left -= kLanes, y += kLanes * r) {
-        const int first = starts.next(), second = starts.next();
-        const int third = starts.next(), fourth = starts.next();
-        const int last = left < kLanes ? left - 1 : kLanes - 1;
-        columns<D>(wide.radix, Apart{second - first, third - first, fourth - first}, x + first,
-                   p * c, Apart{last < 1 ? 0 : r, (last < 2 ? last : 2) * r, last * r}, y, 1);
+    if (blocks >= kLanes) {
+        for (int b = 0; b < blocks; b += kLanes) {
+            const int last = blocks - b - 1;
+            const auto source = [&](int k) VOR_INLINE { return offsets[b + k]; };
+            const auto result = [&](int k) VOR_INLINE { return k * c * r; };
+            groups<D>(wide.radix, x + offsets[b], distances(source, last), p, p * c, y + b * c * r,
+                      distances(result, last), c);
+        }
+        return;
     }
+    for (int b = 0; b < blocks; ++b, y += c * r)
+        for (int t = 0; t < c; t += kLanes) {
+            const int last = c - t - 1;
+            const auto source = [&](int k) VOR_INLINE { return k * p; };
+            const auto result = [&](int k) VOR_INLINE { return k * r; };
+            groups<D>(wide.radix, x + offsets[b] + t * p, distances(source, last), p, p * c,
+                      y + t * r, distances(result, last), 1);
+        }
 }
 
 constexpr int kNoOffset = 0;

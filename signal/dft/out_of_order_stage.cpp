@@ -39,39 +39,39 @@ VOR_INLINE inline void out_leaf(Radix radix, const C* x, C* y, int v) {
     for (int j = 0; j < v; ++j) column<D>(radix, x + j, y + j, v, v);
 }
 
-// The columns of four blocks that do not fill a group of four within a block.
+// The columns from `grouped` on.
 template <Direction D, class Radix>
-VOR_INLINE inline void columns_left(const Wide<Radix>& wide, const cfloat* x, cfloat* y, int v,
-                                    const cfloat* w) {
-    if (v % kLanes == 0) return;
-    const int length = wide.radix.size() * v;
-    const typename Wide<Radix>::template Twiddle<Apart> twiddle(strided(wide.radix.step()), w);
-    for (int j = v - v % kLanes; j < v; ++j)
-        columns<D, kSide<D>>(wide.radix, strided(length), x + j, v, strided(length), y + j, v,
-                             twiddle);
+VOR_INLINE inline void columns_left(const Wide<Radix>& wide, Radix radix, const cfloat* x,
+                                    cfloat* y, int grouped, int v, int blocks, const cfloat* w) {
+    const int length = radix.size() * v, step = radix.step();
+    const Apart lanes = strided(length);
+    for (; blocks >= kLanes && wide.fits();
+         blocks -= kLanes, w += kLanes * step, x += kLanes * length, y += kLanes * length) {
+        const typename Wide<Radix>::template Twiddle<Apart> group(strided(step), w);
+        for (int j = grouped; j < v; ++j)
+            columns<D, kSide<D>>(wide.radix, lanes, x + j, v, lanes, y + j, v, group);
+    }
+    for (; blocks > 0; --blocks, w += step, x += length, y += length)
+        for (int j = grouped; j < v; ++j) column<D, kSide<D>>(radix, x + j, y + j, v, v, w);
 }
 
 template <Direction D, class Radix>
 VOR_INLINE inline void out_stage(Radix radix, const cfloat* x, cfloat* y, int v, int first,
                                  int blocks, const cfloat* twiddle) {
     const Wide<Radix> wide(radix);
-    if (!wide.fits()) return out_stage<D, Radix, cfloat>(radix, x, y, v, first, blocks, twiddle);
-    const int f = radix.size(), step = radix.step(), grouped = v - v % kLanes;
+    const int length = radix.size() * v, step = radix.step();
+    const int grouped = wide.fits() ? v - v % kLanes : 0;
     const cfloat* w = twiddle + first * step;
-    x += first * f * v;
-    y += first * f * v;
-    for (int b = 0; b < blocks; ++b, w += step, x += f * v, y += f * v) {
-        if (grouped) {
+    x += first * length;
+    y += first * length;
+    if (grouped < v) columns_left<D>(wide, radix, x, y, grouped, v, blocks, w);
+    if (grouped > 0)
+        for (; blocks > 0; --blocks, w += step, x += length, y += length) {
             const typename Wide<Radix>::template Twiddle<Same> group(Same{}, w);
             for (int j = 0; j < grouped; j += kLanes)
                 columns<D, kSide<D>>(wide.radix, Neighbours{}, x + j, v, Neighbours{}, y + j, v,
                                      group);
         }
-        if (b % kLanes == 0 && b + kLanes <= blocks)
-            columns_left<D>(wide, x, y, v, w);
-        else if (b >= blocks - blocks % kLanes)
-            for (int j = grouped; j < v; ++j) column<D, kSide<D>>(radix, x + j, y + j, v, v, w);
-    }
 }
 
 template <Direction D, class Radix>
