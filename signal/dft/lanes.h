@@ -20,6 +20,32 @@ struct Neighbours {
     static void store(cfloat* p, Four a) { fft::Interleaved::store(&p->re, a); }
 };
 
+// A single one.
+struct Lone {
+    template <class C>
+    static C load(const C* p) {
+        return *p;
+    }
+    template <class C>
+    static void store(C* p, C a) {
+        *p = a;
+    }
+};
+
+// At p, p - 1, p - 2, p - 3.
+struct Falling {
+    static Four load(const cfloat* p) {
+        const __m128 low = _mm_loadu_ps(&p[-3].re), high = _mm_loadu_ps(&p[-1].re);
+        return {_mm_shuffle_ps(high, low, _MM_SHUFFLE(0, 2, 0, 2)),
+                _mm_shuffle_ps(high, low, _MM_SHUFFLE(1, 3, 1, 3))};
+    }
+    static void store(cfloat* p, Four a) {
+        const __m128 low = _mm_unpacklo_ps(a.re, a.im), high = _mm_unpackhi_ps(a.re, a.im);
+        _mm_storeu_ps(&p[-1].re, _mm_shuffle_ps(low, low, _MM_SHUFFLE(1, 0, 3, 2)));
+        _mm_storeu_ps(&p[-3].re, _mm_shuffle_ps(high, high, _MM_SHUFFLE(1, 0, 3, 2)));
+    }
+};
+
 // At p and at distances from p.
 struct Apart {
     int second, third, fourth;
