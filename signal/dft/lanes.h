@@ -78,7 +78,31 @@ struct Same {
 
 // ---- The radix and the twiddles of a group.
 
-// A fixed radix keeps the twiddles of a group, which serve many columns.
+// Loads a twiddle when it is due. kFirst: the twiddle that stands at w, 0 or 1.
+template <int kFirst, class Lanes>
+class Fetched {
+public:
+    VOR_INLINE Fetched(Lanes lanes, const cfloat* w) : lanes_(lanes), w_(w) {}
+    VOR_INLINE Four operator()(int m) const { return lanes_.load(w_ + m - kFirst); }
+
+private:
+    Lanes lanes_;
+    const cfloat* w_;
+};
+
+// Keeps the twiddles of a fixed radix, which serve many columns.
+template <int F, class Lanes>
+class Kept {
+public:
+    VOR_INLINE Kept(Lanes lanes, const cfloat* w) {
+        for (int m = 1; m < F; ++m) w_[m - 1] = lanes.load(w + m - 1);
+    }
+    VOR_INLINE Four operator()(int m) const { return w_[m - 1]; }
+
+private:
+    Four w_[F - 1];
+};
+
 template <class Radix>
 struct Wide {
     Radix radix;
@@ -86,21 +110,18 @@ struct Wide {
     explicit Wide(Radix narrow) : radix(narrow) {}
     static constexpr bool fits() { return true; }
 
+    // The twiddles of the columns at w and at the lanes, for one use and for many.
     template <class Lanes>
-    class Twiddle {
-    public:
-        VOR_INLINE Twiddle(Lanes lanes, const cfloat* w) {
-            for (int m = 1; m < Radix::kFixed; ++m) w_[m - 1] = lanes.load(w + m - 1);
-        }
-        VOR_INLINE Four operator()(int m) const { return w_[m - 1]; }
-
-    private:
-        Four w_[Radix::kFixed - 1];
-    };
+    static Fetched<1, Lanes> fetched(Lanes lanes, const cfloat* w) {
+        return {lanes, w};
+    }
+    template <class Lanes>
+    static Kept<Radix::kFixed, Lanes> kept(Lanes lanes, const cfloat* w) {
+        return {lanes, w};
+    }
 };
 
-// The radix of a table has scratch of its own, since the caller's has room for one lane, and loads a
-// twiddle when it is due.
+// The radix of a table has scratch of its own, since the caller's has room for one lane.
 template <>
 struct Wide<TableRadix<float>> {
     Pair<Four> pairs[(kLargestRadix - 1) / 2];
@@ -111,15 +132,13 @@ struct Wide<TableRadix<float>> {
     bool fits() const { return radix.f <= kLargestRadix; }
 
     template <class Lanes>
-    class Twiddle {
-    public:
-        VOR_INLINE Twiddle(Lanes lanes, const cfloat* w) : lanes_(lanes), w_(w) {}
-        VOR_INLINE Four operator()(int m) const { return lanes_.load(w_ + m); }
-
-    private:
-        Lanes lanes_;
-        const cfloat* w_;
-    };
+    static Fetched<0, Lanes> fetched(Lanes lanes, const cfloat* w) {
+        return {lanes, w};
+    }
+    template <class Lanes>
+    static Fetched<0, Lanes> kept(Lanes lanes, const cfloat* w) {
+        return {lanes, w};
+    }
 };
 
 // Four columns: elements `in` apart from x on, results `out` apart from y on.

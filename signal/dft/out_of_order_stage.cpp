@@ -47,7 +47,7 @@ VOR_INLINE inline void columns_left(const Wide<Radix>& wide, Radix radix, const 
     const Apart lanes = strided(length);
     for (; blocks >= kLanes && wide.fits();
          blocks -= kLanes, w += kLanes * step, x += kLanes * length, y += kLanes * length) {
-        const typename Wide<Radix>::template Twiddle<Apart> group(strided(step), w);
+        const auto group = wide.kept(strided(step), w);
         for (int j = grouped; j < v; ++j)
             columns<D, kSide<D>>(wide.radix, lanes, x + j, v, lanes, y + j, v, group);
     }
@@ -67,7 +67,7 @@ VOR_INLINE inline void out_stage(Radix radix, const cfloat* x, cfloat* y, int v,
     if (grouped < v) columns_left<D>(wide, radix, x, y, grouped, v, blocks, w);
     if (grouped > 0)
         for (; blocks > 0; --blocks, w += step, x += length, y += length) {
-            const typename Wide<Radix>::template Twiddle<Same> group(Same{}, w);
+            const auto group = wide.kept(Same{}, w);
             for (int j = 0; j < grouped; j += kLanes)
                 columns<D, kSide<D>>(wide.radix, Neighbours{}, x + j, v, Neighbours{}, y + j, v,
                                      group);

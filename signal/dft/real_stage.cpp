@@ -132,7 +132,7 @@ VOR_INLINE inline void other_columns(Radix radix, const float* x, float* y, int 
         return other_columns<D, Radix, float>(radix, x, y, r, blocks, twiddle);
     for (int first = 1; first <= count; first += kLanes) {
         const int j = first + kLanes <= count + 1 ? first : count + 1 - kLanes;
-        const typename Wide<Radix>::template Twiddle<Apart> w(strided(step), twiddle + j * step);
+        const auto w = wide.kept(strided(step), twiddle + j * step);
         for (int b = 0; b < blocks; ++b)
             column<D, Four>(wide.radix, x + b * length, y + b * length, r, j, Neighbours{},
                             Falling{}, w);

@@ -34,13 +34,22 @@ VOR_INLINE inline void lone_column(const Wide<Radix>& wide, Radix radix, const c
     const int length = radix.size() * r;
     int b = 0;
     if (blocks >= kLanes && wide.fits()) {
-        const typename Wide<Radix>::template Twiddle<Same> twiddle(Same{}, w);
+        const auto twiddle = wide.kept(Same{}, w);
         const Apart lanes = strided(length);
         for (; b + kLanes <= blocks; b += kLanes)
             columns<D, kTwiddles>(wide.radix, lanes, x + b * length, r, lanes, y + b * length, r,
                                   twiddle);
     }
     for (; b < blocks; ++b) column<D, kTwiddles>(radix, x + b * length, y + b * length, r, r, w);
+}
+
+// The twiddles of four neighbouring columns.
+template <class Radix>
+VOR_INLINE inline auto twiddle_lanes(Radix radix) {
+    if constexpr (Radix::kFixed == 2)
+        return Neighbours{};
+    else
+        return strided(radix.step());
 }
 
 template <Direction D, class Radix>
@@ -52,10 +61,17 @@ VOR_INLINE inline void stage(Radix radix, const cfloat* x, cfloat* y, int r, int
     int j = 1;
     const cfloat* w = twiddle + step;
     for (; j + kLanes <= r && wide.fits(); j += kLanes, w += kLanes * step) {
-        const typename Wide<Radix>::template Twiddle<Apart> group(strided(step), w);
-        for (int b = 0; b < blocks; ++b)
-            columns<D, Twiddles::before>(wide.radix, Neighbours{}, x + b * length + j, r,
-                                         Neighbours{}, y + b * length + j, r, group);
+        const auto group = [&](int b, const auto& twiddles) VOR_INLINE {
+            const int at = b * length + j;
+            columns<D, Twiddles::before>(wide.radix, Neighbours{}, x + at, r, Neighbours{}, y + at,
+                                         r, twiddles);
+        };
+        if (blocks == 1) {
+            group(0, wide.fetched(twiddle_lanes(radix), w));
+            continue;
+        }
+        const auto twiddles = wide.kept(twiddle_lanes(radix), w);
+        for (int b = 0; b < blocks; ++b) group(b, twiddles);
     }
     for (; j < r; ++j, w += step)
         lone_column<D, Twiddles::before>(wide, radix, x + j, y + j, r, blocks, w);
