@@ -43,15 +43,6 @@ VOR_INLINE inline void lone_column(const Wide<Radix>& wide, Radix radix, const c
     for (; b < blocks; ++b) column<D, kTwiddles>(radix, x + b * length, y + b * length, r, r, w);
 }
 
-// The twiddles of four neighbouring columns.
-template <class Radix>
-VOR_INLINE inline auto twiddle_lanes(Radix radix) {
-    if constexpr (Radix::kFixed == 2)
-        return Neighbours{};
-    else
-        return strided(radix.step());
-}
-
 template <Direction D, class Radix>
 VOR_INLINE inline void stage(Radix radix, const cfloat* x, cfloat* y, int r, int blocks,
                              const cfloat* twiddle) {
@@ -67,10 +58,10 @@ VOR_INLINE inline void stage(Radix radix, const cfloat* x, cfloat* y, int r, int
                                          r, twiddles);
         };
         if (blocks == 1) {
-            group(0, wide.fetched(twiddle_lanes(radix), w));
+            group(0, wide.fetched(strided(step), w));
             continue;
         }
-        const auto twiddles = wide.kept(twiddle_lanes(radix), w);
+        const auto twiddles = wide.kept(strided(step), w);
         for (int b = 0; b < blocks; ++b) group(b, twiddles);
     }
     for (; j < r; ++j, w += step)
