@@ -2,8 +2,16 @@
 #pragma once
 
 #include "serv/element.h"
+#include "signal/fft/lanes.h"
 
-namespace vor::dft {
+namespace vor {
+
+template <>
+struct RealOf<fft::Four> {
+    using type = float;
+};
+
+namespace dft {
 
 // Forward: W = exp(-2 pi i / n). The tables hold W; the inverse conjugates what it reads.
 enum class Direction { forward, inverse };
@@ -22,8 +30,10 @@ struct ComplexOf<double> {
 template <class E>
 using complex_t = typename ComplexOf<real_t<E>>::type;
 
+using fft::Four; // one value of four columns each
+
 template <class C>
-concept Complex = is_complex<C>;
+concept Complex = is_complex<C> || std::is_same_v<C, Four>;
 
 template <Complex C>
 inline C operator+(C a, C b) {
@@ -59,4 +69,5 @@ inline C twiddled(C a, C w) {
         return {a.re * w.re + a.im * w.im, a.im * w.re - a.re * w.im};
 }
 
-} // namespace vor::dft
+} // namespace dft
+} // namespace vor

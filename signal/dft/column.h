@@ -8,20 +8,39 @@ namespace vor::dft {
 
 enum class Twiddles { none, before, after };
 
-// x[0], x[in], x[2 in], ... to y[0], y[out], y[2 out], ...; w: the twiddles of the column, element 0
-// has none.
-template <Direction D, Twiddles kTwiddles, class Radix, Complex C>
-VOR_INLINE inline void column(Radix radix, const C* x, C* y, int in, int out, const C* w) {
+// Element 0 has no twiddle.
+template <Direction D, Complex C, class Twiddle>
+VOR_INLINE inline C with_twiddle(C a, int m, const Twiddle& w) {
+    return m == 0 ? a : twiddled<D>(a, w(m));
+}
+
+// from(m) gives element m, to(m, y) takes result m, w(m) is twiddle m and not called without need.
+template <Direction D, Twiddles kTwiddles, Complex C, class Radix, class From, class To,
+          class Twiddle>
+VOR_INLINE inline void column_between(Radix radix, From from, To to, const Twiddle& w) {
     transform<D, C>(
         radix,
         [&](int m) VOR_INLINE {
-            const C a = x[m * in];
-            return kTwiddles == Twiddles::before && m != 0 ? twiddled<D>(a, radix.at(w, m)) : a;
+            if constexpr (kTwiddles == Twiddles::before)
+                return with_twiddle<D, C>(from(m), m, w);
+            else
+                return from(m);
         },
         [&](int m, C a) VOR_INLINE {
-            y[m * out] =
-                kTwiddles == Twiddles::after && m != 0 ? twiddled<D>(a, radix.at(w, m)) : a;
+            if constexpr (kTwiddles == Twiddles::after)
+                to(m, with_twiddle<D, C>(a, m, w));
+            else
+                to(m, a);
         });
+}
+
+// x[0], x[in], x[2 in], ... to y[0], y[out], y[2 out], ...; w: the twiddles of the column.
+template <Direction D, Twiddles kTwiddles, class Radix, Complex C>
+VOR_INLINE inline void column(Radix radix, const C* x, C* y, int in, int out, const C* w) {
+    column_between<D, kTwiddles, C>(
+        radix, [&](int m) VOR_INLINE { return x[m * in]; },
+        [&](int m, C a) VOR_INLINE { y[m * out] = a; },
+        [&](int m) VOR_INLINE { return radix.at(w, m); });
 }
 
 // The same without twiddles.

@@ -9,8 +9,10 @@
 // it gathers z, transforms it with the opposite sign and multiplies by conj(W^(j m)), so that
 // sub-block m holds the spectrum of every f-th value from value m on. Source and destination do not
 // overlap.
+//
+// Single precision takes neighbouring columns in fours, each group through all blocks.
 #include "signal/dft/kernels.h"
-#include "signal/dft/radix.h"
+#include "signal/dft/lanes.h"
 
 namespace vor::dft {
 namespace {
@@ -25,61 +27,115 @@ complex_t<T>* pairs_of(T* x) {
     return reinterpret_cast<complex_t<T>*>(x - 1);
 }
 
-template <class Radix, class T, class C = complex_t<T>>
-VOR_INLINE inline void combine(Radix radix, const T* x, T* y, int r, const C* twiddle) {
+// Column j from 1 on. load(m) gives X_m[j], w(m) its twiddle; rise(k, X) takes X[k r + j],
+// fall(k, X) takes X[k r - j].
+template <Complex C, class Radix, class Load, class Rise, class Fall, class Twiddle>
+VOR_INLINE inline void combine_column(Radix radix, Load load, Rise rise, Fall fall,
+                                      const Twiddle& w) {
     const int f = radix.size();
-    C* const out = pairs_of(y);
+    const auto operand = [&](int m) VOR_INLINE -> C { return load(m) * w(m); };
     radix.run(
-        x[0], [&](int m) VOR_INLINE { return make_pair(x[m * r], x[(f - m) * r]); },
-        [&](T y0) VOR_INLINE { y[0] = y0; },
-        [&](int k, Sums<T> t) VOR_INLINE {
-            out[k * r] = {t.a, t.b};
+        load(0), [&](int m) VOR_INLINE { return make_pair<C>(operand(m), operand(f - m)); },
+        [&](C y0) VOR_INLINE { rise(0, y0); },
+        [&](int k, Sums<C> t) VOR_INLINE {
+            C y, mirror;
+            place<Direction::forward>(t, y, mirror);
+            rise(k, y);
+            fall(k, conj(mirror));
         });
+}
 
-    const C* w = twiddle;
-    for (int j = 1; j <= (r - 1) / 2; ++j) {
-        w += radix.step();
-        const auto operand = [&](int m)
-                                 VOR_INLINE { return pairs_of(x + m * r)[j] * radix.at(w, m); };
+// The mirror: rise(k) gives X[k r + j], fall(k) X[k r - j], store(m, X) takes X_m[j].
+template <Complex C, class Radix, class Rise, class Fall, class Store, class Twiddle>
+VOR_INLINE inline void split_column(Radix radix, Rise rise, Fall fall, Store store,
+                                    const Twiddle& w) {
+    const int f = radix.size();
+    radix.run(
+        rise(0), [&](int k) VOR_INLINE { return make_pair<C>(rise(k), conj(fall(k))); },
+        [&](C y0) VOR_INLINE { store(0, y0); },
+        [&](int m, Sums<C> t) VOR_INLINE {
+            constexpr auto D = Direction::inverse;
+            C z, mirror;
+            place<D>(t, z, mirror);
+            store(m, twiddled<D>(z, w(m)));
+            store(f - m, twiddled<D>(mirror, w(f - m)));
+        });
+}
+
+// Column j, or with E four complex values columns j to j + 3: `low` and `high` load and store them at
+// the rising and at the falling places.
+template <Direction D, Complex E, class Radix, class T, class Low, class High, class Twiddle>
+VOR_INLINE inline void column(Radix radix, const T* x, T* y, int r, int j, Low low, High high,
+                              const Twiddle& w) {
+    if constexpr (D == Direction::forward) {
+        auto* const out = pairs_of(y);
+        combine_column<E>(
+            radix, [&](int m) VOR_INLINE { return low.load(pairs_of(x + m * r) + j); },
+            [&](int k, E a) VOR_INLINE { low.store(out + k * r + j, a); },
+            [&](int k, E a) VOR_INLINE { high.store(out + k * r - j, a); }, w);
+    } else {
+        const auto* const in = pairs_of(x);
+        split_column<E>(
+            radix, [&](int k) VOR_INLINE { return low.load(in + k * r + j); },
+            [&](int k) VOR_INLINE { return high.load(in + k * r - j); },
+            [&](int m, E a) VOR_INLINE { low.store(pairs_of(y + m * r) + j, a); }, w);
+    }
+}
+
+template <Direction D, class Radix, class T>
+VOR_INLINE inline void column_0(Radix radix, const T* x, T* y, int r) {
+    const int f = radix.size();
+    if constexpr (D == Direction::forward) {
+        auto* const out = pairs_of(y);
         radix.run(
-            pairs_of(x)[j], [&](int m) VOR_INLINE { return make_pair(operand(m), operand(f - m)); },
-            [&](C y0) VOR_INLINE { out[j] = y0; },
-            [&](int k, Sums<C> t) VOR_INLINE {
-                C mirror;
-                place<Direction::forward>(t, out[k * r + j], mirror);
-                out[k * r - j] = conj(mirror);
+            x[0], [&](int m) VOR_INLINE { return make_pair(x[m * r], x[(f - m) * r]); },
+            [&](T y0) VOR_INLINE { y[0] = y0; },
+            [&](int k, Sums<T> t) VOR_INLINE {
+                out[k * r] = {t.a, t.b};
+            });
+    } else {
+        const auto* const in = pairs_of(x);
+        radix.run(
+            x[0],
+            [&](int k) VOR_INLINE {
+                return Pair<T>{2 * in[k * r].re, 2 * in[k * r].im};
+            },
+            [&](T y0) VOR_INLINE { y[0] = y0; },
+            [&](int m, Sums<T> t) VOR_INLINE {
+                y[m * r] = t.a + t.b;
+                y[(f - m) * r] = t.a - t.b;
             });
     }
 }
 
-template <class Radix, class T, class C = complex_t<T>>
-VOR_INLINE inline void split(Radix radix, const T* x, T* y, int r, const C* twiddle) {
-    const int f = radix.size();
-    const C* const in = pairs_of(x);
-    radix.run(
-        x[0],
-        [&](int k) VOR_INLINE {
-            return Pair<T>{2 * in[k * r].re, 2 * in[k * r].im};
-        },
-        [&](T y0) VOR_INLINE { y[0] = y0; },
-        [&](int m, Sums<T> t) VOR_INLINE {
-            y[m * r] = t.a + t.b;
-            y[(f - m) * r] = t.a - t.b;
-        });
+// Columns 1 to (r-1)/2 of all blocks.
+template <Direction D, class Radix, class T>
+VOR_INLINE inline void other_columns(Radix radix, const T* x, T* y, int r, int blocks,
+                                     const complex_t<T>* twiddle) {
+    using C = complex_t<T>;
+    const int length = radix.size() * r;
+    for (int b = 0; b < blocks; ++b, x += length, y += length)
+        for (int j = 1; j <= (r - 1) / 2; ++j) {
+            const C* const w = twiddle + j * radix.step();
+            column<D, C>(radix, x, y, r, j, Lone{}, Lone{},
+                         [&](int m) VOR_INLINE { return radix.at(w, m); });
+        }
+}
 
-    const C* w = twiddle;
-    for (int j = 1; j <= (r - 1) / 2; ++j) {
-        w += radix.step();
-        radix.run(
-            in[j], [&](int k) VOR_INLINE { return make_pair(in[k * r + j], conj(in[k * r - j])); },
-            [&](C y0) VOR_INLINE { pairs_of(y)[j] = y0; },
-            [&](int m, Sums<C> t) VOR_INLINE {
-                constexpr auto D = Direction::inverse;
-                C z, mirror;
-                place<D>(t, z, mirror);
-                pairs_of(y + m * r)[j] = twiddled<D>(z, radix.at(w, m));
-                pairs_of(y + (f - m) * r)[j] = twiddled<D>(mirror, radix.at(w, f - m));
-            });
+// The last group overlaps the one before it, if need be.
+template <Direction D, class Radix>
+VOR_INLINE inline void other_columns(Radix radix, const float* x, float* y, int r, int blocks,
+                                     const cfloat* twiddle) {
+    const Wide<Radix> wide(radix);
+    const int count = (r - 1) / 2, step = radix.step(), length = radix.size() * r;
+    if (count < kLanes || !wide.fits())
+        return other_columns<D, Radix, float>(radix, x, y, r, blocks, twiddle);
+    for (int first = 1; first <= count; first += kLanes) {
+        const int j = first + kLanes <= count + 1 ? first : count + 1 - kLanes;
+        const auto w = wide.kept(strided(step), twiddle + j * step);
+        for (int b = 0; b < blocks; ++b)
+            column<D, Four>(wide.radix, x + b * length, y + b * length, r, j, Neighbours{},
+                            Falling{}, w);
     }
 }
 
@@ -87,12 +143,8 @@ template <Direction D, class Radix, class T>
 VOR_INLINE inline void real_stage(Radix radix, const T* x, T* y, int r, int blocks,
                                   const complex_t<T>* twiddle) {
     const int length = radix.size() * r;
-    for (int b = 0; b < blocks; ++b, x += length, y += length) {
-        if constexpr (D == Direction::forward)
-            combine(radix, x, y, r, twiddle);
-        else
-            split(radix, x, y, r, twiddle);
-    }
+    for (int b = 0; b < blocks; ++b) column_0<D>(radix, x + b * length, y + b * length, r);
+    other_columns<D>(radix, x, y, r, blocks, twiddle);
 }
 
 } // namespace

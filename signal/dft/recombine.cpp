@@ -6,38 +6,54 @@
 //
 // with W = exp(-2 pi i / N); the halves of the forward one are in its table. The inverse is not
 // divided by 2, so that the pair gives N times the input. Source and destination may be the same.
+//
+// Single precision takes four k at a time.
 #include "signal/dft/kernels.h"
+#include "signal/dft/lanes.h"
 
 namespace vor::dft {
 namespace {
 
-template <class C, class T = real_t<C>>
-void recombine_forward(C* z, int h, const C* table) {
-    z[0] = {z[0].re + z[0].im, z[0].re - z[0].im};
-    for (int k = 1; 2 * k < h; ++k) {
-        const C p = z[k], q = z[h - k];
-        const T a = table[k].re, b = table[k].im;
-        const T d = p.re - q.re, e = p.im + q.im;
-        const T u = b * d + a * e, v = b * e - a * d;
-        z[k] = {q.re + u, v - q.im};
-        z[h - k] = {p.re - u, v - p.im};
+// p = z[k] and q = z[h-k], or those of X, to their places.
+template <Direction D, Complex C>
+VOR_INLINE inline void join(C& p, C& q, C w) {
+    const auto a = w.re, b = w.im;
+    const auto d = p.re - q.re, e = p.im + q.im;
+    if constexpr (D == Direction::forward) {
+        const auto u = b * d + a * e, v = b * e - a * d;
+        const C mirror = {p.re - u, v - p.im};
+        p = {q.re + u, v - q.im};
+        q = mirror;
+    } else {
+        const auto u = b * d - a * e, v = a * d + b * e;
+        const auto re = p.re + q.re, im = p.im - q.im;
+        p = {re + u, im + v};
+        q = {re - u, v - im};
     }
-    if (h % 2 == 0) z[h / 2].im = -z[h / 2].im;
 }
 
-template <class C, class T = real_t<C>>
-void recombine_inverse(const C* x, C* z, int h, const C* table) {
+template <Direction D, Complex C>
+void recombine(const C* x, C* z, int h, const C* table) {
     z[0] = {x[0].re + x[0].im, x[0].re - x[0].im};
-    for (int k = 1; 2 * k < h; ++k) {
-        const C p = x[k], q = x[h - k];
-        const T a = table[k].re, b = table[k].im;
-        const T d = p.re - q.re, e = p.im + q.im;
-        const T u = b * d - a * e, v = a * d + b * e;
-        const T re = p.re + q.re, im = p.im - q.im;
-        z[k] = {re + u, im + v};
-        z[h - k] = {re - u, v - im};
+    int k = 1;
+    if constexpr (std::is_same_v<C, cfloat>)
+        for (; 2 * (k + kLanes - 1) < h; k += kLanes) {
+            Four p = Neighbours::load(x + k), q = Falling::load(x + h - k);
+            join<D>(p, q, Neighbours::load(table + k));
+            Neighbours::store(z + k, p);
+            Falling::store(z + h - k, q);
+        }
+    for (; 2 * k < h; ++k) {
+        C p = x[k], q = x[h - k];
+        join<D>(p, q, table[k]);
+        z[k] = p;
+        z[h - k] = q;
     }
-    if (h % 2 == 0) z[h / 2] = {2 * x[h / 2].re, -2 * x[h / 2].im};
+    if (h % 2 != 0) return;
+    if constexpr (D == Direction::forward)
+        z[h / 2].im = -z[h / 2].im;
+    else
+        z[h / 2] = {2 * x[h / 2].re, -2 * x[h / 2].im};
 }
 
 } // namespace
@@ -45,11 +61,11 @@ void recombine_inverse(const C* x, C* z, int h, const C* table) {
 
 #define RECOMBINE(suffix, C)                                                                       \
     extern "C" void tavs_rDftFwdRecombine_##suffix(C* data, int n, const C* table) {               \
-        vor::dft::recombine_forward(data, n, table);                                               \
+        vor::dft::recombine<vor::dft::Direction::forward>(data, data, n, table);                   \
     }                                                                                              \
     extern "C" void tavs_rDftInvRecombine_##suffix(const C* source, C* destination, int n,         \
                                                    const C* table) {                               \
-        vor::dft::recombine_inverse(source, destination, n, table);                                \
+        vor::dft::recombine<vor::dft::Direction::inverse>(source, destination, n, table);          \
     }
 RECOMBINE(32f, vor::cfloat)
 RECOMBINE(64f, vor::cdouble)
