@@ -45,7 +45,7 @@ struct Neighbours {
     static void store(cfloat* p, Four a) { fft::Interleaved::store(&p->re, a); }
 };
 
-// A single one.
+// A single element, for code that serves single columns too.
 struct Lone {
     template <class C>
     static C load(const C* p) {
