@@ -41,7 +41,7 @@ Suite dft_cases() {
         double least_gain; // of single over double precision
     };
     for (auto [n, goal64, least_gain] :
-         {Row{1000, 0.9, 1.3}, Row{3600, 0, 1.3}, Row{100000, 0, 1.3}, Row{15015, 0.7, 0},
+         {Row{1000, 0.9, 2.5}, Row{3600, 0, 2.5}, Row{100000, 0, 2.5}, Row{15015, 0.7, 2.5},
           Row{1009, 0.2, 0}, Row{1021 * 2, 0, 0}}) {
         const Binder complex64 = dft<cdouble>(kComplex64, n);
         suite.push_back(case_of("DFT 64fc", n, false, Limit::x87, complex64, goal64));

@@ -5,7 +5,32 @@
 #include "signal/dft/column.h"
 #include "signal/dft/context.h"
 
-namespace vor::dft {
+namespace vor {
+namespace dft {
+
+// One real value of four columns.
+struct FourReals {
+    __m128 v;
+};
+
+} // namespace dft
+
+template <>
+struct RealOf<dft::FourReals> {
+    using type = float;
+};
+
+namespace dft {
+
+inline FourReals operator+(FourReals a, FourReals b) {
+    return {a.v + b.v};
+}
+inline FourReals operator-(FourReals a, FourReals b) {
+    return {a.v - b.v};
+}
+inline FourReals operator*(float factor, FourReals a) {
+    return {factor * a.v};
+}
 
 constexpr int kLanes = 4;
 
@@ -20,7 +45,7 @@ struct Neighbours {
     static void store(cfloat* p, Four a) { fft::Interleaved::store(&p->re, a); }
 };
 
-// A single one.
+// A single element, for code that serves single columns too.
 struct Lone {
     template <class C>
     static C load(const C* p) {
@@ -46,29 +71,67 @@ struct Falling {
     }
 };
 
+inline Four gathered(const float* a, const float* b, const float* c, const float* d) {
+    const auto pair = [](const float* x, const float* y) {
+        const __m128 low = _mm_loadl_pi(_mm_setzero_ps(), reinterpret_cast<const __m64*>(x));
+        return _mm_loadh_pi(low, reinterpret_cast<const __m64*>(y));
+    };
+    const __m128 low = pair(a, b), high = pair(c, d);
+    return {_mm_shuffle_ps(low, high, _MM_SHUFFLE(2, 0, 2, 0)),
+            _mm_shuffle_ps(low, high, _MM_SHUFFLE(3, 1, 3, 1))};
+}
+inline void scatter(Four x, float* a, float* b, float* c, float* d) {
+    const __m128 low = _mm_unpacklo_ps(x.re, x.im), high = _mm_unpackhi_ps(x.re, x.im);
+    _mm_storel_pi(reinterpret_cast<__m64*>(a), low);
+    _mm_storeh_pi(reinterpret_cast<__m64*>(b), low);
+    _mm_storel_pi(reinterpret_cast<__m64*>(c), high);
+    _mm_storeh_pi(reinterpret_cast<__m64*>(d), high);
+}
+
 // At p and at distances from p.
 struct Apart {
     int second, third, fourth;
 
+    FourReals load(const float* p) const {
+        return {_mm_setr_ps(p[0], p[second], p[third], p[fourth])};
+    }
+    void store(float* p, FourReals a) const {
+        p[0] = a.v[0];
+        p[second] = a.v[1];
+        p[third] = a.v[2];
+        p[fourth] = a.v[3];
+    }
+
     Four load(const cfloat* p) const {
-        const auto pair = [](const cfloat* a, const cfloat* b) {
-            const __m128 low = _mm_loadl_pi(_mm_setzero_ps(), reinterpret_cast<const __m64*>(a));
-            return _mm_loadh_pi(low, reinterpret_cast<const __m64*>(b));
-        };
-        const __m128 low = pair(p, p + second), high = pair(p + third, p + fourth);
-        return {_mm_shuffle_ps(low, high, _MM_SHUFFLE(2, 0, 2, 0)),
-                _mm_shuffle_ps(low, high, _MM_SHUFFLE(3, 1, 3, 1))};
+        return gathered(&p->re, &p[second].re, &p[third].re, &p[fourth].re);
     }
     void store(cfloat* p, Four a) const {
-        const __m128 low = _mm_unpacklo_ps(a.re, a.im), high = _mm_unpackhi_ps(a.re, a.im);
-        _mm_storel_pi(reinterpret_cast<__m64*>(p), low);
-        _mm_storeh_pi(reinterpret_cast<__m64*>(p + second), low);
-        _mm_storel_pi(reinterpret_cast<__m64*>(p + third), high);
-        _mm_storeh_pi(reinterpret_cast<__m64*>(p + fourth), high);
+        scatter(a, &p->re, &p[second].re, &p[third].re, &p[fourth].re);
     }
 };
 inline Apart strided(int stride) {
     return {stride, 2 * stride, 3 * stride};
+}
+
+// In four blocks of an odd number of reals.
+struct RealBlocks {
+    int length;
+
+    Four load(const cfloat* p) const {
+        const float* const x = &p->re;
+        return gathered(x, x + length, x + 2 * length, x + 3 * length);
+    }
+    void store(cfloat* p, Four a) const {
+        float* const x = &p->re;
+        scatter(a, x, x + length, x + 2 * length, x + 3 * length);
+    }
+};
+
+// Lane k stands at of(k); from `last` on, it repeats lane `last`.
+template <class Of>
+VOR_INLINE inline Apart distances(Of of, int last) {
+    const auto distance = [&](int k) VOR_INLINE { return of(k < last ? k : last) - of(0); };
+    return {distance(1), distance(2), distance(3)};
 }
 
 // One element in all lanes.
@@ -157,4 +220,5 @@ VOR_INLINE inline void columns(Radix radix, From from, const cfloat* x, int in, 
     columns<D, Twiddles::none>(radix, from, x, in, to, y, out, nullptr);
 }
 
-} // namespace vor::dft
+} // namespace dft
+} // namespace vor

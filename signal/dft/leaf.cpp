@@ -31,13 +31,6 @@ void groups(Radix radix, const cfloat* x, Apart from, int p, int stride, cfloat*
         columns<D>(radix, from, x, stride, to, y, 1);
 }
 
-// The distances of lanes 1 to 3 from lane 0, lane k being at of(k), with repetition from `last` on.
-template <class Of>
-VOR_INLINE inline Apart distances(Of of, int last) {
-    const auto distance = [&](int k) VOR_INLINE { return of(k < last ? k : last) - of(0); };
-    return {distance(1), distance(2), distance(3)};
-}
-
 template <Direction D, class Radix>
 VOR_INLINE inline void leaf(Radix radix, const cfloat* x, int p, cfloat* y, int c, int blocks,
                             const int* offsets) {

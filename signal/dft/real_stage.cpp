@@ -10,7 +10,8 @@
 // sub-block m holds the spectrum of every f-th value from value m on. Source and destination do not
 // overlap.
 //
-// Single precision takes neighbouring columns in fours, each group through all blocks.
+// Single precision takes neighbouring columns in fours, each group through all blocks; short blocks have
+// one column of four blocks taken together.
 #include "signal/dft/kernels.h"
 #include "signal/dft/lanes.h"
 
@@ -122,16 +123,31 @@ VOR_INLINE inline void other_columns(Radix radix, const T* x, T* y, int r, int b
         }
 }
 
-// The last group overlaps the one before it, if need be.
+// Where the group of four from `first` on starts: the last one overlaps the one before it, if need be.
+inline int group_start(int first, int count) {
+    return first + kLanes <= count ? first : count - kLanes;
+}
+
 template <Direction D, class Radix>
 VOR_INLINE inline void other_columns(Radix radix, const float* x, float* y, int r, int blocks,
                                      const cfloat* twiddle) {
     const Wide<Radix> wide(radix);
     const int count = (r - 1) / 2, step = radix.step(), length = radix.size() * r;
-    if (count < kLanes || !wide.fits())
+    if (!wide.fits() || (count < kLanes && blocks < kLanes))
         return other_columns<D, Radix, float>(radix, x, y, r, blocks, twiddle);
-    for (int first = 1; first <= count; first += kLanes) {
-        const int j = first + kLanes <= count + 1 ? first : count + 1 - kLanes;
+    if (count < kLanes) {
+        const RealBlocks lanes{length};
+        for (int j = 1; j <= count; ++j) {
+            const auto w = wide.kept(Same{}, twiddle + j * step);
+            for (int first = 0; first < blocks; first += kLanes) {
+                const int at = group_start(first, blocks) * length;
+                column<D, Four>(wide.radix, x + at, y + at, r, j, lanes, lanes, w);
+            }
+        }
+        return;
+    }
+    for (int first = 0; first < count; first += kLanes) {
+        const int j = 1 + group_start(first, count);
         const auto w = wide.kept(strided(step), twiddle + j * step);
         for (int b = 0; b < blocks; ++b)
             column<D, Four>(wide.radix, x + b * length, y + b * length, r, j, Neighbours{},

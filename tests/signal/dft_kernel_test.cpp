@@ -113,6 +113,59 @@ TYPED_TEST(DftKernels, StagesInPlace) {
     EXPECT_TRUE(scratch.intact());
 }
 
+// A block has the same bits alone and among others, whichever columns a kernel takes together, and
+// nothing behind the last block is touched.
+TYPED_TEST(DftKernels, BlocksTogether) {
+    using C = dft::complex_t<TypeParam>;
+    using Forward = dft::Directed<TypeParam, dft::Direction::forward>;
+    using Inverse = dft::Directed<TypeParam, dft::Direction::inverse>;
+    constexpr int kBlocks = 6, kMostColumns = 11;
+    Random random;
+    Guarded<C> x(kBlocks * 5 * kMostColumns), twiddle(kBlocks * 4 * kMostColumns);
+    x.fill(random);
+    twiddle.fill(random);
+    // run(y, b, blocks): results from block b on, to y.
+    const auto check = [&](int f, int columns, auto run) {
+        const int length = f * columns;
+        Guarded<C> together(kBlocks * length), alone(length);
+        run(together.data(), 0, kBlocks);
+        EXPECT_TRUE(together.intact());
+        for (int b = 0; b < kBlocks; ++b) {
+            run(alone.data(), b, 1);
+            EXPECT_TRUE(same_bits(alone.data(), together.data() + b * length, length))
+                << f << " of " << columns << ", block " << b;
+        }
+    };
+    for (int columns : {1, 2, 3, 4, 5, 7, kMostColumns}) {
+        const auto in_order = [&](int f, auto kernel) {
+            check(f, columns, [&](C* y, int b, int blocks) {
+                kernel(x.data() + b * f * columns, y, columns, blocks, twiddle.data());
+            });
+        };
+        const auto out_of_order = [&](int f, auto kernel) {
+            check(f, columns, [&](C* y, int b, int blocks) {
+                kernel(x.data(), y - b * f * columns, columns, b, blocks, twiddle.data());
+            });
+        };
+        const auto leaf = [&](int r, auto kernel) {
+            const int offsets[kBlocks] = {0, 4, 2, 5, 1, 3};
+            check(r, columns, [&](C* y, int b, int blocks) {
+                kernel(x.data(), kBlocks, y, columns, blocks, offsets + b);
+            });
+        };
+        in_order(2, Forward::stage2), in_order(2, Inverse::stage2);
+        in_order(3, Forward::stage3), in_order(3, Inverse::stage3);
+        in_order(4, Forward::stage4), in_order(4, Inverse::stage4);
+        in_order(5, Forward::stage5), in_order(5, Inverse::stage5);
+        out_of_order(2, Forward::out_stage2), out_of_order(2, Inverse::out_stage2);
+        out_of_order(3, Forward::out_stage3), out_of_order(3, Inverse::out_stage3);
+        out_of_order(4, Forward::out_stage4), out_of_order(4, Inverse::out_stage4);
+        out_of_order(5, Forward::out_stage5), out_of_order(5, Inverse::out_stage5);
+        leaf(3, Forward::leaf3), leaf(3, Inverse::leaf3);
+        leaf(5, Forward::leaf5), leaf(5, Inverse::leaf5);
+    }
+}
+
 TYPED_TEST(DftKernels, BlockHelpers) {
     using C = dft::complex_t<TypeParam>;
     using K = dft::Shared<TypeParam>;
