@@ -1,7 +1,9 @@
 #include "tests/gmp/operations.h"
-#include "tests/gmp/big_number.h"
-#include "tests/gmp/record.h"
+#include "tests/gmp/boxes.h"
 
+#include <bit>
+#include <filesystem>
+#include <fstream>
 #include <memory>
 #include <sstream>
 #include <tuple>
@@ -110,71 +112,65 @@ Operation queries(F... f) {
     };
 }
 
+Ints compare_double(const Ints& v) {
+    uint64_t pattern = 0;
+    for (size_t i = v[1].words.size(); i-- > 0;) pattern = pattern << 32 | v[1].words[i];
+    Z x(v[0]);
+    return {number(__gmpz_cmp_d(x, std::bit_cast<double>(pattern))),
+            number(__gmpz_cmpabs_d(x, std::bit_cast<double>(pattern)))};
+}
+
 // ---- Limb arrays -------------------------------------------------------------------------------
 
-// What f leaves of n limbs, x at first, and above them the carry that it returns, all in poisoned
-// surroundings.
+// What f leaves of n limbs, x at first, with the carry that it returns above them.
 template <class F>
 Int row(size_t n, const Int& x, F f) {
-    Guarded<uint32_t> r(n);
-    std::fill(r.begin(), r.end(), 0);
-    std::copy(x.words.begin(), x.words.end(), r.begin());
-    const uint32_t carry = f(r.data());
-    EXPECT_TRUE(r.intact());
-    std::vector<uint32_t> result = r.copy();
-    result.push_back(carry);
-    return Int(result.data(), result.size());
+    Row r(x, n);
+    r.carry = f(static_cast<uint32_t*>(r));
+    return r.value();
 }
 
 // Sums and differences of a and b, and of b and a w, over the limbs of the longer one, by all that
 // form them.
 Ints limb_rows(const Ints& v) {
-    const Int &a = v[0], &b = v[1], none;
-    const size_t size = std::max({a.words.size(), b.words.size(), size_t{1}});
-    const int n = static_cast<int>(size);
+    const Int &a = v[0], &b = v[1];
+    const int n = std::max({a.size(), b.size(), 1});
+    const auto size = static_cast<size_t>(n);
     const uint32_t w = word(v[2]);
-    std::vector<uint32_t> x = a.words, y = b.words;
-    x.resize(size), y.resize(size);
-    const auto same = [&](const Int& first, std::initializer_list<Int> others) {
-        for (const Int& other : others) EXPECT_EQ(other, first);
-        return first;
+    Row x(a, size), y(b, size);
+    unsigned carry;
+    const auto in_place_too = [&](const Ints& operands, auto f) {
+        return in_every_pattern<Row>(
+            {Int()}, operands, false, [=](const Int& z) { return std::make_unique<Row>(z, size); },
+            [&](const auto& r, const auto& z) { r[0]->carry = f(*r[0], z); })[0];
     };
-    using Checked = TavStatus (*)(const unsigned*, const unsigned*, unsigned*, int, unsigned*);
-    using Row = unsigned (*)(unsigned*, const unsigned*, const unsigned*, int);
-    const auto sum = [&](Checked checked, Row f) {
-        return same(row(size, none, [&](auto* r) { return f(r, x.data(), y.data(), n); }),
-                    {row(size, a, [&](auto* r) { return f(r, r, y.data(), n); }),
-                     row(size, b, [&](auto* r) { return f(r, x.data(), r, n); }),
-                     row(size, none, [&](auto* r) {
-                         unsigned carry;
-                         EXPECT_EQ(checked(x.data(), y.data(), r, n, &carry), tavStsNoErr);
-                         return carry;
-                     })});
+    const auto sum = [&](auto f) {
+        return in_place_too({a, b}, [&](auto& r, auto& z) { return f(r, *z[0], *z[1], n); });
     };
     const auto with_word = [&](auto f) {
-        return same(row(size, none, [&](auto* r) { return f(r, x.data(), n, w); }),
-                    {row(size, a, [&](auto* r) { return f(r, r, n, w); })});
+        return in_place_too({a}, [&](auto& r, auto& z) { return f(r, *z[0], n, w); });
     };
-    const auto checked = [&](auto f, auto* r) {
-        unsigned carry;
-        f(x.data(), r, n, w, &carry);
-        return carry;
+    // r = f(r, a), in the layer that takes the carry by address.
+    const auto by_address = [&](const Int& start, auto f, uint32_t* z) {
+        return row(size, start, [&](auto* r) { return f(z ? z : r, r, n, w, &carry), carry; });
     };
-    return {sum(tavsAdd_BNU, __gmpn_add_n),
-            sum(tavsSub_BNU, __gmpn_sub_n),
-            with_word(__gmpn_add_1),
-            with_word(__gmpn_sub_1),
-            row(size, a,
-                [&](auto* r) {
-                    unsigned carry;
-                    EXPECT_EQ(tavsMulOne_BNU(r, r, n, w, &carry), tavStsNoErr);
-                    return carry;
-                }),
-            same(row(size, b, [&](auto* r) { return __gmpn_addmul_1(r, x.data(), n, w); }),
-                 {row(size, b, [&](auto* r) { return checked(tavsMACOne_BNU_I, r); })}),
-            same(row(size, b, [&](auto* r) { return __gmpn_submul_1(r, x.data(), n, w); }),
-                 {row(size, b, [&](auto* r) { return checked(cpSubMulDgt_BNU, r); })}),
-            number(__gmpn_cmp(x.data(), y.data(), n))};
+    const Ints results = {
+        sum(__gmpn_add_n),
+        sum(__gmpn_sub_n),
+        with_word(__gmpn_add_1),
+        with_word(__gmpn_sub_1),
+        by_address(a, tavsMulOne_BNU, nullptr),
+        row(size, b, [&](auto* r) { return __gmpn_addmul_1(r, x, n, w); }),
+        row(size, b, [&](auto* r) { return __gmpn_submul_1(r, x, n, w); }),
+        number(__gmpn_cmp(x, y, n)),
+    };
+    EXPECT_EQ(row(size, a, [&](auto* r) { return tavsAdd_BNU(r, y, r, n, &carry), carry; }),
+              results[0]);
+    EXPECT_EQ(row(size, a, [&](auto* r) { return tavsSub_BNU(r, y, r, n, &carry), carry; }),
+              results[1]);
+    EXPECT_EQ(by_address(b, tavsMACOne_BNU_I, x), results[5]);
+    EXPECT_EQ(by_address(b, cpSubMulDgt_BNU, x), results[6]);
+    return results;
 }
 
 // The product by everything that forms it.
@@ -189,13 +185,12 @@ Ints limb_product(const Ints& v) {
     const Int result = product([&](auto* r) { __gmpn_mul(r, x, an, y, bn); });
     EXPECT_EQ(product([&](auto* r) { mpn_mul_basecase(r, y, bn, x, an); }), result);
     EXPECT_EQ(product([&](auto* r) { cpMul_BNU_FullSize(y, bn, x, an, r); }), result);
-    if (an == bn) {
-        EXPECT_EQ(product([&](auto* r) { __gmpn_mul_n(r, x, y, an); }), result);
-        EXPECT_EQ(product([&](auto* r) { vor_gmp_mul_n_kara(x, y, r, an); }), result);
-    }
+    if (an != bn) return {result};
+    EXPECT_EQ(product([&](auto* r) { __gmpn_mul_n(r, x, y, an); }), result);
+    EXPECT_EQ(product([&](auto* r) { vor_gmp_mul_n_kara(x, y, r, an); }), result);
     for (const auto& [n, multiply, square] : {std::tuple(4, &tavsMul_BNU4, &tavsSqr_BNU4),
                                               std::tuple(8, &tavsMul_BNU8, &tavsSqr_BNU8)}) {
-        if (an != n || bn != n) continue;
+        if (an != n) continue;
         EXPECT_EQ(product([&](auto* r) { multiply(x, y, r); }), result);
         EXPECT_EQ(product([&](auto* r) { square(x, r); }),
                   product([&](auto* r) { cpMul_BNU_FullSize(x, n, x, n, r); }));
@@ -213,13 +208,33 @@ Ints dft_product(const Ints& v) {
 
 Ints limb_addmul(const Ints& v) {
     const auto& [r, a, b] = std::tie(v[0], v[1], v[2]);
-    Guarded<uint32_t> out(std::max(r.words.size(), a.words.size() + b.words.size()) + 1);
-    std::copy(r.words.begin(), r.words.end(), out.begin());
-    const int n =
-        mpn_addmul(out.data(), r.size(), a.words.data(), a.size(), b.words.data(), b.size());
-    EXPECT_TRUE(out.intact());
-    EXPECT_TRUE(n == 0 || out[static_cast<size_t>(n) - 1] != 0);
-    return {Int(out.data(), static_cast<size_t>(n))};
+    Row out(r, std::max(r.words.size(), a.words.size() + b.words.size()) + 1);
+    const int n = mpn_addmul(out, r.size(), a.words.data(), a.size(), b.words.data(), b.size());
+    EXPECT_TRUE(n == 0 || out[n - 1] != 0);
+    return {Int(out, static_cast<size_t>(n))};
+}
+
+// Two limbs by one and three by two, the quotient being one limb.
+uint32_t inverse(uint32_t d) {
+    return d == 0x80000000u ? ~0u : mpl_udiv_qqrnnd(0 - d, 0, d);
+}
+
+Ints divide_2_by_1(const Ints& v) {
+    const Row n(v[0], 2);
+    const uint32_t d = word(v[1]), low = n[0], high = n[1];
+    unsigned q, r;
+    EXPECT_EQ(tavsDiv_64u32u(low, high, d, &q, &r), tavStsNoErr);
+    EXPECT_EQ(mpl_udiv_qqrnnd(high, low, d), q);
+    EXPECT_EQ(cpDiv64u32u(low, high, d), uint64_t{r} << 32 | q);
+    uint32_t rest = r;
+    EXPECT_TRUE(d >> 31 == 0 || vor_gmp_udiv_qrnnd_preinv(&rest, high, low, d, inverse(d)) == q);
+    EXPECT_EQ(rest, r);
+    return {number(q), number(r)};
+}
+
+Ints divide_3_by_2(const Ints& v) {
+    const Row n(v[0], 3), d(v[1], 2);
+    return {number(mpl_divq_3_by_2(n + 2, d[1], d[0], inverse(d[1])))};
 }
 
 // ---- Division ----------------------------------------------------------------------------------
@@ -296,38 +311,77 @@ Ints modulo_2exp(const Ints& v) {
 
 // ---- The big-number layer ----------------------------------------------------------------------
 
+// In plenty of room, in the least that holds operands and results and is not less than `least`, and in
+// one word less, where the call is refused and leaves the results as they were.
 template <class Call>
-Ints objects(const Ints& results, const Ints& operands, int room, Call call, bool update = false) {
-    return in_every_pattern<Bn>(
-        results, operands, update,
-        [=](const Int& x) { return std::make_unique<Bn>(x, std::max(room, 1)); },
-        [&](const auto& r, const auto& a) { EXPECT_EQ(call(r, a), tavStsNoErr); });
+Ints objects(const Ints& results, const Ints& operands, int least, Call call, bool update = false) {
+    const auto in_room = [&](int room, auto run) {
+        return in_every_pattern<Bn>(
+            results, operands, update, [=](const Int& x) { return std::make_unique<Bn>(x, room); },
+            run);
+    };
+    const auto accepted = [&](const auto& r, const auto& a) { EXPECT_EQ(call(r, a), tavStsNoErr); };
+    const auto refused = [&](const auto& r, const auto& a) {
+        Ints before;
+        for (Bn* x : r) before.push_back(x->value());
+        EXPECT_EQ(call(r, a), tavStsOutOfRangeErr);
+        for (size_t j = 0; j < r.size(); ++j) EXPECT_EQ(r[j]->value(), before[j]);
+        for (Bn* x : r) x->set(Int()); // the same in every pattern
+    };
+    int longest = 1, sum = 2;
+    for (const Ints& values : {results, operands})
+        for (const Int& x : values) longest = std::max(longest, x.size()), sum += x.size();
+    const Ints got = in_room(std::max(sum, least), accepted);
+    least = std::max(least, longest);
+    for (const Int& x : got) least = std::max(least, x.size());
+    EXPECT_EQ(in_room(least, accepted), got);
+    // A square needs more only in place; an update that subtracts does not tell what falls off.
+    const bool square = operands.size() == 2 && operands[0] == operands[1];
+    const bool subtracts =
+        update && (operands[0].negative != operands[1].negative) != results[0].negative;
+    if (least > longest && !square && !subtracts) in_room(least - 1, refused);
+    return got;
 }
 
-// r = f(a, b) in room for the longer operand and `more` words.
+// r = f(a, b)
 template <auto F>
-Operation on_objects(int more) {
-    return [=](const Ints& v) {
-        return objects({Int()}, v, std::max({v[0].size(), v[1].size(), 1}) + more,
-                       [](const auto& r, const auto& a) { return F(*a[0], *a[1], *r[0]); });
-    };
+Ints on_objects(const Ints& v) {
+    return objects({Int()}, v, 1,
+                   [](const auto& r, const auto& a) { return F(*a[0], *a[1], *r[0]); });
+}
+
+// A product needs room for all of its words but the top one, a square in place for that too.
+int product_room(const Int& a, const Int& b) {
+    return std::max(a.size(), 1) + std::max(b.size(), 1) - (a == b ? 0 : 1);
+}
+
+Ints bn_multiply(const Ints& v) {
+    return objects({Int()}, v, product_room(v[0], v[1]),
+                   [](const auto& r, const auto& a) { return tavsMul_BN(*a[0], *a[1], *r[0]); });
 }
 
 Ints bn_multiply_add(const Ints& v) {
-    const int room = std::max(v[0].size() + v[1].size(), v[2].size()) + 2;
     return objects(
-        {v[2]}, {v[0], v[1]}, room,
+        {v[2]}, {v[0], v[1]}, product_room(v[0], v[1]),
         [](const auto& r, const auto& a) { return tavsMAC_BN_I(*a[0], *a[1], *r[0]); }, true);
 }
 
 Ints bn_divide(const Ints& v) {
-    return objects(
-        Ints(2), v, std::max(v[0].size(), v[1].size()),
-        [](const auto& r, const auto& a) { return tavsDiv_BN(*a[0], *a[1], *r[0], *r[1]); });
+    return objects(Ints(2), v, 1, [](const auto& r, const auto& a) {
+        return tavsDiv_BN(*a[0], *a[1], *r[0], *r[1]);
+    });
+}
+
+Ints bn_compare(const Ints& v) {
+    Bn a(v[0]), b(v[1]);
+    unsigned with_b, with_zero;
+    EXPECT_EQ(tavsCmp_BN(a, b, &with_b), tavStsNoErr);
+    EXPECT_EQ(tavsCmpZero_BN(a, &with_zero), tavStsNoErr);
+    return {number(with_b), number(with_zero)};
 }
 
 Ints bn_inverse(const Ints& v) {
-    Bn a(v[0]), m(v[1]), r(v[1].size());
+    Bn a(v[0]), m(v[1]), r(Int(), v[1].size());
     const TavStatus status = tavsModInv_BN(a, m, r);
     EXPECT_EQ(a.value(), v[0]);
     EXPECT_EQ(m.value(), v[1]) << "the modulus is rebuilt";
@@ -336,14 +390,17 @@ Ints bn_inverse(const Ints& v) {
     return {r.value()};
 }
 
-// r = f(a, modulus, r) or f(a, b, modulus, r), the modulus first among the values.
-template <class Call>
-Operation residues(Call call) {
-    return [=](const Ints& v) {
-        Mont mont(v[0]);
-        return objects({Int()}, Ints(v.begin() + 1, v.end()), v[0].size(),
-                       [&](const auto& r, const auto& a) { return call(a, mont, *r[0]); });
-    };
+// r = f(a, modulus) or f(a, b, modulus), the modulus first among the values.
+template <auto F>
+Ints residues(const Ints& v) {
+    Mont mont(v[0]);
+    const Ints operands(v.begin() + 1, v.end());
+    return objects({Int()}, operands, v[0].size(), [&](const auto& r, const auto& a) {
+        if constexpr (std::is_invocable_v<decltype(F), BigNumState*, MontState*, BigNumState*>)
+            return F(*a[0], mont, *r[0]);
+        else
+            return F(*a[0], *a[1], mont, *r[0]);
+    });
 }
 
 std::map<std::string, Operation> all_operations() {
@@ -376,8 +433,11 @@ std::map<std::string, Operation> all_operations() {
         {"limb_product", limb_product},
         {"limb_addmul", limb_addmul},
         {"dft_product", dft_product},
+        {"divide_2_by_1", divide_2_by_1},
+        {"divide_3_by_2", divide_3_by_2},
         {"compare", queries(__gmpz_cmp, __gmpz_cmpabs, __gmpz_sgn)},
         {"compare_word", queries(__gmpz_cmp_ui, __gmpz_cmpabs_ui)},
+        {"compare_double", compare_double},
         {"compare_signed", queries(__gmpz_cmp_si)},
         {"fits", queries(__gmpz_fits_sint_p, __gmpz_fits_uint_p, __gmpz_fits_slong_p,
                          __gmpz_fits_ulong_p, __gmpz_fits_sshort_p, __gmpz_fits_ushort_p)},
@@ -390,27 +450,18 @@ std::map<std::string, Operation> all_operations() {
          [](const Ints& v) { return parts(vor_gmp_div_qr, vor_gmp_div_q, vor_gmp_div_r, v); }},
         {"mod", modulo},
         {"mod_2exp", modulo_2exp},
-        {"bn_add", on_objects<tavsAdd_BN>(1)},
-        {"bn_sub", on_objects<tavsSub_BN>(1)},
-        {"bn_mod", on_objects<tavsMod_BN>(0)},
-        {"bn_gcd", on_objects<tavsGcd_BN>(0)},
-        {"bn_mul",
-         [](const Ints& v) {
-             const int more = std::min(v[0].size(), v[1].size());
-             return on_objects<tavsMul_BN>(std::max(more, 1))(v);
-         }},
+        {"bn_add", on_objects<tavsAdd_BN>},
+        {"bn_sub", on_objects<tavsSub_BN>},
+        {"bn_mod", on_objects<tavsMod_BN>},
+        {"bn_gcd", on_objects<tavsGcd_BN>},
+        {"bn_mul", bn_multiply},
         {"bn_mac", bn_multiply_add},
         {"bn_div", bn_divide},
+        {"bn_compare", bn_compare},
         {"bn_modinv", bn_inverse},
-        {"mont_form", residues([](const auto& a, MontState* n, BigNumState* r) {
-             return tavsMontForm(*a[0], n, r);
-         })},
-        {"mont_mul", residues([](const auto& a, MontState* n, BigNumState* r) {
-             return tavsMontMul(*a[0], *a[1], n, r);
-         })},
-        {"mont_exp", residues([](const auto& a, MontState* n, BigNumState* r) {
-             return tavsMontExp(*a[0], *a[1], n, r);
-         })},
+        {"mont_form", residues<tavsMontForm>},
+        {"mont_mul", residues<tavsMontMul>},
+        {"mont_exp", residues<tavsMontExp>},
     };
     static constexpr std::pair<const char*, Family> kFamilies[] = {
         {"tdiv", FAMILY(t)}, {"fdiv", FAMILY(f)}, {"cdiv", FAMILY(c)}};
@@ -434,6 +485,11 @@ std::string digests(const Ints& values) {
 const std::map<std::string, Operation>& operations() {
     static const auto all = all_operations();
     return all;
+}
+
+void for_each_case(const std::function<void(const std::string&)>& f) {
+    std::ifstream file(std::filesystem::path(__FILE__).parent_path() / "cases.txt");
+    for (std::string line; !::testing::Test::HasFailure() && std::getline(file, line);) f(line);
 }
 
 std::string run_case(const std::string& line) {

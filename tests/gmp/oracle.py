@@ -12,6 +12,7 @@ its sign, its length in bits and its residues modulo three word primes.
 import math
 import random
 import signal
+import struct
 import sys
 
 PRIMES = (4294967291, 4294967279, 4294967231)
@@ -75,8 +76,22 @@ def montgomery(f):
     return operation
 
 
+def double(pattern):
+    """Of these 64 bits, as comparisons take it: not normal counts as 0."""
+    d = struct.unpack("d", struct.pack("Q", pattern))[0]
+    return d if sys.float_info.min <= abs(d) < math.inf else 0.0
+
+
+def pattern(d):
+    return "%x" % struct.unpack("Q", struct.pack("d", d))
+
+
+def order(x, y):
+    return (x > y) - (x < y)
+
+
 def sign(x):
-    return (x > 0) - (x < 0)
+    return order(x, 0)
 
 
 def limb_rows(a, b, w):
@@ -100,6 +115,7 @@ OPERATIONS = {
     "bn_mac": lambda a, b, c: [c + a * b],
     "bn_div": truncate,
     "bn_mod": lambda a, m: [a % m],
+    "bn_compare": lambda a, b: [sign(a - b) % 3, sign(a) % 3],
     "bn_gcd": lambda a, b: [math.gcd(a, b)],
     "bn_modinv": lambda a, m: [pow(a, -1, m) if math.gcd(a, m) == 1 else 0],
     "mont_form": montgomery(lambda n, R, a: a * R % n),
@@ -134,6 +150,7 @@ OPERATIONS = {
     "limb_addmul": lambda r, a, b: [r + a * b],
     "compare": lambda a, b: [sign(a - b), sign(abs(a) - abs(b)), sign(a)],
     "compare_word": lambda a, v: [sign(a - v), sign(abs(a) - v)],
+    "compare_double": lambda a, p: [order(a, double(p)), order(abs(a), abs(double(p)))],
     "compare_signed": lambda a, v: [sign(a - v)],
     "fits": lambda a: [int(low <= a <= high) for low, high in (
         *[(-1 << 31, (1 << 31) - 1), (0, WORD)] * 2, (-1 << 15, (1 << 15) - 1), (0, (1 << 16) - 1))],
@@ -145,6 +162,8 @@ OPERATIONS = {
     "clrbit": lambda a, i: [a & ~(1 << i)],
     "bit": lambda a, i: [a >> i & 1, first_one(~a, i), first_one(a, i)],
     "popcount": lambda a: [WORD if a < 0 else bin(a).count("1")],
+    "divide_2_by_1": lambda n, d: list(divmod(n, d)),
+    "divide_3_by_2": lambda n, d: [n // d],
     "tdiv": truncate,
     "fdiv": lambda n, d: list(divmod(n, d)),
     "cdiv": lambda n, d: [-(-n // d), n + -n // d * d],
@@ -211,6 +230,22 @@ def chosen_cases():
             for k in ("e", "f", "10", "1f", "20", "21"):
                 for op in ("bit", "setbit", "clrbit"):
                     yield op, y, k
+    tiny, largest = 5e-324, sys.float_info.max
+    for a, d in (("2", 2.5), ("3", 2.5), ("-2", -2.5), ("-3", -2.5), ("-2", 2.0), ("0", 0.25), ("0", -0.25),
+                 ("1", 0.75), ("0", -0.0), ("0", tiny), ("1", tiny), ("5", math.inf), ("-5", math.inf),
+                 ("0", math.inf), ("5", math.nan), ("bit(51)", 2**51 + 0.5), ("bit(53)+1", 2.0**53),
+                 ("bit(1023)-1", 2.0**1023), ("bit(1023)+1", 2.0**1023), ("ones(1024)", largest)):
+        yield "compare_double", a, pattern(d)
+    for a in ("2", "bit(52)", "bit(1023)", "ones(53)*bit(971)", "ones(53)*bit(31)", "-ones(53)*bit(11)"):
+        yield "compare_double", a, pattern(float(parse(a)))
+    for d in (1, 3, 10, 1 << 31, (1 << 31) + 1, 3 << 30, WORD):
+        for high in (0, d // 2, d - 1):
+            for low in (0, 1, d - 1, d, WORD):
+                yield "divide_2_by_1", "%x" % (high << 32 | low), "%x" % d
+    for d in ("bit(63)", "bit(63)+ones(32)", "ones(64)", "c000000000000001"):
+        for q in ("1", "fffffffe", "ones(32)"):
+            for n in multiples(q, d):
+                yield "divide_3_by_2", n, d
     # Moduli and residues at which sums carry; logic whose result needs one bit more.
     for words in (1, 2, 3, 8, 16):
         for n in ("ones(%d)" % (32 * words), "bit(%d)+1" % (32 * words - 1)):
@@ -223,7 +258,7 @@ def chosen_cases():
     for n in (1, 2, 8, 9):
         for a, b in (("ones", "ones"), ("ones", "bit"), ("bit", "bit")):
             for x, y in signed("%s(%d)" % (a, 32 * n), "%s(%d)" % (b, 32 * n - 1)):
-                for op in ("and", "ior", "xor", "hamdist", "compare", "add", "sub"):
+                for op in ("and", "ior", "xor", "hamdist", "compare", "add", "sub", "bn_compare"):
                     yield op, x, y
     # Equal but for the lowest limb; all ones plus one; a difference that loses all limbs but one.
     for n in (2, 9, 33):
@@ -396,6 +431,7 @@ KINDS = {
     "s": lambda x, n: x.sign() + x.small(31),
     "k": lambda x, n: x.small(12) if x.below(12) else "0",
     "e": lambda x, n: x.small(5) if x.below(12) else "0",
+    "d": lambda x, n: "%x" % (x.below(1 << 12) << 52 | x.below(1 << 52)),
     "b": lambda x, n: ("2", "4", "8", "10", "20")[x.below(5)],
 }
 OPERANDS = {kinds: names.split() for kinds, names in {
@@ -403,7 +439,7 @@ OPERANDS = {kinds: names.split() for kinds, names in {
     "zw": "add_ui sub_ui ui_sub mul_ui compare_word",
     "zs": "mul_si compare_signed",
     "zk": "mul_2exp setbit clrbit bit tdiv_2exp fdiv_2exp cdiv_2exp mod_2exp",
-    "zb": "size_in_power_of_two", "we": "ui_pow_ui", "ye": "pow_ui",
+    "zd": "compare_double", "zb": "size_in_power_of_two", "we": "ui_pow_ui", "ye": "pow_ui",
     "zzw": "addmul_ui submul_ui", "zzz": "addmul submul bn_mac",
     "ppw": "limb_rows", "ppp": "limb_addmul", "pp": "limb_product dft_product",
 }.items()}
@@ -414,6 +450,9 @@ def random_case(x):
     longest = (10, 70, 700)[x.below(24) // 11]
     if op in DIVISIONS or op in ("bn_div", "bn_mod"):
         return (op, *x.divided(longest, "" if op == "bn_mod" else x.sign()))
+    if op.startswith("divide_"):
+        d = 1 << 63 | x.below(1 << 63) if op == "divide_3_by_2" else parse(x.small(32))
+        return op, "%x" % (x.below(d << 32)), "%x" % d
     if op == "bn_gcd":
         g = "*" + x.positive(10)
         return op, x.sign() + x.positive(30) + g, x.positive(30) + g
