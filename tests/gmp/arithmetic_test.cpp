@@ -1,6 +1,7 @@
-// What the table of cases does not hold of the integers: division by zero, small functions, random
-// numbers.
+// The table of cases, exact answers from another implementation of integers (oracle.py), and what it
+// does not hold of the integers: division by zero, small functions, random numbers.
 #include "tests/gmp/boxes.h"
+#include "tests/gmp/operations.h"
 
 #include <csetjmp>
 #include <csignal>
@@ -9,6 +10,13 @@
 
 namespace vor::test {
 namespace {
+
+TEST(Table, EveryCase) {
+    std::map<std::string, int> count;
+    for_each_case([&](const std::string& line) { ++count[run_case(line)]; });
+    for (const auto& [name, operation] : operations())
+        EXPECT_GT(count[name], 0) << "no case for " << name;
+}
 
 // ---- Division by zero --------------------------------------------------------------------------
 

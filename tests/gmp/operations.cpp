@@ -58,10 +58,6 @@ W as_word(const Int& x) {
     return static_cast<W>(x.negative ? -word(x) : word(x));
 }
 
-Int number(long long x) {
-    return Int(x);
-}
-
 // ---- Records ---------------------------------------------------------------------------------
 
 using Record = vor_mpz*;
@@ -104,9 +100,9 @@ Operation queries(F... f) {
         Z x(v[0]);
         const auto ask = [&]<class R, class... P>(R (*g)(Value, P...)) {
             if constexpr ((std::is_same_v<P, Value> || ...))
-                return number(g(x, Z(v[1])));
+                return Int(g(x, Z(v[1])));
             else
-                return number(g(x, as_word<P>(v[1])...));
+                return Int(g(x, as_word<P>(v[1])...));
         };
         return Ints{ask(f)...};
     };
@@ -116,8 +112,8 @@ Ints compare_double(const Ints& v) {
     uint64_t pattern = 0;
     for (size_t i = v[1].words.size(); i-- > 0;) pattern = pattern << 32 | v[1].words[i];
     Z x(v[0]);
-    return {number(__gmpz_cmp_d(x, std::bit_cast<double>(pattern))),
-            number(__gmpz_cmpabs_d(x, std::bit_cast<double>(pattern)))};
+    return {Int(__gmpz_cmp_d(x, std::bit_cast<double>(pattern))),
+            Int(__gmpz_cmpabs_d(x, std::bit_cast<double>(pattern)))};
 }
 
 // ---- Limb arrays -------------------------------------------------------------------------------
@@ -162,7 +158,7 @@ Ints limb_rows(const Ints& v) {
         by_address(a, tavsMulOne_BNU, nullptr),
         row(size, b, [&](auto* r) { return __gmpn_addmul_1(r, x, n, w); }),
         row(size, b, [&](auto* r) { return __gmpn_submul_1(r, x, n, w); }),
-        number(__gmpn_cmp(x, y, n)),
+        Int(__gmpn_cmp(x, y, n)),
     };
     EXPECT_EQ(row(size, a, [&](auto* r) { return tavsAdd_BNU(r, y, r, n, &carry), carry; }),
               results[0]);
@@ -229,34 +225,15 @@ Ints divide_2_by_1(const Ints& v) {
     uint32_t rest = r;
     EXPECT_TRUE(d >> 31 == 0 || vor_gmp_udiv_qrnnd_preinv(&rest, high, low, d, inverse(d)) == q);
     EXPECT_EQ(rest, r);
-    return {number(q), number(r)};
+    return {Int(q), Int(r)};
 }
 
 Ints divide_3_by_2(const Ints& v) {
     const Row n(v[0], 3), d(v[1], 2);
-    return {number(mpl_divq_3_by_2(n + 2, d[1], d[0], inverse(d[1])))};
+    return {Int(mpl_divq_3_by_2(n + 2, d[1], d[0], inverse(d[1])))};
 }
 
 // ---- Division ----------------------------------------------------------------------------------
-
-struct Family {
-    void (*qr)(Record, Record, Value, Value);
-    void (*q)(Record, Value, Value);
-    void (*r)(Record, Value, Value);
-    unsigned (*qr_ui)(Record, Record, Value, unsigned);
-    unsigned (*q_ui)(Record, Value, unsigned);
-    unsigned (*r_ui)(Record, Value, unsigned);
-    unsigned (*ui)(Value, unsigned);
-    void (*q_2exp)(Record, Value, unsigned);
-    void (*r_2exp)(Record, Value, unsigned);
-};
-
-#define FAMILY(letter)                                                                             \
-    {                                                                                              \
-        __gmpz_##letter##div_qr, __gmpz_##letter##div_q, __gmpz_##letter##div_r,                   \
-            __gmpz_##letter##div_qr_ui, __gmpz_##letter##div_q_ui, __gmpz_##letter##div_r_ui,      \
-            __gmpz_##letter##div_ui, __gmpz_##letter##div_q_2exp, __gmpz_##letter##div_r_2exp      \
-    }
 
 // The two results of f, which q and r give one by one.
 template <class QR, class Q>
@@ -267,18 +244,27 @@ Ints parts(QR qr, Q q, Q r, const Ints& v) {
     return result;
 }
 
-Ints divide(const Family& f, const Ints& v) {
-    const Ints result = parts(f.qr, f.q, f.r, v);
-    if (v[1].size() == 1 && !v[1].negative) {
-        EXPECT_EQ(parts(f.qr_ui, f.q_ui, f.r_ui, v), result);
+// A family by records, and where the divisor is a word by that, with the magnitude of the remainder.
+template <class QR, class Q, class QRWord, class QWord>
+Operation division(QR qr, Q q, Q r, QRWord qr_ui, QWord q_ui, QWord r_ui,
+                   unsigned (*ui)(Value, unsigned)) {
+    return [=](const Ints& v) {
+        const Ints result = parts(qr, q, r, v);
+        if (v[1].size() != 1 || v[1].negative) return result;
+        EXPECT_EQ(parts(qr_ui, q_ui, r_ui, v), result);
         const uint32_t d = word(v[1]), magnitude = word(result[1]);
-        Z n(v[0]), q, r;
-        EXPECT_EQ(f.qr_ui(q, r, n, d), magnitude);
-        EXPECT_EQ(f.q_ui(q, n, d), magnitude);
-        EXPECT_EQ(f.r_ui(r, n, d), magnitude);
-        EXPECT_EQ(f.ui(n, d), magnitude);
-    }
-    return result;
+        Z n(v[0]), x, y;
+        EXPECT_EQ(qr_ui(x, y, n, d), magnitude);
+        EXPECT_EQ(q_ui(x, n, d), magnitude);
+        EXPECT_EQ(r_ui(y, n, d), magnitude);
+        EXPECT_EQ(ui(n, d), magnitude);
+        return result;
+    };
+}
+
+template <class F>
+Operation shifts(F q, F r) {
+    return [=](const Ints& v) { return Ints{records(q)(v)[0], records(r)(v)[0]}; };
 }
 
 // The remainder, and what follows from it for the divisibility of n by d and a congruence.
@@ -343,33 +329,24 @@ Ints objects(const Ints& results, const Ints& operands, int least, Call call, bo
     return got;
 }
 
-// r = f(a, b)
-template <auto F>
+// r = f(a, b), or q and r, or r = f(a, b, r) of three values.
+template <auto F, bool product = false>
 Ints on_objects(const Ints& v) {
-    return objects({Int()}, v, 1,
-                   [](const auto& r, const auto& a) { return F(*a[0], *a[1], *r[0]); });
-}
-
-// A product needs room for all of its words but the top one, a square in place for that too.
-int product_room(const Int& a, const Int& b) {
-    return std::max(a.size(), 1) + std::max(b.size(), 1) - (a == b ? 0 : 1);
-}
-
-Ints bn_multiply(const Ints& v) {
-    return objects({Int()}, v, product_room(v[0], v[1]),
-                   [](const auto& r, const auto& a) { return tavsMul_BN(*a[0], *a[1], *r[0]); });
-}
-
-Ints bn_multiply_add(const Ints& v) {
+    using B = BigNumState*;
+    constexpr bool kTwoResults = std::is_invocable_v<decltype(F), B, B, B, B>;
+    const bool update = v.size() == 3;
+    const Ints operands(v.begin(), v.begin() + 2);
+    // A product needs room for all of its words but the top one, a square in place for that too.
+    const int words = std::max(v[0].size(), 1) + std::max(v[1].size(), 1);
     return objects(
-        {v[2]}, {v[0], v[1]}, product_room(v[0], v[1]),
-        [](const auto& r, const auto& a) { return tavsMAC_BN_I(*a[0], *a[1], *r[0]); }, true);
-}
-
-Ints bn_divide(const Ints& v) {
-    return objects(Ints(2), v, 1, [](const auto& r, const auto& a) {
-        return tavsDiv_BN(*a[0], *a[1], *r[0], *r[1]);
-    });
+        update ? Ints{v[2]} : Ints(1 + kTwoResults), operands, product ? words - (v[0] != v[1]) : 1,
+        [](const auto& r, const auto& a) {
+            if constexpr (kTwoResults)
+                return F(*a[0], *a[1], *r[0], *r[1]);
+            else
+                return F(*a[0], *a[1], *r[0]);
+        },
+        update);
 }
 
 Ints bn_compare(const Ints& v) {
@@ -377,7 +354,7 @@ Ints bn_compare(const Ints& v) {
     unsigned with_b, with_zero;
     EXPECT_EQ(tavsCmp_BN(a, b, &with_b), tavStsNoErr);
     EXPECT_EQ(tavsCmpZero_BN(a, &with_zero), tavStsNoErr);
-    return {number(with_b), number(with_zero)};
+    return {Int(with_b), Int(with_zero)};
 }
 
 Ints bn_inverse(const Ints& v) {
@@ -404,7 +381,7 @@ Ints residues(const Ints& v) {
 }
 
 std::map<std::string, Operation> all_operations() {
-    std::map<std::string, Operation> all = {
+    return {
         {"add", records(__gmpz_add)},
         {"sub", records(__gmpz_sub)},
         {"mul", records(__gmpz_mul)},
@@ -446,6 +423,15 @@ std::map<std::string, Operation> all_operations() {
         {"bit", queries(__gmpz_tstbit, __gmpz_scan0, __gmpz_scan1)},
         {"popcount", queries(__gmpz_popcount)},
         {"hamdist", queries(__gmpz_hamdist)},
+        {"tdiv", division(__gmpz_tdiv_qr, __gmpz_tdiv_q, __gmpz_tdiv_r, __gmpz_tdiv_qr_ui,
+                          __gmpz_tdiv_q_ui, __gmpz_tdiv_r_ui, __gmpz_tdiv_ui)},
+        {"tdiv_2exp", shifts(__gmpz_tdiv_q_2exp, __gmpz_tdiv_r_2exp)},
+        {"fdiv", division(__gmpz_fdiv_qr, __gmpz_fdiv_q, __gmpz_fdiv_r, __gmpz_fdiv_qr_ui,
+                          __gmpz_fdiv_q_ui, __gmpz_fdiv_r_ui, __gmpz_fdiv_ui)},
+        {"fdiv_2exp", shifts(__gmpz_fdiv_q_2exp, __gmpz_fdiv_r_2exp)},
+        {"cdiv", division(__gmpz_cdiv_qr, __gmpz_cdiv_q, __gmpz_cdiv_r, __gmpz_cdiv_qr_ui,
+                          __gmpz_cdiv_q_ui, __gmpz_cdiv_r_ui, __gmpz_cdiv_ui)},
+        {"cdiv_2exp", shifts(__gmpz_cdiv_q_2exp, __gmpz_cdiv_r_2exp)},
         {"div_magnitudes",
          [](const Ints& v) { return parts(vor_gmp_div_qr, vor_gmp_div_q, vor_gmp_div_r, v); }},
         {"mod", modulo},
@@ -454,24 +440,15 @@ std::map<std::string, Operation> all_operations() {
         {"bn_sub", on_objects<tavsSub_BN>},
         {"bn_mod", on_objects<tavsMod_BN>},
         {"bn_gcd", on_objects<tavsGcd_BN>},
-        {"bn_mul", bn_multiply},
-        {"bn_mac", bn_multiply_add},
-        {"bn_div", bn_divide},
+        {"bn_mul", on_objects<tavsMul_BN, true>},
+        {"bn_mac", on_objects<tavsMAC_BN_I, true>},
+        {"bn_div", on_objects<tavsDiv_BN>},
         {"bn_compare", bn_compare},
         {"bn_modinv", bn_inverse},
         {"mont_form", residues<tavsMontForm>},
         {"mont_mul", residues<tavsMontMul>},
         {"mont_exp", residues<tavsMontExp>},
     };
-    static constexpr std::pair<const char*, Family> kFamilies[] = {
-        {"tdiv", FAMILY(t)}, {"fdiv", FAMILY(f)}, {"cdiv", FAMILY(c)}};
-    for (const auto& [name, f] : kFamilies) {
-        all[name] = [&family = f](const Ints& v) { return divide(family, v); };
-        all[std::string(name) + "_2exp"] = [&family = f](const Ints& v) {
-            return Ints{records(family.q_2exp)(v)[0], records(family.r_2exp)(v)[0]};
-        };
-    }
-    return all;
 }
 
 std::string digests(const Ints& values) {
