@@ -13,10 +13,11 @@ namespace {
 
 // Calls call(results, operands) with each result apart or in the place of an operand, and with one
 // place for two operands of one value. A result may be an operand itself, with the value in `results`:
-// then only operands of that value give it their place.
-template <class Box, class Call>
-Ints in_every_pattern(const Ints& results, const Ints& operands, bool update,
-                      const std::function<std::unique_ptr<Box>(const Int&)>& make, Call call) {
+// then only operands of that value give it their place. `size` is the room of every box, if it has one.
+template <class Box, class Call, class... Size>
+Ints in_every_pattern(const Ints& results, const Ints& operands, bool update, Call call,
+                      Size... size) {
+    const auto make = [=](const Int& x) { return std::make_unique<Box>(x, size...); };
     Ints first;
     const size_t places = operands.size() + 1; // 0 is apart
     size_t patterns = 1;
@@ -73,9 +74,7 @@ Operation records(R (*f)(P...), bool update = false) {
         const auto operands = v.begin() + (update ? kResults : 0), words = operands + kOperands;
         const Ints results = update ? Ints(v.begin(), operands) : Ints(kResults);
         return in_every_pattern<Z>(
-            results, Ints(operands, words), update,
-            [](const Int& x) { return std::make_unique<Z>(x); },
-            [&](const auto& r, const auto& a) {
+            results, Ints(operands, words), update, [&](const auto& r, const auto& a) {
                 auto next_result = r.begin();
                 auto next_operand = a.begin();
                 auto next_word = words;
@@ -137,8 +136,8 @@ Ints limb_rows(const Ints& v) {
     unsigned carry;
     const auto in_place_too = [&](const Ints& operands, auto f) {
         return in_every_pattern<Row>(
-            {Int()}, operands, false, [=](const Int& z) { return std::make_unique<Row>(z, size); },
-            [&](const auto& r, const auto& z) { r[0]->carry = f(*r[0], z); })[0];
+            {Int()}, operands, false,
+            [&](const auto& r, const auto& z) { r[0]->carry = f(*r[0], z); }, size)[0];
     };
     const auto sum = [&](auto f) {
         return in_place_too({a, b}, [&](auto& r, auto& z) { return f(r, *z[0], *z[1], n); });
@@ -302,9 +301,7 @@ Ints modulo_2exp(const Ints& v) {
 template <class Call>
 Ints objects(const Ints& results, const Ints& operands, int least, Call call, bool update = false) {
     const auto in_room = [&](int room, auto run) {
-        return in_every_pattern<Bn>(
-            results, operands, update, [=](const Int& x) { return std::make_unique<Bn>(x, room); },
-            run);
+        return in_every_pattern<Bn>(results, operands, update, run, room);
     };
     const auto accepted = [&](const auto& r, const auto& a) { EXPECT_EQ(call(r, a), tavStsNoErr); };
     const auto refused = [&](const auto& r, const auto& a) {
