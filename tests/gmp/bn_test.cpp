@@ -1,5 +1,6 @@
-// Statuses and room of the big-number layer, and its helpers on words.
-#include "tests/gmp/big_number.h"
+// What the table of cases does not hold of the big-number layer: its helpers on words, the layout of
+// objects, the order in which a call is refused.
+#include "tests/gmp/boxes.h"
 
 #include <functional>
 
@@ -8,96 +9,49 @@ namespace {
 
 using Words = std::vector<uint32_t>;
 
-TEST(Arrays, RoomOfSumsAndProducts) {
-    const Words ones(3, ~0u), one{1};
-    Words r(4);
-    int n;
-    EXPECT_EQ(cpAdd_BNUs(ones.data(), 3, one.data(), 1, r.data(), &n, 3), 0);
-    EXPECT_EQ(cpAdd_BNUs(one.data(), 1, ones.data(), 3, r.data(), &n, 4), 1);
-    EXPECT_EQ(n, 4);
-    EXPECT_EQ(r, (Words{0, 0, 0, 1}));
-    unsigned sgn;
-    cpSub_BNUs(one.data(), 1, ones.data(), 3, r.data(), &n, &sgn);
-    EXPECT_EQ(sgn, 0u);
-    EXPECT_EQ(Words(r.begin(), r.begin() + n), (Words{~0u - 1, ~0u, ~0u}));
-    cpSub_BNUs(ones.data(), 3, ones.data(), 3, r.data(), &n, &sgn);
-    EXPECT_EQ(sgn, 1u);
-    EXPECT_EQ(n, 1);
-    // 2 x 2 words: a product of three words fits three, one of four does not.
-    const Words small{~0u, 1}, big{~0u, 0x10000};
-    Guarded<uint32_t> p(3);
-    EXPECT_EQ(cpMul_BNUs(small.data(), 2, small.data(), 2, p.data(), &(n = 3)), 1);
-    EXPECT_EQ(p.copy(), (Words{1, ~0u - 3, 3}));
-    EXPECT_EQ(cpMul_BNUs(big.data(), 2, big.data(), 2, p.data(), &(n = 3)), 0);
-    EXPECT_EQ(cpMul_BNUs(one.data(), 1, one.data(), 1, p.data(), &(n = 1)), 1);
-    EXPECT_EQ(n, 1);
-    p[0] = ~0u;
-    n = 1;
-    EXPECT_EQ(cpMAC_BNU(one.data(), 1, one.data(), 1, p.data(), &n, 1), 0);
-    p[0] = ~0u;
-    n = 1;
-    EXPECT_EQ(cpMAC_BNU(ones.data(), 1, ones.data(), 1, p.data(), &n, 2), 1);
-    EXPECT_EQ(Words(p.begin(), p.begin() + n), (Words{0, ~0u}));
-    EXPECT_TRUE(p.intact());
+// A sum b c of n words fits n, one of more does not.
+TEST(Arrays, RoomOfAMultiplyAdd) {
+    const Words ones(2, ~0u), one{1};
+    Guarded<uint32_t> r(2);
+    for (const int room : {1, 2}) {
+        int n = 1;
+        r[0] = ~0u;
+        EXPECT_EQ(cpMAC_BNU(ones.data(), 1, one.data(), 1, r.data(), &n, room), room == 2);
+    }
+    EXPECT_EQ(r.copy(), (Words{~0u - 1, 1}));
+    EXPECT_TRUE(r.intact());
 }
 
-TEST(Words, BitsShiftsAndComparisons) {
+TEST(Arrays, BitsShiftsAndComparisons) {
     const uint32_t words[] = {0, 1, ~0u};
     uint32_t squares[6];
     EXPECT_EQ(tavsSqr_32u64u(words, 3, squares), tavStsNoErr);
     EXPECT_EQ(Words(squares, squares + 6), (Words{0, 0, 1, 0, 1, ~0u - 1}));
-    EXPECT_EQ(NLZ32u(0), 32);
-    EXPECT_EQ(NTZ32u(0), 32);
-    for (int i = 0; i < 32; ++i) {
-        EXPECT_EQ(NLZ32u(~0u >> i), i);
-        EXPECT_EQ(NTZ32u(~0u << i), i);
-    }
+    EXPECT_TRUE(NLZ32u(0) == 32 && NTZ32u(0) == 32);
+    for (int i = 0; i < 32; ++i) EXPECT_TRUE(NLZ32u(~0u >> i) == i && NTZ32u(~0u << i) == i);
     const Words a{0, 0x80000001, 0};
-    EXPECT_EQ(LSB_BNU(a.data(), 3), 32);
-    EXPECT_EQ(MSB_BNU(a.data(), 3), 63);
-    EXPECT_EQ(LSB_BNU(a.data(), 1), 32);
-    EXPECT_EQ(MSB_BNU(a.data(), 1), -1);
-    EXPECT_EQ(Tst_BNU(a.data(), 3), 2);
-    EXPECT_EQ(Tst_BNU(a.data(), 1), 0);
+    EXPECT_TRUE(LSB_BNU(a.data(), 3) == 32 && MSB_BNU(a.data(), 3) == 63);
+    EXPECT_TRUE(LSB_BNU(a.data(), 1) == 32 && MSB_BNU(a.data(), 1) == -1);
+    EXPECT_TRUE(Tst_BNU(a.data(), 3) == 2 && Tst_BNU(a.data(), 1) == 0);
     EXPECT_EQ(MSD_BNU(a.data(), 1), 1);
     EXPECT_EQ(Cmp_BNU(a.data(), 3, a.data(), 2), 0);
     EXPECT_EQ(cpCompare_BNUs(a.data(), 3, a.data(), 2), 1);
     EXPECT_EQ(cpCmp_BNU(a.data() + 1, a.data(), 2), -1);
-    for (const unsigned s : {0u, 1u, 31u, 33u}) { // the low five bits count
-        Words r{5, 6, 7};
-        const int n = LSL_BNU(a.data(), r.data(), 2, s);
-        EXPECT_EQ(n, s ? 3 : 2);
-        EXPECT_EQ(LSR_BNU(r.data(), r.data(), n, s), 2);
-        EXPECT_EQ(r[0], a[0]);
-        EXPECT_EQ(r[1], a[1]);
-    }
+    Words shifted{5, 6, 7};
+    EXPECT_EQ(LSL_BNU(a.data(), shifted.data(), 2, 33), 3); // the low five bits count
+    EXPECT_EQ(LSR_BNU(shifted.data(), shifted.data(), 3, 33), 2);
+    EXPECT_EQ(shifted, a);
     Words b{0x01020304, 0xfffefdfc};
     cpEndianChange(b.data(), 2);
     EXPECT_EQ(b, (Words{0x04030201, 0xfcfdfeff}));
-    EXPECT_EQ(cpGCD32u(0, 5), 5u);
-    EXPECT_EQ(cpGCD32u(5, 0), 5u);
-    EXPECT_EQ(cpGCD32u(48, 180), 12u);
-}
-
-TEST(Division, TwoWordsByOne) {
-    unsigned q, r;
-    EXPECT_EQ(tavsDiv_64u32u(5, 1, 2, &q, &r), tavStsNoErr);
-    EXPECT_EQ(q, 0x80000002u);
-    EXPECT_EQ(r, 1u);
-    EXPECT_EQ(tavsDiv_64u32u(5, 0, 0, &q, &r), tavStsDivByZeroErr);
-    EXPECT_EQ(tavsDiv_64u32u(5, 2, 2, &q, &r), tavStsOutOfRangeErr);
-    EXPECT_EQ(tavsDiv_64u32u(5, 2, 2, nullptr, &r), tavStsNullPtrErr);
-    EXPECT_EQ(cpDiv64u32u(5, 1, 2), (1ull << 32 | 0x80000002u));
+    EXPECT_TRUE(cpGCD32u(0, 5) == 5 && cpGCD32u(5, 0) == 5 && cpGCD32u(48, 180) == 12);
 }
 
 TEST(Objects, LayoutAndSizes) {
     int size;
-    EXPECT_EQ(tavsBigNumGetSize(1, &size), tavStsNoErr);
-    EXPECT_EQ(size, 48);
-    EXPECT_EQ(tavsBigNumGetSize(2, &size), tavStsNoErr);
-    EXPECT_EQ(size, 64);
-    EXPECT_EQ(tavsMontGetSize(0, 1, &size), tavStsNoErr);
-    EXPECT_EQ(size, 2 * 48 + 32 + 64 + 4);
+    EXPECT_TRUE(tavsBigNumGetSize(1, &size) == tavStsNoErr && size == 48);
+    EXPECT_TRUE(tavsBigNumGetSize(2, &size) == tavStsNoErr && size == 64);
+    EXPECT_TRUE(tavsMontGetSize(0, 1, &size) == tavStsNoErr && size == 2 * 48 + 32 + 64 + 4);
     for (const int len : {0, -1, 1 << 30}) { // the last has no size in an int
         EXPECT_EQ(tavsBigNumGetSize(len, &size), tavStsLengthErr);
         EXPECT_EQ(tavsMontGetSize(0, len, &size), tavStsLengthErr);
@@ -105,32 +59,10 @@ TEST(Objects, LayoutAndSizes) {
     Bn x(Int("-fedcba9876543210"), 5);
     auto* state = reinterpret_cast<BigNumState*>(
         (reinterpret_cast<uintptr_t>(static_cast<BigNumState*>(x)) + 3) & ~uintptr_t{3});
-    EXPECT_EQ(state->idCtx, 0x4C4D5352u);
-    EXPECT_EQ(state->size, 2);
-    EXPECT_EQ(state->room, 5);
+    EXPECT_TRUE(state->idCtx == 0x4C4D5352u && state->size == 2 && state->room == 5);
     EXPECT_EQ(state->number, reinterpret_cast<unsigned*>(state + 1));
     EXPECT_EQ(state->buffer, state->number + 6);
-    EXPECT_EQ(sizeof(BigNumState), 24u);
-    EXPECT_EQ(sizeof(MontState), 32u);
-}
-
-TEST(Objects, ComparisonsAndSigns) {
-    const long long values[] = {-0x100000000, -3, -2, 0, 1, 2, 0x100000000};
-    for (const long long a : values) {
-        Bn x(Int(a), 2);
-        unsigned relation;
-        EXPECT_EQ(tavsCmpZero_BN(x, &relation), tavStsNoErr);
-        EXPECT_EQ(relation, a == 0 ? 0u : a > 0 ? 1u : 2u);
-        for (const long long b : values) {
-            Bn y(Int(b), 2);
-            EXPECT_EQ(tavsCmp_BN(x, y, &relation), tavStsNoErr);
-            EXPECT_EQ(relation, a == b ? 0u : a > b ? 1u : 2u) << a << " " << b;
-        }
-    }
-    const unsigned zeros[3] = {};
-    Bn zero(3);
-    EXPECT_EQ(tavsSet_BN(TavsBigNumNEG, 3, zeros, zero), tavStsNoErr);
-    EXPECT_EQ(zero.value(), Int(0)) << "zero is positive";
+    static_assert(sizeof(BigNumState) == 24 && sizeof(MontState) == 32);
 }
 
 TEST(Objects, UncheckedHelpers) {
@@ -149,6 +81,10 @@ TEST(Objects, UncheckedHelpers) {
     EXPECT_EQ(IsZero_BN(state), 1);
     BN_Word(state, 1);
     EXPECT_EQ(IsOne_BN(state), 1);
+    const unsigned zeros[3] = {};
+    Bn zero(Int(1), 3);
+    EXPECT_EQ(tavsSet_BN(TavsBigNumNEG, 3, zeros, zero), tavStsNoErr);
+    EXPECT_EQ(zero.value(), Int(0)) << "zero is positive";
 }
 
 // A refused call names its reason and leaves the result as it was.
@@ -159,16 +95,19 @@ struct Refusal {
 };
 #define REFUSAL(want, call)                                                                        \
     Refusal {                                                                                      \
-#call, want, [&](auto* r) { return call; }                                                 \
+#call, want, [&]([[maybe_unused]] auto* r) { return call; }                                \
     }
 
 // Null pointers come before kinds, kinds before lengths, signs and ranges, as each function has them.
 TEST(Objects, RefusalsInTheirOrder) {
     Bn one(Int(1)), two(Int(2)), zero(Int(0)), minus(Int(-1)), wide(Int("ffffffffffffffff"));
-    Bn tight(Int("ffffffff"), 1), ten(Int("100000000"), 2), q1(Int(5), 1);
+    Bn ten(Int("100000000"), 2), q1(Int(5), 1);
     Mont mont(Int(7)), mont2(Int("100000001"));
     BigNumState other{};
+    MontState stranger{};
     const unsigned word = 3, even = 4, words[2] = {1, 1};
+    unsigned n;
+    int size;
     const Refusal refusals[] = {
         REFUSAL(tavStsLengthErr, tavsSet_BN(1, 0, &word, r)),
         REFUSAL(tavStsOutOfRangeErr, tavsSet_BN(1, 2, words, r)),
@@ -176,16 +115,9 @@ TEST(Objects, RefusalsInTheirOrder) {
         REFUSAL(tavStsContextMatchErr, tavsAdd_BN(&other, one, r)),
         REFUSAL(tavStsNullPtrErr, tavsAdd_BN(&other, nullptr, r)),
         REFUSAL(tavStsOutOfRangeErr, tavsAdd_BN(wide, one, r)),
-        REFUSAL(tavStsOutOfRangeErr, tavsAdd_BN(tight, one, r)),
-        REFUSAL(tavStsOutOfRangeErr, tavsAdd_BN(r, r, r)),
-        REFUSAL(tavStsOutOfRangeErr, tavsSub_BN(tight, minus, r)),
         REFUSAL(tavStsOutOfRangeErr, tavsMul_BN(wide, one, r)),
-        REFUSAL(tavStsOutOfRangeErr, tavsMul_BN(tight, two, r)),
-        REFUSAL(tavStsOutOfRangeErr, tavsMul_BN(r, two, r)),
-        REFUSAL(tavStsOutOfRangeErr, tavsMul_BN(r, r, r)),
+        REFUSAL(tavStsOutOfRangeErr, tavsMul_BN(q1, q1, q1)), // a square in place
         REFUSAL(tavStsOutOfRangeErr, tavsMAC_BN_I(wide, one, r)),
-        REFUSAL(tavStsOutOfRangeErr, tavsMAC_BN_I(minus, tight, r)),
-        REFUSAL(tavStsOutOfRangeErr, tavsMAC_BN_I(r, two, r)),
         REFUSAL(tavStsOutOfRangeErr, tavsDiv_BN(one, wide, q1, r)),
         REFUSAL(tavStsDivByZeroErr, tavsDiv_BN(wide, zero, q1, r)),
         REFUSAL(tavStsOutOfRangeErr, tavsDiv_BN(wide, two, r, q1)),
@@ -199,12 +131,18 @@ TEST(Objects, RefusalsInTheirOrder) {
         REFUSAL(tavStsBadArgErr, tavsModInv_BN(zero, minus, r)),
         REFUSAL(tavStsBadModulusErr, tavsModInv_BN(one, zero, r)),
         REFUSAL(tavStsOperandRangeErr, tavsModInv_BN(two, two, r)),
+        REFUSAL(tavStsBadModulusErr, tavsMontSet(&even, 1, mont)),
+        REFUSAL(tavStsLengthErr, tavsMontSet(&even, 0, mont)),
+        REFUSAL(tavStsOutOfRangeErr, tavsMontSet(words, 2, mont)),
+        REFUSAL(tavStsNullPtrErr, tavsMontSet(nullptr, 2, mont)),
+        REFUSAL(tavStsContextMatchErr, tavsMontGet(&n, &size, &stranger)),
+        REFUSAL(tavStsDivByZeroErr, tavsDiv_64u32u(5, 0, 0, &n, &n)),
+        REFUSAL(tavStsOutOfRangeErr, tavsDiv_64u32u(5, 2, 2, &n, &n)),
+        REFUSAL(tavStsNullPtrErr, tavsDiv_64u32u(5, 2, 2, nullptr, &n)),
         REFUSAL(tavStsBadArgErr, tavsMontForm(minus, mont, r)),
         REFUSAL(tavStsOperandRangeErr, tavsMontForm(wide, mont2, r)),
-        REFUSAL(tavStsOutOfRangeErr, tavsMontForm(one, mont2, r)),
         REFUSAL(tavStsBadArgErr, tavsMontMul(wide, minus, mont, r)),
         REFUSAL(tavStsOperandRangeErr, tavsMontMul(one, wide, mont2, r)),
-        REFUSAL(tavStsOutOfRangeErr, tavsMontMul(one, one, mont2, r)),
         REFUSAL(tavStsOutOfRangeErr, tavsMontExp(minus, one, mont2, r)),
         REFUSAL(tavStsBadArgErr, tavsMontExp(one, minus, mont, r)),
         REFUSAL(tavStsOperandRangeErr, tavsMontExp(one, wide, mont, r)),
@@ -215,37 +153,9 @@ TEST(Objects, RefusalsInTheirOrder) {
         EXPECT_EQ(refusal.run(r), refusal.want);
         EXPECT_EQ(r.value(), Int("-ffffffff"));
     }
-    EXPECT_EQ(tavsMontSet(&even, 1, mont), tavStsBadModulusErr);
-    EXPECT_EQ(tavsMontSet(words, 0, mont), tavStsLengthErr);
-    EXPECT_EQ(tavsMontSet(&even, 0, mont), tavStsLengthErr);
-    EXPECT_EQ(tavsMontSet(words, 2, mont), tavStsOutOfRangeErr);
-    EXPECT_EQ(tavsMontSet(nullptr, 2, mont), tavStsNullPtrErr);
-    unsigned n[2];
-    int len;
-    EXPECT_EQ(tavsMontGet(n, &len, mont2), tavStsNoErr);
-    EXPECT_EQ(Int(n, static_cast<size_t>(len)), Int("100000001"));
-    EXPECT_EQ(tavsMontGet(n, &len, reinterpret_cast<MontState*>(static_cast<BigNumState*>(one))),
-              tavStsContextMatchErr);
-}
-
-// Products that need a word beyond a.size + b.size - 1 are refused, others fit.
-TEST(Objects, TightRoom) {
-    Bn a(Int("10000"), 1), r(1), s(Int("ffff"), 1);
-    EXPECT_EQ(tavsMul_BN(s, a, r), tavStsNoErr);
-    EXPECT_EQ(r.value(), Int("ffff0000"));
-    EXPECT_EQ(tavsMul_BN(a, s, s), tavStsNoErr);
-    EXPECT_EQ(s.value(), Int("ffff0000"));
-    EXPECT_EQ(tavsMAC_BN_I(a, a, s), tavStsOutOfRangeErr);
-    EXPECT_EQ(s.value(), Int("ffff0000"));
-    Bn minus(Int(-1), 1);
-    EXPECT_EQ(tavsMAC_BN_I(minus, s, s), tavStsNoErr);
-    EXPECT_EQ(s.value(), Int(0));
-    Bn low(Int("ffffffff"), 2), high(Int("ffffffff00000000"), 2);
-    EXPECT_EQ(tavsDiv_BN(high, low, r, a), tavStsOutOfRangeErr) << "the quotient is 2^32";
-    Bn less(Int("fffffffeffffffff"), 2);
-    EXPECT_EQ(tavsDiv_BN(less, low, r, a), tavStsNoErr);
-    EXPECT_EQ(r.value(), Int("ffffffff"));
-    EXPECT_EQ(a.value(), Int("fffffffe"));
+    unsigned modulus[2];
+    EXPECT_EQ(tavsMontGet(modulus, &size, mont2), tavStsNoErr);
+    EXPECT_EQ(Int(modulus, static_cast<size_t>(size)), Int("100000001"));
 }
 
 } // namespace

@@ -1,7 +1,9 @@
 #include "tests/gmp/operations.h"
-#include "tests/gmp/big_number.h"
-#include "tests/gmp/record.h"
+#include "tests/gmp/boxes.h"
 
+#include <bit>
+#include <filesystem>
+#include <fstream>
 #include <memory>
 #include <sstream>
 #include <tuple>
@@ -11,10 +13,11 @@ namespace {
 
 // Calls call(results, operands) with each result apart or in the place of an operand, and with one
 // place for two operands of one value. A result may be an operand itself, with the value in `results`:
-// then only operands of that value give it their place.
-template <class Box, class Call>
-Ints in_every_pattern(const Ints& results, const Ints& operands, bool update,
-                      const std::function<std::unique_ptr<Box>(const Int&)>& make, Call call) {
+// then only operands of that value give it their place. `size` is the room of every box, if it has one.
+template <class Box, class Call, class... Size>
+Ints in_every_pattern(const Ints& results, const Ints& operands, bool update, Call call,
+                      Size... size) {
+    const auto make = [=](const Int& x) { return std::make_unique<Box>(x, size...); };
     Ints first;
     const size_t places = operands.size() + 1; // 0 is apart
     size_t patterns = 1;
@@ -56,10 +59,6 @@ W as_word(const Int& x) {
     return static_cast<W>(x.negative ? -word(x) : word(x));
 }
 
-Int number(long long x) {
-    return Int(x);
-}
-
 // ---- Records ---------------------------------------------------------------------------------
 
 using Record = vor_mpz*;
@@ -75,9 +74,7 @@ Operation records(R (*f)(P...), bool update = false) {
         const auto operands = v.begin() + (update ? kResults : 0), words = operands + kOperands;
         const Ints results = update ? Ints(v.begin(), operands) : Ints(kResults);
         return in_every_pattern<Z>(
-            results, Ints(operands, words), update,
-            [](const Int& x) { return std::make_unique<Z>(x); },
-            [&](const auto& r, const auto& a) {
+            results, Ints(operands, words), update, [&](const auto& r, const auto& a) {
                 auto next_result = r.begin();
                 auto next_operand = a.begin();
                 auto next_word = words;
@@ -102,79 +99,73 @@ Operation queries(F... f) {
         Z x(v[0]);
         const auto ask = [&]<class R, class... P>(R (*g)(Value, P...)) {
             if constexpr ((std::is_same_v<P, Value> || ...))
-                return number(g(x, Z(v[1])));
+                return Int(g(x, Z(v[1])));
             else
-                return number(g(x, as_word<P>(v[1])...));
+                return Int(g(x, as_word<P>(v[1])...));
         };
         return Ints{ask(f)...};
     };
 }
 
+Ints compare_double(const Ints& v) {
+    uint64_t pattern = 0;
+    for (size_t i = v[1].words.size(); i-- > 0;) pattern = pattern << 32 | v[1].words[i];
+    Z x(v[0]);
+    return {Int(__gmpz_cmp_d(x, std::bit_cast<double>(pattern))),
+            Int(__gmpz_cmpabs_d(x, std::bit_cast<double>(pattern)))};
+}
+
 // ---- Limb arrays -------------------------------------------------------------------------------
 
-// What f leaves of n limbs, x at first, and above them the carry that it returns, all in poisoned
-// surroundings.
+// What f leaves of n limbs, x at first, with the carry that it returns above them.
 template <class F>
 Int row(size_t n, const Int& x, F f) {
-    Guarded<uint32_t> r(n);
-    std::fill(r.begin(), r.end(), 0);
-    std::copy(x.words.begin(), x.words.end(), r.begin());
-    const uint32_t carry = f(r.data());
-    EXPECT_TRUE(r.intact());
-    std::vector<uint32_t> result = r.copy();
-    result.push_back(carry);
-    return Int(result.data(), result.size());
+    Row r(x, n);
+    r.carry = f(static_cast<uint32_t*>(r));
+    return r.value();
 }
 
 // Sums and differences of a and b, and of b and a w, over the limbs of the longer one, by all that
 // form them.
 Ints limb_rows(const Ints& v) {
-    const Int &a = v[0], &b = v[1], none;
-    const size_t size = std::max({a.words.size(), b.words.size(), size_t{1}});
-    const int n = static_cast<int>(size);
+    const Int &a = v[0], &b = v[1];
+    const int n = std::max({a.size(), b.size(), 1});
+    const auto size = static_cast<size_t>(n);
     const uint32_t w = word(v[2]);
-    std::vector<uint32_t> x = a.words, y = b.words;
-    x.resize(size), y.resize(size);
-    const auto same = [&](const Int& first, std::initializer_list<Int> others) {
-        for (const Int& other : others) EXPECT_EQ(other, first);
-        return first;
+    Row x(a, size), y(b, size);
+    unsigned carry;
+    const auto in_place_too = [&](const Ints& operands, auto f) {
+        return in_every_pattern<Row>(
+            {Int()}, operands, false,
+            [&](const auto& r, const auto& z) { r[0]->carry = f(*r[0], z); }, size)[0];
     };
-    using Checked = TavStatus (*)(const unsigned*, const unsigned*, unsigned*, int, unsigned*);
-    using Row = unsigned (*)(unsigned*, const unsigned*, const unsigned*, int);
-    const auto sum = [&](Checked checked, Row f) {
-        return same(row(size, none, [&](auto* r) { return f(r, x.data(), y.data(), n); }),
-                    {row(size, a, [&](auto* r) { return f(r, r, y.data(), n); }),
-                     row(size, b, [&](auto* r) { return f(r, x.data(), r, n); }),
-                     row(size, none, [&](auto* r) {
-                         unsigned carry;
-                         EXPECT_EQ(checked(x.data(), y.data(), r, n, &carry), tavStsNoErr);
-                         return carry;
-                     })});
+    const auto sum = [&](auto f) {
+        return in_place_too({a, b}, [&](auto& r, auto& z) { return f(r, *z[0], *z[1], n); });
     };
     const auto with_word = [&](auto f) {
-        return same(row(size, none, [&](auto* r) { return f(r, x.data(), n, w); }),
-                    {row(size, a, [&](auto* r) { return f(r, r, n, w); })});
+        return in_place_too({a}, [&](auto& r, auto& z) { return f(r, *z[0], n, w); });
     };
-    const auto checked = [&](auto f, auto* r) {
-        unsigned carry;
-        f(x.data(), r, n, w, &carry);
-        return carry;
+    // r = f(r, a), in the layer that takes the carry by address.
+    const auto by_address = [&](const Int& start, auto f, uint32_t* z) {
+        return row(size, start, [&](auto* r) { return f(z ? z : r, r, n, w, &carry), carry; });
     };
-    return {sum(tavsAdd_BNU, __gmpn_add_n),
-            sum(tavsSub_BNU, __gmpn_sub_n),
-            with_word(__gmpn_add_1),
-            with_word(__gmpn_sub_1),
-            row(size, a,
-                [&](auto* r) {
-                    unsigned carry;
-                    EXPECT_EQ(tavsMulOne_BNU(r, r, n, w, &carry), tavStsNoErr);
-                    return carry;
-                }),
-            same(row(size, b, [&](auto* r) { return __gmpn_addmul_1(r, x.data(), n, w); }),
-                 {row(size, b, [&](auto* r) { return checked(tavsMACOne_BNU_I, r); })}),
-            same(row(size, b, [&](auto* r) { return __gmpn_submul_1(r, x.data(), n, w); }),
-                 {row(size, b, [&](auto* r) { return checked(cpSubMulDgt_BNU, r); })}),
-            number(__gmpn_cmp(x.data(), y.data(), n))};
+    const Ints results = {
+        sum(__gmpn_add_n),
+        sum(__gmpn_sub_n),
+        with_word(__gmpn_add_1),
+        with_word(__gmpn_sub_1),
+        by_address(a, tavsMulOne_BNU, nullptr),
+        row(size, b, [&](auto* r) { return __gmpn_addmul_1(r, x, n, w); }),
+        row(size, b, [&](auto* r) { return __gmpn_submul_1(r, x, n, w); }),
+        Int(__gmpn_cmp(x, y, n)),
+    };
+    EXPECT_EQ(row(size, a, [&](auto* r) { return tavsAdd_BNU(r, y, r, n, &carry), carry; }),
+              results[0]);
+    EXPECT_EQ(row(size, a, [&](auto* r) { return tavsSub_BNU(r, y, r, n, &carry), carry; }),
+              results[1]);
+    EXPECT_EQ(by_address(b, tavsMACOne_BNU_I, x), results[5]);
+    EXPECT_EQ(by_address(b, cpSubMulDgt_BNU, x), results[6]);
+    return results;
 }
 
 // The product by everything that forms it.
@@ -189,13 +180,12 @@ Ints limb_product(const Ints& v) {
     const Int result = product([&](auto* r) { __gmpn_mul(r, x, an, y, bn); });
     EXPECT_EQ(product([&](auto* r) { mpn_mul_basecase(r, y, bn, x, an); }), result);
     EXPECT_EQ(product([&](auto* r) { cpMul_BNU_FullSize(y, bn, x, an, r); }), result);
-    if (an == bn) {
-        EXPECT_EQ(product([&](auto* r) { __gmpn_mul_n(r, x, y, an); }), result);
-        EXPECT_EQ(product([&](auto* r) { vor_gmp_mul_n_kara(x, y, r, an); }), result);
-    }
+    if (an != bn) return {result};
+    EXPECT_EQ(product([&](auto* r) { __gmpn_mul_n(r, x, y, an); }), result);
+    EXPECT_EQ(product([&](auto* r) { vor_gmp_mul_n_kara(x, y, r, an); }), result);
     for (const auto& [n, multiply, square] : {std::tuple(4, &tavsMul_BNU4, &tavsSqr_BNU4),
                                               std::tuple(8, &tavsMul_BNU8, &tavsSqr_BNU8)}) {
-        if (an != n || bn != n) continue;
+        if (an != n) continue;
         EXPECT_EQ(product([&](auto* r) { multiply(x, y, r); }), result);
         EXPECT_EQ(product([&](auto* r) { square(x, r); }),
                   product([&](auto* r) { cpMul_BNU_FullSize(x, n, x, n, r); }));
@@ -213,35 +203,36 @@ Ints dft_product(const Ints& v) {
 
 Ints limb_addmul(const Ints& v) {
     const auto& [r, a, b] = std::tie(v[0], v[1], v[2]);
-    Guarded<uint32_t> out(std::max(r.words.size(), a.words.size() + b.words.size()) + 1);
-    std::copy(r.words.begin(), r.words.end(), out.begin());
-    const int n =
-        mpn_addmul(out.data(), r.size(), a.words.data(), a.size(), b.words.data(), b.size());
-    EXPECT_TRUE(out.intact());
-    EXPECT_TRUE(n == 0 || out[static_cast<size_t>(n) - 1] != 0);
-    return {Int(out.data(), static_cast<size_t>(n))};
+    Row out(r, std::max(r.words.size(), a.words.size() + b.words.size()) + 1);
+    const int n = mpn_addmul(out, r.size(), a.words.data(), a.size(), b.words.data(), b.size());
+    EXPECT_TRUE(n == 0 || out[n - 1] != 0);
+    return {Int(out, static_cast<size_t>(n))};
+}
+
+// Two limbs by one and three by two, the quotient being one limb.
+uint32_t inverse(uint32_t d) {
+    return d == 0x80000000u ? ~0u : mpl_udiv_qqrnnd(0 - d, 0, d);
+}
+
+Ints divide_2_by_1(const Ints& v) {
+    const Row n(v[0], 2);
+    const uint32_t d = word(v[1]), low = n[0], high = n[1];
+    unsigned q, r;
+    EXPECT_EQ(tavsDiv_64u32u(low, high, d, &q, &r), tavStsNoErr);
+    EXPECT_EQ(mpl_udiv_qqrnnd(high, low, d), q);
+    EXPECT_EQ(cpDiv64u32u(low, high, d), uint64_t{r} << 32 | q);
+    uint32_t rest = r;
+    EXPECT_TRUE(d >> 31 == 0 || vor_gmp_udiv_qrnnd_preinv(&rest, high, low, d, inverse(d)) == q);
+    EXPECT_EQ(rest, r);
+    return {Int(q), Int(r)};
+}
+
+Ints divide_3_by_2(const Ints& v) {
+    const Row n(v[0], 3), d(v[1], 2);
+    return {Int(mpl_divq_3_by_2(n + 2, d[1], d[0], inverse(d[1])))};
 }
 
 // ---- Division ----------------------------------------------------------------------------------
-
-struct Family {
-    void (*qr)(Record, Record, Value, Value);
-    void (*q)(Record, Value, Value);
-    void (*r)(Record, Value, Value);
-    unsigned (*qr_ui)(Record, Record, Value, unsigned);
-    unsigned (*q_ui)(Record, Value, unsigned);
-    unsigned (*r_ui)(Record, Value, unsigned);
-    unsigned (*ui)(Value, unsigned);
-    void (*q_2exp)(Record, Value, unsigned);
-    void (*r_2exp)(Record, Value, unsigned);
-};
-
-#define FAMILY(letter)                                                                             \
-    {                                                                                              \
-        __gmpz_##letter##div_qr, __gmpz_##letter##div_q, __gmpz_##letter##div_r,                   \
-            __gmpz_##letter##div_qr_ui, __gmpz_##letter##div_q_ui, __gmpz_##letter##div_r_ui,      \
-            __gmpz_##letter##div_ui, __gmpz_##letter##div_q_2exp, __gmpz_##letter##div_r_2exp      \
-    }
 
 // The two results of f, which q and r give one by one.
 template <class QR, class Q>
@@ -252,18 +243,27 @@ Ints parts(QR qr, Q q, Q r, const Ints& v) {
     return result;
 }
 
-Ints divide(const Family& f, const Ints& v) {
-    const Ints result = parts(f.qr, f.q, f.r, v);
-    if (v[1].size() == 1 && !v[1].negative) {
-        EXPECT_EQ(parts(f.qr_ui, f.q_ui, f.r_ui, v), result);
+// A family by records, and where the divisor is a word by that, with the magnitude of the remainder.
+template <class QR, class Q, class QRWord, class QWord>
+Operation division(QR qr, Q q, Q r, QRWord qr_ui, QWord q_ui, QWord r_ui,
+                   unsigned (*ui)(Value, unsigned)) {
+    return [=](const Ints& v) {
+        const Ints result = parts(qr, q, r, v);
+        if (v[1].size() != 1 || v[1].negative) return result;
+        EXPECT_EQ(parts(qr_ui, q_ui, r_ui, v), result);
         const uint32_t d = word(v[1]), magnitude = word(result[1]);
-        Z n(v[0]), q, r;
-        EXPECT_EQ(f.qr_ui(q, r, n, d), magnitude);
-        EXPECT_EQ(f.q_ui(q, n, d), magnitude);
-        EXPECT_EQ(f.r_ui(r, n, d), magnitude);
-        EXPECT_EQ(f.ui(n, d), magnitude);
-    }
-    return result;
+        Z n(v[0]), x, y;
+        EXPECT_EQ(qr_ui(x, y, n, d), magnitude);
+        EXPECT_EQ(q_ui(x, n, d), magnitude);
+        EXPECT_EQ(r_ui(y, n, d), magnitude);
+        EXPECT_EQ(ui(n, d), magnitude);
+        return result;
+    };
+}
+
+template <class F>
+Operation shifts(F q, F r) {
+    return [=](const Ints& v) { return Ints{records(q)(v)[0], records(r)(v)[0]}; };
 }
 
 // The remainder, and what follows from it for the divisibility of n by d and a congruence.
@@ -296,38 +296,66 @@ Ints modulo_2exp(const Ints& v) {
 
 // ---- The big-number layer ----------------------------------------------------------------------
 
+// In plenty of room, in the least that holds operands and results and is not less than `least`, and in
+// one word less, where the call is refused and leaves the results as they were.
 template <class Call>
-Ints objects(const Ints& results, const Ints& operands, int room, Call call, bool update = false) {
-    return in_every_pattern<Bn>(
-        results, operands, update,
-        [=](const Int& x) { return std::make_unique<Bn>(x, std::max(room, 1)); },
-        [&](const auto& r, const auto& a) { EXPECT_EQ(call(r, a), tavStsNoErr); });
-}
-
-// r = f(a, b) in room for the longer operand and `more` words.
-template <auto F>
-Operation on_objects(int more) {
-    return [=](const Ints& v) {
-        return objects({Int()}, v, std::max({v[0].size(), v[1].size(), 1}) + more,
-                       [](const auto& r, const auto& a) { return F(*a[0], *a[1], *r[0]); });
+Ints objects(const Ints& results, const Ints& operands, int least, Call call, bool update = false) {
+    const auto in_room = [&](int room, auto run) {
+        return in_every_pattern<Bn>(results, operands, update, run, room);
     };
+    const auto accepted = [&](const auto& r, const auto& a) { EXPECT_EQ(call(r, a), tavStsNoErr); };
+    const auto refused = [&](const auto& r, const auto& a) {
+        Ints before;
+        for (Bn* x : r) before.push_back(x->value());
+        EXPECT_EQ(call(r, a), tavStsOutOfRangeErr);
+        for (size_t j = 0; j < r.size(); ++j) EXPECT_EQ(r[j]->value(), before[j]);
+        for (Bn* x : r) x->set(Int()); // the same in every pattern
+    };
+    int longest = 1, sum = 2;
+    for (const Ints& values : {results, operands})
+        for (const Int& x : values) longest = std::max(longest, x.size()), sum += x.size();
+    const Ints got = in_room(std::max(sum, least), accepted);
+    least = std::max(least, longest);
+    for (const Int& x : got) least = std::max(least, x.size());
+    EXPECT_EQ(in_room(least, accepted), got);
+    // A square needs more only in place; an update that subtracts does not tell what falls off.
+    const bool square = operands.size() == 2 && operands[0] == operands[1];
+    const bool subtracts =
+        update && (operands[0].negative != operands[1].negative) != results[0].negative;
+    if (least > longest && !square && !subtracts) in_room(least - 1, refused);
+    return got;
 }
 
-Ints bn_multiply_add(const Ints& v) {
-    const int room = std::max(v[0].size() + v[1].size(), v[2].size()) + 2;
+// r = f(a, b), or q and r, or r = f(a, b, r) of three values.
+template <auto F, bool product = false>
+Ints on_objects(const Ints& v) {
+    using B = BigNumState*;
+    constexpr bool kTwoResults = std::is_invocable_v<decltype(F), B, B, B, B>;
+    const bool update = v.size() == 3;
+    const Ints operands(v.begin(), v.begin() + 2);
+    // A product needs room for all of its words but the top one, a square in place for that too.
+    const int words = std::max(v[0].size(), 1) + std::max(v[1].size(), 1);
     return objects(
-        {v[2]}, {v[0], v[1]}, room,
-        [](const auto& r, const auto& a) { return tavsMAC_BN_I(*a[0], *a[1], *r[0]); }, true);
+        update ? Ints{v[2]} : Ints(1 + kTwoResults), operands, product ? words - (v[0] != v[1]) : 1,
+        [](const auto& r, const auto& a) {
+            if constexpr (kTwoResults)
+                return F(*a[0], *a[1], *r[0], *r[1]);
+            else
+                return F(*a[0], *a[1], *r[0]);
+        },
+        update);
 }
 
-Ints bn_divide(const Ints& v) {
-    return objects(
-        Ints(2), v, std::max(v[0].size(), v[1].size()),
-        [](const auto& r, const auto& a) { return tavsDiv_BN(*a[0], *a[1], *r[0], *r[1]); });
+Ints bn_compare(const Ints& v) {
+    Bn a(v[0]), b(v[1]);
+    unsigned with_b, with_zero;
+    EXPECT_EQ(tavsCmp_BN(a, b, &with_b), tavStsNoErr);
+    EXPECT_EQ(tavsCmpZero_BN(a, &with_zero), tavStsNoErr);
+    return {Int(with_b), Int(with_zero)};
 }
 
 Ints bn_inverse(const Ints& v) {
-    Bn a(v[0]), m(v[1]), r(v[1].size());
+    Bn a(v[0]), m(v[1]), r(Int(), v[1].size());
     const TavStatus status = tavsModInv_BN(a, m, r);
     EXPECT_EQ(a.value(), v[0]);
     EXPECT_EQ(m.value(), v[1]) << "the modulus is rebuilt";
@@ -336,18 +364,21 @@ Ints bn_inverse(const Ints& v) {
     return {r.value()};
 }
 
-// r = f(a, modulus, r) or f(a, b, modulus, r), the modulus first among the values.
-template <class Call>
-Operation residues(Call call) {
-    return [=](const Ints& v) {
-        Mont mont(v[0]);
-        return objects({Int()}, Ints(v.begin() + 1, v.end()), v[0].size(),
-                       [&](const auto& r, const auto& a) { return call(a, mont, *r[0]); });
-    };
+// r = f(a, modulus) or f(a, b, modulus), the modulus first among the values.
+template <auto F>
+Ints residues(const Ints& v) {
+    Mont mont(v[0]);
+    const Ints operands(v.begin() + 1, v.end());
+    return objects({Int()}, operands, v[0].size(), [&](const auto& r, const auto& a) {
+        if constexpr (std::is_invocable_v<decltype(F), BigNumState*, MontState*, BigNumState*>)
+            return F(*a[0], mont, *r[0]);
+        else
+            return F(*a[0], *a[1], mont, *r[0]);
+    });
 }
 
 std::map<std::string, Operation> all_operations() {
-    std::map<std::string, Operation> all = {
+    return {
         {"add", records(__gmpz_add)},
         {"sub", records(__gmpz_sub)},
         {"mul", records(__gmpz_mul)},
@@ -376,8 +407,11 @@ std::map<std::string, Operation> all_operations() {
         {"limb_product", limb_product},
         {"limb_addmul", limb_addmul},
         {"dft_product", dft_product},
+        {"divide_2_by_1", divide_2_by_1},
+        {"divide_3_by_2", divide_3_by_2},
         {"compare", queries(__gmpz_cmp, __gmpz_cmpabs, __gmpz_sgn)},
         {"compare_word", queries(__gmpz_cmp_ui, __gmpz_cmpabs_ui)},
+        {"compare_double", compare_double},
         {"compare_signed", queries(__gmpz_cmp_si)},
         {"fits", queries(__gmpz_fits_sint_p, __gmpz_fits_uint_p, __gmpz_fits_slong_p,
                          __gmpz_fits_ulong_p, __gmpz_fits_sshort_p, __gmpz_fits_ushort_p)},
@@ -386,41 +420,32 @@ std::map<std::string, Operation> all_operations() {
         {"bit", queries(__gmpz_tstbit, __gmpz_scan0, __gmpz_scan1)},
         {"popcount", queries(__gmpz_popcount)},
         {"hamdist", queries(__gmpz_hamdist)},
+        {"tdiv", division(__gmpz_tdiv_qr, __gmpz_tdiv_q, __gmpz_tdiv_r, __gmpz_tdiv_qr_ui,
+                          __gmpz_tdiv_q_ui, __gmpz_tdiv_r_ui, __gmpz_tdiv_ui)},
+        {"tdiv_2exp", shifts(__gmpz_tdiv_q_2exp, __gmpz_tdiv_r_2exp)},
+        {"fdiv", division(__gmpz_fdiv_qr, __gmpz_fdiv_q, __gmpz_fdiv_r, __gmpz_fdiv_qr_ui,
+                          __gmpz_fdiv_q_ui, __gmpz_fdiv_r_ui, __gmpz_fdiv_ui)},
+        {"fdiv_2exp", shifts(__gmpz_fdiv_q_2exp, __gmpz_fdiv_r_2exp)},
+        {"cdiv", division(__gmpz_cdiv_qr, __gmpz_cdiv_q, __gmpz_cdiv_r, __gmpz_cdiv_qr_ui,
+                          __gmpz_cdiv_q_ui, __gmpz_cdiv_r_ui, __gmpz_cdiv_ui)},
+        {"cdiv_2exp", shifts(__gmpz_cdiv_q_2exp, __gmpz_cdiv_r_2exp)},
         {"div_magnitudes",
          [](const Ints& v) { return parts(vor_gmp_div_qr, vor_gmp_div_q, vor_gmp_div_r, v); }},
         {"mod", modulo},
         {"mod_2exp", modulo_2exp},
-        {"bn_add", on_objects<tavsAdd_BN>(1)},
-        {"bn_sub", on_objects<tavsSub_BN>(1)},
-        {"bn_mod", on_objects<tavsMod_BN>(0)},
-        {"bn_gcd", on_objects<tavsGcd_BN>(0)},
-        {"bn_mul",
-         [](const Ints& v) {
-             const int more = std::min(v[0].size(), v[1].size());
-             return on_objects<tavsMul_BN>(std::max(more, 1))(v);
-         }},
-        {"bn_mac", bn_multiply_add},
-        {"bn_div", bn_divide},
+        {"bn_add", on_objects<tavsAdd_BN>},
+        {"bn_sub", on_objects<tavsSub_BN>},
+        {"bn_mod", on_objects<tavsMod_BN>},
+        {"bn_gcd", on_objects<tavsGcd_BN>},
+        {"bn_mul", on_objects<tavsMul_BN, true>},
+        {"bn_mac", on_objects<tavsMAC_BN_I, true>},
+        {"bn_div", on_objects<tavsDiv_BN>},
+        {"bn_compare", bn_compare},
         {"bn_modinv", bn_inverse},
-        {"mont_form", residues([](const auto& a, MontState* n, BigNumState* r) {
-             return tavsMontForm(*a[0], n, r);
-         })},
-        {"mont_mul", residues([](const auto& a, MontState* n, BigNumState* r) {
-             return tavsMontMul(*a[0], *a[1], n, r);
-         })},
-        {"mont_exp", residues([](const auto& a, MontState* n, BigNumState* r) {
-             return tavsMontExp(*a[0], *a[1], n, r);
-         })},
+        {"mont_form", residues<tavsMontForm>},
+        {"mont_mul", residues<tavsMontMul>},
+        {"mont_exp", residues<tavsMontExp>},
     };
-    static constexpr std::pair<const char*, Family> kFamilies[] = {
-        {"tdiv", FAMILY(t)}, {"fdiv", FAMILY(f)}, {"cdiv", FAMILY(c)}};
-    for (const auto& [name, f] : kFamilies) {
-        all[name] = [&family = f](const Ints& v) { return divide(family, v); };
-        all[std::string(name) + "_2exp"] = [&family = f](const Ints& v) {
-            return Ints{records(family.q_2exp)(v)[0], records(family.r_2exp)(v)[0]};
-        };
-    }
-    return all;
 }
 
 std::string digests(const Ints& values) {
@@ -434,6 +459,11 @@ std::string digests(const Ints& values) {
 const std::map<std::string, Operation>& operations() {
     static const auto all = all_operations();
     return all;
+}
+
+void for_each_case(const std::function<void(const std::string&)>& f) {
+    std::ifstream file(std::filesystem::path(__FILE__).parent_path() / "cases.txt");
+    for (std::string line; !::testing::Test::HasFailure() && std::getline(file, line);) f(line);
 }
 
 std::string run_case(const std::string& line) {

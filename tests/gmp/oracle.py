@@ -9,9 +9,11 @@ rnd(seed,bits), a number of exactly that many bits from SplitMix64; or a product
 or subtracted behind it; a minus may stand in front of the whole. A large result stands for itself by
 its sign, its length in bits and its residues modulo three word primes.
 """
+import itertools
 import math
 import random
 import signal
+import struct
 import sys
 
 PRIMES = (4294967291, 4294967279, 4294967231)
@@ -75,8 +77,22 @@ def montgomery(f):
     return operation
 
 
+def double(pattern):
+    """Of these 64 bits, as comparisons take it: not normal counts as 0."""
+    d = struct.unpack("d", struct.pack("Q", pattern))[0]
+    return d if sys.float_info.min <= abs(d) < math.inf else 0.0
+
+
+def pattern(d):
+    return "%x" % struct.unpack("Q", struct.pack("d", d))
+
+
+def order(x, y):
+    return (x > y) - (x < y)
+
+
 def sign(x):
-    return (x > 0) - (x < 0)
+    return order(x, 0)
 
 
 def limb_rows(a, b, w):
@@ -93,22 +109,17 @@ def first_one(a, i):
     return i + (rest & -rest).bit_length() - 1 if rest else WORD
 
 
-OPERATIONS = {
-    "bn_add": lambda a, b: [a + b],
-    "bn_sub": lambda a, b: [a - b],
-    "bn_mul": lambda a, b: [a * b],
+OPERATIONS = {name: f for names, f in {
+    "add add_ui bn_add": lambda a, b: [a + b],
+    "sub sub_ui bn_sub": lambda a, b: [a - b],
+    "ui_sub": lambda a, v: [v - a],
+    "mul mul_ui mul_si bn_mul limb_product dft_product": lambda a, b: [a * b],
+    "mul_2exp": lambda a, k: [a << k],
+    "pow_ui ui_pow_ui": lambda a, e: [a ** e],
+    "addmul addmul_ui limb_addmul": lambda r, a, b: [r + a * b],
+    "submul submul_ui": lambda r, a, b: [r - a * b],
     "bn_mac": lambda a, b, c: [c + a * b],
-    "bn_div": truncate,
-    "bn_mod": lambda a, m: [a % m],
-    "bn_gcd": lambda a, b: [math.gcd(a, b)],
-    "bn_modinv": lambda a, m: [pow(a, -1, m) if math.gcd(a, m) == 1 else 0],
-    "mont_form": montgomery(lambda n, R, a: a * R % n),
-    "mont_mul": montgomery(lambda n, R, a, b: a * b * pow(R, -1, n) % n),
-    # The first power is x itself, also where x = n.
-    "mont_exp": montgomery(lambda n, R, x, e: x if e == 1 else pow(x * pow(R, -1, n), e, n) * R % n),
-    "add": lambda a, b: [a + b],
-    "sub": lambda a, b: [a - b],
-    "mul": lambda a, b: [a * b],
+    "limb_rows": limb_rows,
     "and": lambda a, b: [a & b],
     "ior": lambda a, b: [a | b],
     "xor": lambda a, b: [a ^ b],
@@ -116,25 +127,11 @@ OPERATIONS = {
     "neg": lambda a: [-a],
     "abs": lambda a: [abs(a)],
     "com": lambda a: [~a],
-    "add_ui": lambda a, v: [a + v],
-    "sub_ui": lambda a, v: [a - v],
-    "ui_sub": lambda a, v: [v - a],
-    "mul_ui": lambda a, v: [a * v],
-    "mul_si": lambda a, v: [a * v],
-    "mul_2exp": lambda a, k: [a << k],
-    "pow_ui": lambda a, e: [a ** e],
-    "ui_pow_ui": lambda v, e: [v ** e],
-    "addmul": lambda r, a, b: [r + a * b],
-    "submul": lambda r, a, b: [r - a * b],
-    "addmul_ui": lambda r, a, v: [r + a * v],
-    "submul_ui": lambda r, a, v: [r - a * v],
-    "limb_rows": limb_rows,
-    "limb_product": lambda a, b: [a * b],
-    "dft_product": lambda a, b: [a * b],
-    "limb_addmul": lambda r, a, b: [r + a * b],
     "compare": lambda a, b: [sign(a - b), sign(abs(a) - abs(b)), sign(a)],
     "compare_word": lambda a, v: [sign(a - v), sign(abs(a) - v)],
+    "compare_double": lambda a, p: [order(a, double(p)), order(abs(a), abs(double(p)))],
     "compare_signed": lambda a, v: [sign(a - v)],
+    "bn_compare": lambda a, b: [sign(a - b) % 3, sign(a) % 3],
     "fits": lambda a: [int(low <= a <= high) for low, high in (
         *[(-1 << 31, (1 << 31) - 1), (0, WORD)] * 2, (-1 << 15, (1 << 15) - 1), (0, (1 << 16) - 1))],
     "low_word": lambda a: [abs(a) & WORD, (sign(a) * (abs(a) & WORD) + (1 << 31) & WORD) - (1 << 31),
@@ -145,34 +142,39 @@ OPERATIONS = {
     "clrbit": lambda a, i: [a & ~(1 << i)],
     "bit": lambda a, i: [a >> i & 1, first_one(~a, i), first_one(a, i)],
     "popcount": lambda a: [WORD if a < 0 else bin(a).count("1")],
-    "tdiv": truncate,
-    "fdiv": lambda n, d: list(divmod(n, d)),
+    "hamdist": lambda a, b: [WORD if (a < 0) != (b < 0) else bin(a ^ b).count("1")],
+    "tdiv bn_div": truncate,
+    "fdiv divide_2_by_1": lambda n, d: list(divmod(n, d)),
     "cdiv": lambda n, d: [-(-n // d), n + -n // d * d],
     "tdiv_2exp": lambda n, k: truncate(n, 1 << k),
     "fdiv_2exp": lambda n, k: [n >> k, n & (1 << k) - 1],
     "cdiv_2exp": lambda n, k: [-(-n >> k), n + (-n >> k << k)],
     "div_magnitudes": lambda n, d: list(divmod(abs(n), abs(d))),
-    "mod": lambda n, d: [n % abs(d)],
+    "divide_3_by_2": lambda n, d: [n // d],
+    "mod bn_mod": lambda n, d: [n % abs(d)],
     "mod_2exp": lambda n, k: list(divmod(abs(n), 1 << k)),
-    "hamdist": lambda a, b: [WORD if (a < 0) != (b < 0) else bin(a ^ b).count("1")],
-}
+    "bn_gcd": lambda a, b: [math.gcd(a, b)],
+    "bn_modinv": lambda a, m: [pow(a, -1, m) if math.gcd(a, m) == 1 else 0],
+    "mont_form": montgomery(lambda n, R, a: a * R % n),
+    "mont_mul": montgomery(lambda n, R, a, b: a * b * pow(R, -1, n) % n),
+    # The first power is x itself, also where x = n.
+    "mont_exp": montgomery(lambda n, R, x, e: x if e == 1 else pow(x * pow(R, -1, n), e, n) * R % n),
+}.items() for name in names.split()}
 
 
 # ---- Cases ---------------------------------------------------------------------------------------
 
-class Seeds:
-    """Fresh seeds, the same in every run."""
-    def __init__(self):
-        self.last = 0
-
-    def rnd(self, bits):
-        self.last += 1
-        return "rnd(%d,%d)" % (self.last, bits)
+seeds = itertools.count(1)
 
 
-def shapes(seeds, words):
+def fresh(bits):
+    """Random numbers, the same in every run."""
+    return "rnd(%d,%d)" % (next(seeds), bits)
+
+
+def shapes(words):
     """Operands of so many words: all ones, one bit, random."""
-    return ["ones(%d)" % (32 * words), "bit(%d)" % (32 * words - 1), seeds.rnd(32 * words - 7)]
+    return ["ones(%d)" % (32 * words), "bit(%d)" % (32 * words - 1), fresh(32 * words - 7)]
 
 
 def signed(a, b):
@@ -211,6 +213,22 @@ def chosen_cases():
             for k in ("e", "f", "10", "1f", "20", "21"):
                 for op in ("bit", "setbit", "clrbit"):
                     yield op, y, k
+    tiny, largest = 5e-324, sys.float_info.max
+    for a, d in (("2", 2.5), ("3", 2.5), ("-2", -2.5), ("-3", -2.5), ("-2", 2.0), ("0", 0.25), ("0", -0.25),
+                 ("1", 0.75), ("1", 1.5), ("0", -0.0), ("0", tiny), ("1", tiny), ("5", math.inf), ("-5", math.inf),
+                 ("0", math.inf), ("5", math.nan), ("bit(51)", 2**51 + 0.5), ("bit(53)+1", 2.0**53),
+                 ("bit(1023)-1", 2.0**1023), ("bit(1023)+1", 2.0**1023), ("ones(1024)", largest)):
+        yield "compare_double", a, pattern(d)
+    for a in ("1", "2", "bit(52)", "bit(1023)", "ones(53)*bit(971)", "ones(53)*bit(31)", "-ones(53)*bit(11)"):
+        yield "compare_double", a, pattern(float(parse(a)))
+    for d in (1, 3, 10, 1 << 31, (1 << 31) + 1, 3 << 30, WORD):
+        for high in (0, d // 2, d - 1):
+            for low in (0, 1, d - 1, d, WORD):
+                yield "divide_2_by_1", "%x" % (high << 32 | low), "%x" % d
+    for d in ("bit(63)", "bit(63)+ones(32)", "ones(64)", "c000000000000001"):
+        for q in ("1", "fffffffe", "ones(32)"):
+            for n in multiples(q, d):
+                yield "divide_3_by_2", n, d
     # Moduli and residues at which sums carry; logic whose result needs one bit more.
     for words in (1, 2, 3, 8, 16):
         for n in ("ones(%d)" % (32 * words), "bit(%d)+1" % (32 * words - 1)):
@@ -223,19 +241,20 @@ def chosen_cases():
     for n in (1, 2, 8, 9):
         for a, b in (("ones", "ones"), ("ones", "bit"), ("bit", "bit")):
             for x, y in signed("%s(%d)" % (a, 32 * n), "%s(%d)" % (b, 32 * n - 1)):
-                for op in ("and", "ior", "xor", "hamdist", "compare", "add", "sub"):
+                for op in ("and", "ior", "xor", "hamdist", "compare", "add", "sub", "bn_compare"):
                     yield op, x, y
     # Equal but for the lowest limb; all ones plus one; a difference that loses all limbs but one.
     for n in (2, 9, 33):
         x = rnd(n, 32 * n)
         yield "sub", "%x" % x, "%x" % (x ^ 1)
+        yield "bn_div", "bit(%d)" % (32 * n), "bit(%d)" % (32 * n)
         yield "add", "ones(%d)" % (32 * n), "1"
         yield "sub", "bit(%d)" % (32 * n), "ones(%d)" % (32 * n)
         yield "limb_addmul", "ones(%d)" % (64 * n), "ones(%d)" % (32 * n), "ones(%d)" % (32 * n)
         yield "limb_addmul", "ones(%d)" % (128 * n), "1", "ones(%d)" % (32 * n)
 
 
-def product_cases(seeds):
+def product_cases():
     # Both sides of the schoolbook limits, odd and even halves on each level of recursion, the sizes
     # at which scratch leaves the stack.
     equal = [1, 2, 3, 4, 8, 15, 16, 17, 18, 19, 31, 32, 33, 34, 35, 63, 64, 65, 66, 67, 127, 128, 129,
@@ -245,16 +264,16 @@ def product_cases(seeds):
                (300, 17), (200, 99)]
     for n in range(1, 41):
         for w in ("0", "1", "80000000", "ffffffff"):
-            yield "limb_rows", seeds.rnd(32 * n), seeds.rnd(32 * n), w
+            yield "limb_rows", fresh(32 * n), fresh(32 * n), w
         yield "limb_rows", "ones(%d)" % (32 * n), "1", "ffffffff"
     lengths = [*range(1, 37), 63, 64, 90]
     for n in lengths:
         for m in lengths:
             if m <= n:
-                yield "limb_product", seeds.rnd(32 * n), ("ones(%d)" % (32 * m), seeds.rnd(32 * m))[n % 2]
+                yield "limb_product", fresh(32 * n), ("ones(%d)" % (32 * m), fresh(32 * m))[n % 2]
     for n, m in [(n, n) for n in equal] + unequal:
-        for a, b in zip(shapes(seeds, n) + ["ones(%d)" % (32 * n)],
-                        shapes(seeds, m) + [seeds.rnd(32 * m)]):
+        for a, b in zip(shapes(n) + ["ones(%d)" % (32 * n)],
+                        shapes(m) + [fresh(32 * m)]):
             yield "limb_product", a, b
             yield "mul", "-" + a, b
         yield "mul", "ones(%d)" % (32 * n), "bit(%d)" % (32 * m - 1)
@@ -291,14 +310,14 @@ def long_cases():
             yield "tdiv", long_operands(n, i), long_operands(m, (i + 1) % 5)
 
 
-def short_quotient_cases(seeds):
+def short_quotient_cases():
     """Estimates from truncated operands that are too large: by one for q d - 1, as only the exact
     product tells, by two for d = (2^31, 0, ..., ones) and q near the largest; ones by the d just above
     ones / q has a product longer than the numerator."""
     for qn in range(9):
         for dn in (33, 40, 53):
             for bits in (0, 7, 31):
-                q, d = "%x" % (parse(seeds.rnd(32 * qn + 33)) >> bits), seeds.rnd(32 * dn - bits)
+                q, d = "%x" % (parse(fresh(32 * qn + 33)) >> bits), fresh(32 * dn - bits)
                 for n in (q + "*" + d, q + "*" + d + "-1"):
                     yield "div_magnitudes", n, d
                 ones = "ones(%d)" % (32 * (dn + qn))
@@ -311,7 +330,7 @@ def short_quotient_cases(seeds):
 DIVISIONS = ("tdiv", "fdiv", "cdiv", "div_magnitudes", "mod")
 
 
-def division_cases(seeds):
+def division_cases():
     for n, d in (x for pair in (("7", "2"), ("6", "3"), ("2", "7"), ("1", "1")) for x in signed(*pair)):
         for op in DIVISIONS:
             yield op, n, d
@@ -319,7 +338,7 @@ def division_cases(seeds):
     word_divisors = ("1", "2", "10000", "80000000", "3", "ffffffff", "80000001", "fffffffe", "a")
     turn = 0
     for words in (1, 2, 3, 9):
-        for n in shapes(seeds, words) + ["0"]:
+        for n in shapes(words) + ["0"]:
             for d in word_divisors:
                 turn += 1
                 for x, y in signed(n, d)[turn % 2::2]:
@@ -334,13 +353,13 @@ def division_cases(seeds):
              (64, 64), (65, 65), (64, 71), (64, 72), (64, 73), (66, 141), (127, 300), (128, 128),
              (130, 9), (255, 17), (256, 256), (260, 3)]
     for dn, qn in sizes:
-        divisors = shapes(seeds, dn) + [seeds.rnd(32 * dn), "ones(%d)" % (32 * dn - 31),
+        divisors = shapes(dn) + [fresh(32 * dn), "ones(%d)" % (32 * dn - 31),
                                         "bit(%d)+ones(%d)" % (32 * dn - 1, 16 * dn)]
-        quotients = ["ones(%d)" % (32 * qn), seeds.rnd(32 * qn + 1), seeds.rnd(max(32 * qn - 20, 1))]
+        quotients = ["ones(%d)" % (32 * qn), fresh(32 * qn + 1), fresh(max(32 * qn - 20, 1))]
         for i, d in enumerate(divisors):
             q = quotients[i % 3] if qn else "1"
             numbers = multiples(q, d) if "+" not in d else []
-            numbers += [seeds.rnd(32 * (dn + qn)), "ones(%d)" % (32 * (dn + qn))]
+            numbers += [fresh(32 * (dn + qn)), "ones(%d)" % (32 * (dn + qn))]
             for n in numbers:
                 turn += 1
                 x, y = signed(n, d)[turn % 4]
@@ -396,6 +415,7 @@ KINDS = {
     "s": lambda x, n: x.sign() + x.small(31),
     "k": lambda x, n: x.small(12) if x.below(12) else "0",
     "e": lambda x, n: x.small(5) if x.below(12) else "0",
+    "d": lambda x, n: "%x" % (x.below(1 << 12) << 52 | x.below(1 << 52)),
     "b": lambda x, n: ("2", "4", "8", "10", "20")[x.below(5)],
 }
 OPERANDS = {kinds: names.split() for kinds, names in {
@@ -403,7 +423,7 @@ OPERANDS = {kinds: names.split() for kinds, names in {
     "zw": "add_ui sub_ui ui_sub mul_ui compare_word",
     "zs": "mul_si compare_signed",
     "zk": "mul_2exp setbit clrbit bit tdiv_2exp fdiv_2exp cdiv_2exp mod_2exp",
-    "zb": "size_in_power_of_two", "we": "ui_pow_ui", "ye": "pow_ui",
+    "zd": "compare_double", "zb": "size_in_power_of_two", "we": "ui_pow_ui", "ye": "pow_ui",
     "zzw": "addmul_ui submul_ui", "zzz": "addmul submul bn_mac",
     "ppw": "limb_rows", "ppp": "limb_addmul", "pp": "limb_product dft_product",
 }.items()}
@@ -414,6 +434,9 @@ def random_case(x):
     longest = (10, 70, 700)[x.below(24) // 11]
     if op in DIVISIONS or op in ("bn_div", "bn_mod"):
         return (op, *x.divided(longest, "" if op == "bn_mod" else x.sign()))
+    if op.startswith("divide_"):
+        d = 1 << 63 | x.below(1 << 63) if op == "divide_3_by_2" else parse(x.small(32))
+        return op, "%x" % (x.below(d << 32)), "%x" % d
     if op == "bn_gcd":
         g = "*" + x.positive(10)
         return op, x.sign() + x.positive(30) + g, x.positive(30) + g
@@ -432,9 +455,9 @@ def answered(case):
 
 
 def table():
-    seeds, operands = Seeds(), Operands(1)
-    yield from dict.fromkeys([*chosen_cases(), *product_cases(seeds), *long_cases(),
-                              *division_cases(seeds), *short_quotient_cases(seeds)])
+    operands = Operands(1)
+    yield from dict.fromkeys([*chosen_cases(), *product_cases(), *long_cases(),
+                              *division_cases(), *short_quotient_cases()])
     for _ in range(4000):
         yield random_case(operands)
 
