@@ -110,16 +110,23 @@ TavStatus tavsMAC_BN_I(const BigNumState* a, const BigNumState* b, BigNumState* 
     const word* const y = outside(b, r);
     bool adding = (a->sgn == b->sgn) == (r->sgn == TavsBigNumPOS);
     word sgn = r->sgn;
-    for (int j = 0; j < bn; ++j) {
+    bool fits = true;
+    for (int j = 0; j < bn && fits; ++j) {
         if (adding) {
-            if (add_row(r, x, an, j, y[j]) == 0) continue;
-            Cpy_BNU(r->buffer, r->number, r->size);
-            return tavStsOutOfRangeErr;
+            fits = add_row(r, x, an, j, y[j]) == 0;
+            continue;
         }
-        if (subtract_row(r, x, an, j, y[j]) == 0) continue;
+        const word borrow = subtract_row(r, x, an, j, y[j]);
+        if (borrow == 0) continue;
         complement(r); // the product outweighs r: from here on its magnitude counts
         sgn = 1 - sgn;
         adding = true;
+        // borrow B^room less what stood here: that fits if the borrow is 1 and what stood here was not 0.
+        fits = borrow == 1 && (trimmed(r->number, r->room) > 1 || r->number[0] != 0);
+    }
+    if (!fits) {
+        Cpy_BNU(r->buffer, r->number, r->size);
+        return tavStsOutOfRangeErr;
     }
     finish(r, trimmed(r->number, r->room), sgn);
     return tavStsNoErr;
