@@ -100,6 +100,15 @@ requires(columns > 1)
 template <bool conjugate, Order order = Order::down, int columns, class T, class V, class X>
 [[gnu::always_inline]] inline void dot_columns(int rows, const Columns<columns, T>& a, X x,
                                                Numbers<columns, V>& s) {
+    if constexpr (columns > 1 && std::is_same_v<V, Pair<long double>>) {
+        // One sum of complex elements fills the x87 stack.
+        for (int q = 0; q < columns; ++q) {
+            Numbers<1, V> sum = {s.of[q]};
+            dot_columns<conjugate, order>(rows, Columns<1, T>{a.first[q]}, x, sum);
+            s.of[q] = sum.of[0];
+        }
+        return;
+    }
 #pragma GCC unroll 4
     for (int k = 0; k < rows; ++k) {
         const int i = row_of<order>(k, rows);
@@ -170,6 +179,23 @@ template <class T, class V, class X, class Y>
     for (int i = 0; i < rows; ++i)
         a[i] = element<T>(product<false>(factor<V>(x[i]), t) + number<V>(a[i]) +
                           product<false>(factor<V>(y[i]), u));
+}
+
+// The same for complex elements in extended precision: real parts, then imaginary parts, so that the four
+// factors of a pass stay on the x87 stack.
+template <class T, class X, class Y>
+[[gnu::always_inline]] inline void update_column(int rows, T* a, Pair<long double> t, X x,
+                                                 Pair<long double> u, Y y) {
+    const auto update_part = [&](auto part, Pair<long double> v, Pair<long double> w) {
+#pragma GCC unroll 2
+        for (int i = 0; i < rows; ++i)
+            a[i].*part = static_cast<real_t<T>>(
+                factor<long double>(x[i].re) * v.re + factor<long double>(x[i].im) * v.im +
+                a[i].*part +
+                (factor<long double>(y[i].re) * w.re + factor<long double>(y[i].im) * w.im));
+    };
+    update_part(&T::re, {t.re, -t.im}, {u.re, -u.im});
+    update_part(&T::im, {t.im, t.re}, {u.im, u.re});
 }
 
 // ---- float, neighbours -------------------------------------------------------------------------
