@@ -23,11 +23,18 @@ void multiply_rows(const A& op, int i, bool ascending, X x) {
     using V = vor::work_t<T>;
     const auto& a = op.a;
     vor::Numbers<rows, V> s;
-    for (int j = a.upper ? i + rows : 0; j < (a.upper ? a.n : i); ++j) {
-        const V xj = vor::number<V>(x[j]);
-        const T* const column = vor::at(a, i, j);
-        for (int p = 0; p < rows; ++p) s.of[p] = s.of[p] + vor::number<V>(column[p]) * xj;
-    }
+    const auto add_rows = [&](int first, int count) __attribute__((always_inline)) {
+        for (int j = a.upper ? i + rows : 0; j < (a.upper ? a.n : i); ++j) {
+            const V xj = vor::number<V>(x[j]);
+            const T* const column = vor::at(a, i, j);
+            for (int p = first; p < first + count; ++p)
+                s.of[p] = s.of[p] + vor::factor<V>(column[p]) * xj;
+        }
+    };
+    if constexpr (std::is_same_v<V, vor::Pair<long double>>)
+        for (int p = 0; p < rows; ++p) add_rows(p, 1); // one complex sum fills the x87 stack
+    else
+        add_rows(0, rows);
     for (int step = 0; step < rows; ++step) {
         const int p = ascending ? step : rows - 1 - step;
         const V old = vor::number<V>(x[i + p]);
