@@ -363,8 +363,8 @@ VOR_SPELLINGS(void, vor_gmp_div_n4_d2, VOR_GMP_DIV_N4_D2,
               (unsigned* q, unsigned* a, const unsigned* b, int h))
 VOR_SPELLINGS(void, vor_gmp_div_n3_d2, VOR_GMP_DIV_N3_D2,
               (unsigned* q, unsigned* a, const unsigned* b, int n))
-/* Quotient limbs: (p[0], p[-1], p[-2]) by (d1, d0), d1 normalised, v its inverse floor((2^64 - 1) / d1) - 2^32,
- * at most 2^32 - 1; (nh, nl) by d, nh < d; the same with d normalised and its inverse v. */
+/* Quotient limbs: (p[0], p[-1], p[-2]) by (d1, d0), d1 normalised, v its inverse
+ * floor((2^64 - 1) / d1) - 2^32, at most 2^32 - 1; (nh, nl) by d, nh < d; the same with d normalised and its inverse v. */
 VOR_SPELLINGS(unsigned, mpl_divq_3_by_2, MPL_DIVQ_3_BY_2,
               (const unsigned* p, unsigned d1, unsigned d0, unsigned v))
 VOR_SPELLINGS(unsigned, mpl_udiv_qqrnnd, MPL_UDIV_QQRNND, (unsigned nh, unsigned nl, unsigned d))

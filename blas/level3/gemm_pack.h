@@ -16,7 +16,8 @@
 //   zgtrbt, zgtrbc  op(B) = B transposed, B conjugated and transposed
 //
 // The c layout splits the parts, so that one 16-byte vector holds the real or the imaginary parts of
-// four consecutive l; k is a multiple of 4. With q = l / 4, t = l mod 4, in floats (imaginary parts 4 floats later):
+// four consecutive l; k is a multiple of 4. With q = l / 4, t = l mod 4, in floats (imaginary parts 4
+// floats later):
 //
 //   A  (i, l) at i / 2 * 4 * k + q * 16 + i mod 2 * 8 + t; m even; times alpha (cgtran, cgtrat,
 //      cgtrac)

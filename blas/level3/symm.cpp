@@ -1,4 +1,5 @@
-// symm, hemm: C := alpha * A * B + beta * C or C := alpha * B * A + beta * C for a symmetric or Hermitian A. Frame and check in front of the threaded driver.
+// symm, hemm: C := alpha * A * B + beta * C or C := alpha * B * A + beta * C for a symmetric or Hermitian
+// A. Frame and check in front of the threaded driver.
 #include "blas/check/routines.h"
 #include "blas/kernel/default/level3/drivers.h"
 #include "serv/entry.h"

@@ -1,5 +1,5 @@
-// syr2k, her2k: C := alpha * op(A) * op(B)^T + alpha' * op(B) * op(A)^T + beta * C in one triangle, alpha' = alpha
-// (her2k: ^H, alpha' = conj(alpha)). Frame and check in front of the threaded driver.
+// syr2k, her2k: C := alpha * op(A) * op(B)^T + alpha' * op(B) * op(A)^T + beta * C in one triangle,
+// alpha' = alpha (her2k: ^H, alpha' = conj(alpha)). Frame and check in front of the threaded driver.
 #include "blas/check/routines.h"
 #include "blas/kernel/default/level3/drivers.h"
 #include "serv/entry.h"

@@ -1,4 +1,5 @@
-// syrk, herk: C := alpha * op(A) * op(A)^T + beta * C (herk: ^H) in one triangle. Frame and check in front of the threaded driver.
+// syrk, herk: C := alpha * op(A) * op(A)^T + beta * C (herk: ^H) in one triangle. Frame and
+// check in front of the threaded driver.
 #include "blas/check/routines.h"
 #include "blas/kernel/default/level3/drivers.h"
 #include "serv/entry.h"

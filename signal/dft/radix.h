@@ -94,7 +94,8 @@ struct FixedRadix {
     }
 };
 
-// Any odd radix from 3 on. A column has f twiddles, the unit entry included. `scratch` holds f - 1 complex elements.
+// Any odd radix from 3 on. A column has f twiddles, the unit entry included. `scratch` holds f - 1 complex
+// elements.
 template <class T>
 struct TableRadix {
     static constexpr int kFixed = 0;

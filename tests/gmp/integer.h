@@ -64,8 +64,8 @@ struct Int {
     }
 
 private:
-    // A number of hexadecimal digits, ones(n), bit(k), rep(w,n), n words w, or rnd(seed,bits), in which one word in four is
-    // zero and one all ones: they carry on what comes from below.
+    // A number of hexadecimal digits, ones(n), bit(k), rep(w,n), n words w, or rnd(seed,bits), in which
+    // one word in four is zero and one all ones: they carry on what comes from below.
     static Int atom(const std::string& text) {
         const auto argument = [&](size_t from) { return std::stoul(text.substr(from)); };
         Int x;

@@ -5,8 +5,8 @@
     oracle.py --random SEED    writes random cases in the same form, without an end
 
 An operand is a hexadecimal number, ones(n) = 2^n - 1, bit(k) = 2^k, rep(w,n), n words w, or
-rnd(seed,bits), a number of exactly that many bits from SplitMix64; or a product of two of these; each with another one added
-or subtracted behind it; a minus may stand in front of the whole. A large result stands for itself by
+rnd(seed,bits), a number of exactly that many bits from SplitMix64; or a product of two of these; each
+with another one added or subtracted behind it; a minus may stand in front of the whole. A large result stands for itself by
 its sign, its length in bits and its residues modulo three word primes.
 """
 import itertools

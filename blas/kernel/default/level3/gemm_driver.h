@@ -41,7 +41,9 @@ template <class T, void(*engine) PARAMS_XGEMM(T)>
 inline void gemm_driver PARAMS_XGEMM(T) {
     if (*m < 1 || *n < 1) return;
     const bool small = *m <= kGemmSmall && *n <= kGemmSmall && *k <= kGemmSmall;
-    const int threads = vor_serv_in_serial() == 1 || small ? 1 : team_size();
+    // The first call of all takes the decision about threads, a small one too, but asks for no team.
+    const bool alone = vor_serv_in_serial() == 1 || small;
+    const int threads = alone ? 1 : team_size();
     if (threads <= 1) return engine ARGS_XGEMM;
     gemm_in_strips<T, engine>(threads, transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c,
                               ldc);
