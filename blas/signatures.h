@@ -5,7 +5,7 @@
 // their hidden lengths behind the list.
 #pragma once
 
-#include "serv/element.h"
+#include "arith/element.h"
 
 // The hidden length of a character argument: handed on, read by nobody.
 #define VOR_HIDDEN(name) [[maybe_unused]] int name##_length

@@ -1,13 +1,12 @@
 // What the descriptor engines need to know of a precision: record fields, objects, copies, scales.
 #pragma once
 
+#include "arith/element.h"
 #include "blas/level1/engines.h"
 #include "dft/record.h"
-#include "serv/element.h"
+#include "signal/direction.h"
 
 namespace vor {
-
-enum class Direction { forward, backward };
 
 template <class R>
 struct Precision;

@@ -4,7 +4,7 @@
 // vector j begins j * distance units behind the buffer's start.
 #pragma once
 
-#include "serv/element.h"
+#include "arith/element.h"
 
 #include <stddef.h>
 

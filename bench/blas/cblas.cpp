@@ -1,6 +1,6 @@
 // Matrix products through the C interface: row-major beside column-major.
+#include "arith/element.h"
 #include "bench/common/families.h"
-#include "serv/element.h"
 #include "vor_cblas.h"
 
 #include <memory>

@@ -1,6 +1,6 @@
 // The vector routines: n = 4000, where the data lie in the first cache, and copies of large vectors.
+#include "arith/element.h"
 #include "bench/common/families.h"
-#include "serv/element.h"
 
 #include <cstring>
 #include <map>

@@ -1,7 +1,7 @@
 // Matrix and vector at n = 300, every family in four types: a matrix of d lies in the second cache. Bands
 // have 32 diagonals beside the main one.
+#include "arith/element.h"
 #include "bench/common/families.h"
-#include "serv/element.h"
 
 #include <memory>
 

@@ -1,8 +1,8 @@
 // Square Level 3 problems: their data, the product on them, and what the families of cases share.
 #pragma once
 
+#include "arith/element.h"
 #include "bench/common/suite.h"
-#include "serv/element.h"
 
 #include <memory>
 

@@ -1,8 +1,8 @@
 // The peer of the transforms: a plan of the FFTW library, if its shared object is installed.
 #pragma once
 
+#include "arith/element.h"
 #include "bench/common/suite.h"
-#include "serv/element.h"
 
 #include <memory>
 #include <stdexcept>

@@ -1,8 +1,8 @@
 // A forward transform by an object of the signal layer, as a bench call.
 #pragma once
 
+#include "arith/element.h"
 #include "bench/common/suite.h"
-#include "serv/element.h"
 #include "vor_signal.h"
 
 #include <memory>

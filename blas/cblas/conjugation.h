@@ -52,7 +52,7 @@ private:
     static constexpr int kNoMemory = 0;
 
     void take(int n) {
-        const T* from = start(x_, n, inc_);
+        const T* from = walk_start(x_, n, inc_);
         for (int i = 0; i < n; ++i, from += inc_) conjugate(block_[i] = *from);
         x_ = block_;
         inc_ = 1;

@@ -9,7 +9,7 @@
 #include "vor_cblas.h"
 #include "vor_service.h"
 
-#include "serv/element.h"
+#include "arith/element.h"
 
 extern "C" {
 // Option letters of the entries, by enumeration value minus its first value.

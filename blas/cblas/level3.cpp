@@ -5,7 +5,7 @@
 // values and sizes are tested before the order, the leading dimensions behind it.
 #include "blas/cblas/interface.h"
 
-#include "blas/level2/number.h"
+#include "arith/number.h"
 
 using namespace vor;
 using namespace vor::cblas;

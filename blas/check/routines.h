@@ -5,8 +5,8 @@
 // its family (PARAMS_LIST in blas/signatures.h, the tests `list` in blas/check/check.cpp).
 #pragma once
 
+#include "arith/element.h"
 #include "blas/signatures.h"
-#include "serv/element.h"
 
 #define VOR_REAL_TYPES(X, op, OP, list, LIST)                                                      \
     X(s, S, float, op, OP, list, LIST)                                                             \

@@ -25,8 +25,8 @@
 //   vor_blas_cgemmpst    the whole product, letters, alpha and beta honoured
 #pragma once
 
+#include "arith/element.h"
 #include "blas/signatures.h"
-#include "serv/element.h"
 
 #define PARAMS_GEMM_KERNEL(T)                                                                      \
     (const int* n, const T* apanel, const T* b, const int* ldb, T* c, const int* ldc)

@@ -2,7 +2,7 @@
 // loop serves every combination of letters.
 #pragma once
 
-#include "serv/element.h"
+#include "arith/element.h"
 
 namespace vor {
 

@@ -7,10 +7,10 @@
 // Each product is to be formed where it is written: one that waits takes the register of a sum.
 #pragma GCC optimize("no-tree-ter")
 
+#include "arith/x87.h"
 #include "blas/kernel/gemm_kernels.h"
 #include "blas/kernel/gemm_operand.h"
 #include "serv/entry.h"
-#include "serv/x87.h"
 
 namespace {
 

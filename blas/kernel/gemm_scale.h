@@ -2,7 +2,7 @@
 // beta = 1 nothing happens.
 #pragma once
 
-#include "serv/element.h"
+#include "arith/element.h"
 
 #include <string.h>
 
@@ -13,13 +13,6 @@ void vor_blas_sscalm(const int* m, const int* n, const float* beta, float* c, co
 }
 
 namespace vor {
-
-constexpr bool is_one(auto x) {
-    if constexpr (is_complex<decltype(x)>)
-        return x.re == 1 && x.im == 0;
-    else
-        return x == 1;
-}
 
 // x * y in the arithmetic of the type: float rounds at every operation, double once, at the end.
 template <class T>

@@ -14,7 +14,7 @@
 // t and c kernels once for each strip, with alpha on the finished sum.
 #pragma once
 
-#include "serv/element.h"
+#include "arith/element.h"
 
 #define PARAMS_GEMV_OO(T)                                                                          \
     ([[maybe_unused]] const char* trans, [[maybe_unused]] const int* rows, const int* n,           \

@@ -1,7 +1,7 @@
 // y += alpha * x over m elements, the inner step of a rank-1 update.
 #pragma once
 
-#include "serv/element.h"
+#include "arith/element.h"
 
 #define PARAMS_GERIN(T)                                                                            \
     (const int* m, const T* alpha, const T* x, const int* incx, T* y, const int* incy)

@@ -53,7 +53,7 @@ void copy_strided(int n, const T* x, int incx, T* y, int incy) {
     in_rounds<4>(
         n, [&] { prefetch_once(x + 4 * incx), prefetch_once(y + 4 * incy); },
         [&] {
-            pop(push(*x), *y);
+            pop(pushed(*x), *y);
             x += incx;
             y += incy;
         });

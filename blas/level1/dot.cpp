@@ -87,7 +87,7 @@ float dot_vectors(int n, float start, const float* x, const float* y) {
         acc0 = _mm_add_ps(acc0, products(i + 8));
         acc1 = _mm_add_ps(acc1, products(i + 12));
     }
-    float sum = sum_of_lanes(_mm_add_ps(acc0, acc1));
+    float sum = sum_of_halves(_mm_add_ps(acc0, acc1));
     for (; i < n; ++i) sum += x[i] * y[i];
     return sum;
 }

@@ -6,8 +6,8 @@
 // stores it into one.
 #pragma once
 
+#include "arith/element.h"
 #include "blas/signatures.h"
-#include "serv/element.h"
 
 extern "C" {
 

@@ -18,7 +18,7 @@ inline void scale(extended alpha, T& x) {
         scale(alpha, x.re);
         scale(alpha, x.im);
     } else {
-        x = static_cast<T>(alpha * push(x));
+        x = static_cast<T>(alpha * pushed(x));
     }
 }
 template <class T>
@@ -53,8 +53,8 @@ void scal_unit(int n, double alpha, double* x) {
         prefetch(x + 4, 32);
 #pragma GCC unroll 2
         for (int k = 0; k < 8; k += 4) {
-            const extended a = push(x[k]), b = push(x[k + 1]), c = push(x[k + 2]),
-                           d = push(x[k + 3]);
+            const extended a = pushed(x[k]), b = pushed(x[k + 1]), c = pushed(x[k + 2]),
+                           d = pushed(x[k + 3]);
             x[k + 3] = static_cast<double>(factor * d);
             x[k + 2] = static_cast<double>(factor * c);
             x[k + 1] = static_cast<double>(factor * b);

@@ -64,7 +64,7 @@ extended sum_vectors(int n, int prefix, const float* x) {
         for (int k = 0; k < Vectors; ++k)
             sums[k % 2] = _mm_add_ps(sums[k % 2], Term::of(_mm_load_ps(x + 4 * k)));
     }
-    return sum_in_order<Term>(n, sum_of_lanes(_mm_add_ps(sums[0], sums[1])), x);
+    return sum_in_order<Term>(n, sum_of_halves(_mm_add_ps(sums[0], sums[1])), x);
 }
 
 // The sum over n elements, 0 with n < 1. Unit steps run over the real entries: doubles by `run`,

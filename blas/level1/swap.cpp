@@ -48,8 +48,8 @@ void swap_strided(int n, T* x, int incx, T* y, int incy) {
     in_rounds<4>(
         n, [&] { prefetch_once(x + 4 * incx), prefetch_once(y + 4 * incy); },
         [&] {
-            const auto kept = push(*x);
-            pop(push(*y), *x);
+            const auto kept = pushed(*x);
+            pop(pushed(*y), *x);
             pop(kept, *y);
             x += incx;
             y += incy;

@@ -18,12 +18,12 @@ inline __m128 load_words(const word* p) {
     return load<Aligned>(reinterpret_cast<const float*>(p));
 }
 
-// A complex element likewise.
-inline cextended push(const cfloat& x) {
-    return {push(x.re), push(x.im)};
+// A complex element through the x87 stack.
+inline cextended pushed(const cfloat& x) {
+    return {pushed(x.re), pushed(x.im)};
 }
-inline cextended push(const cdouble& x) {
-    return {push(x.re), push(x.im)};
+inline cextended pushed(const cdouble& x) {
+    return {pushed(x.re), pushed(x.im)};
 }
 
 template <class T>

@@ -13,7 +13,7 @@ struct Pieces {
     T* first; // element 0
     int inc;
 
-    Pieces(T* x, int n, int step) : first(start(x, n, step)), inc(step) {}
+    Pieces(T* x, int n, int step) : first(walk_start(x, n, step)), inc(step) {}
     T* element(int i) const { return first + i * inc; }
     // Elements i to i + count - 1, as a routine takes them: by the lowest address.
     T* piece(int i, int count) const { return element(inc > 0 ? i : i + count - 1); }

@@ -1,5 +1,5 @@
 // The inner loops of Level 2, along `columns` columns of A side by side. Each element of A is read
-// once. V is the arithmetic (blas/level2/number.h); a result is rounded where it is stored, and the
+// once. V is the arithmetic (arith/number.h); a result is rounded where it is stored, and the
 // products of a row come in the order of the columns.
 //
 // Columns are pointers to their first row; x and y are vectors from the same row on. `Order` is that of
@@ -7,9 +7,9 @@
 // float with neighbouring elements, at the end, work 4 elements at a time.
 #pragma once
 
+#include "arith/lanes.h"
+#include "arith/prefetch.h"
 #include "blas/level2/vector.h"
-
-#include <xmmintrin.h>
 
 namespace vor {
 
@@ -59,8 +59,9 @@ template <Order order = Order::down, int columns, class T, class V, class Y>
 // to(i) := from(i) + u.re a[i].re + u.im a[i].im + v.re b[i].re + v.im b[i].im: one part of the elements of
 // two complex columns, with four factors that stay on the x87 stack.
 template <class T, class From, class To>
-[[gnu::always_inline]] inline void add_part(int rows, const T* a, const T* b, Pair<long double> u,
-                                            Pair<long double> v, From from, To to) {
+[[gnu::always_inline]] inline void add_part(int rows, const T* a, const T* b,
+                                            Complex<long double> u, Complex<long double> v,
+                                            From from, To to) {
 #pragma GCC unroll 2
     for (int i = 0; i < rows; ++i)
         to(i) = static_cast<std::remove_reference_t<decltype(to(i))>>(
@@ -72,7 +73,7 @@ template <class T, class From, class To>
 template <Order order = Order::down, int columns, class T, class Y>
 requires(columns > 1)
     [[gnu::always_inline]] inline void add_columns(int rows, const Columns<columns, T>& a,
-                                                   const Numbers<columns, Pair<long double>>& t,
+                                                   const Numbers<columns, Complex<long double>>& t,
                                                    Y y) {
     constexpr int kTile = columns > 2 ? 16 : 1 << 30; // rows whose sums of two columns wait
     const auto first_pair = [&](int i, int count, auto u, auto from, auto to) {
@@ -91,8 +92,10 @@ requires(columns > 1)
     };
     for (int i = 0; i < rows; i += kTile) {
         const int count = rows - i < kTile ? rows - i : kTile;
-        tile(i, count, &T::re, [&](int q) { return Pair<long double>{t.of[q].re, -t.of[q].im}; });
-        tile(i, count, &T::im, [&](int q) { return Pair<long double>{t.of[q].im, t.of[q].re}; });
+        tile(i, count, &T::re, [&](int q) {
+            return Complex<long double>{t.of[q].re, -t.of[q].im};
+        });
+        tile(i, count, &T::im, [&](int q) { return Complex<long double>{t.of[q].im, t.of[q].re}; });
     }
 }
 
@@ -100,7 +103,7 @@ requires(columns > 1)
 template <bool conjugate, Order order = Order::down, int columns, class T, class V, class X>
 [[gnu::always_inline]] inline void dot_columns(int rows, const Columns<columns, T>& a, X x,
                                                Numbers<columns, V>& s) {
-    if constexpr (columns > 1 && std::is_same_v<V, Pair<long double>>) {
+    if constexpr (columns > 1 && std::is_same_v<V, Complex<long double>>) {
         // One sum of complex elements fills the x87 stack.
         for (int q = 0; q < columns; ++q) {
             Numbers<1, V> sum = {s.of[q]};
@@ -141,20 +144,20 @@ template <bool conjugate, int columns, class T, class V, class X, class Y>
 // stack together: by tiles that stay in the cache, and in pairs of columns, after each of which y is
 // rounded.
 template <bool conjugate, int columns, class T, class X, class Y>
-[[gnu::always_inline]] inline void add_and_dot_columns(int rows, const Columns<columns, T>& a,
-                                                       const Numbers<columns, Pair<long double>>& t,
-                                                       X x, Y y,
-                                                       Numbers<columns, Pair<long double>>& s) {
+[[gnu::always_inline]] inline void
+add_and_dot_columns(int rows, const Columns<columns, T>& a,
+                    const Numbers<columns, Complex<long double>>& t, X x, Y y,
+                    Numbers<columns, Complex<long double>>& s) {
     constexpr int kTile = 32, kPair = columns > 1 ? 2 : 1;
     for (int i = 0; i < rows; i += kTile) {
         const int count = rows - i < kTile ? rows - i : kTile;
         for (int q = 0; q < columns; q += kPair) {
             Columns<kPair, T> pair;
-            Numbers<kPair, Pair<long double>> factors;
+            Numbers<kPair, Complex<long double>> factors;
             for (int p = 0; p < kPair; ++p) {
                 pair.first[p] = a.first[q + p] + i;
                 factors.of[p] = t.of[q + p];
-                Numbers<1, Pair<long double>> sum = {s.of[q + p]};
+                Numbers<1, Complex<long double>> sum = {s.of[q + p]};
                 dot_columns<conjugate>(count, Columns<1, T>{pair.first[p]}, x.from(i), sum);
                 s.of[q + p] = sum.of[0];
             }
@@ -184,9 +187,9 @@ template <class T, class V, class X, class Y>
 // The same for complex elements in extended precision: real parts, then imaginary parts, so that the four
 // factors of a pass stay on the x87 stack.
 template <class T, class X, class Y>
-[[gnu::always_inline]] inline void update_column(int rows, T* a, Pair<long double> t, X x,
-                                                 Pair<long double> u, Y y) {
-    const auto update_part = [&](auto part, Pair<long double> v, Pair<long double> w) {
+[[gnu::always_inline]] inline void update_column(int rows, T* a, Complex<long double> t, X x,
+                                                 Complex<long double> u, Y y) {
+    const auto update_part = [&](auto part, Complex<long double> v, Complex<long double> w) {
 #pragma GCC unroll 2
         for (int i = 0; i < rows; ++i)
             a[i].*part = static_cast<real_t<T>>(
@@ -234,16 +237,6 @@ inline unsigned common_position(const float* x, const float* y) {
     return (at - other) % 16 == 0 ? at : 1;
 }
 
-inline void prefetch_next(const float* p) {
-    _mm_prefetch(reinterpret_cast<const char*>(p) + 64, _MM_HINT_NTA);
-}
-
-inline float sum_of_lanes(__m128 x) {
-    float lanes[4];
-    _mm_storeu_ps(lanes, x);
-    return lanes[0] + lanes[1] + (lanes[2] + lanes[3]);
-}
-
 // The first column is the one that stands on a boundary, the others are where they are.
 template <int columns>
 [[gnu::always_inline]] inline __m128 load_column(const Columns<columns, float>& a, int q, int i) {
@@ -262,8 +255,8 @@ void add_columns(int rows, const Columns<columns, float>& a, const Numbers<colum
             to[i] = sum;
         },
         [&](int i, auto aligned) {
-            prefetch_next(a.first[0] + i);
-            prefetch_next(to + i);
+            prefetch_once(a.first[0] + i, 64);
+            prefetch_once(to + i, 64);
             __m128 low = load4(to + i, aligned), high = load4(to + i + 4, aligned);
 #pragma GCC unroll 4
             for (int q = 0; q < columns; ++q) {
@@ -287,7 +280,7 @@ void dot_columns(int rows, const Columns<columns, float>& a, Vector<const float,
             for (int q = 0; q < columns; ++q) s.of[q] += a.first[q][i] * x[i];
         },
         [&](int i, auto aligned) {
-            prefetch_next(a.first[0] + i);
+            prefetch_once(a.first[0] + i, 64);
             const __m128 x0 = load4(x.first + i, aligned), x1 = load4(x.first + i + 4, aligned);
 #pragma GCC unroll 4
             for (int q = 0; q < columns; ++q) {
@@ -295,7 +288,7 @@ void dot_columns(int rows, const Columns<columns, float>& a, Vector<const float,
                 high[q] = _mm_add_ps(high[q], _mm_mul_ps(load_column(a, q, i + 4), x1));
             }
         });
-    for (int q = 0; q < columns; ++q) s.of[q] += sum_of_lanes(_mm_add_ps(low[q], high[q]));
+    for (int q = 0; q < columns; ++q) s.of[q] += sum_of_neighbours(_mm_add_ps(low[q], high[q]));
 }
 
 template <bool conjugate, int columns>
@@ -318,8 +311,8 @@ void add_and_dot_columns(int rows, const Columns<columns, float>& a,
             y[i] = sum;
         },
         [&](int i, auto aligned) {
-            prefetch_next(a.first[0] + i);
-            prefetch_next(y.first + i);
+            prefetch_once(a.first[0] + i, 64);
+            prefetch_once(y.first + i, 64);
             for (int k = i; k < i + 8; k += 4) {
                 const __m128 xk = load4(x.first + k, aligned);
                 __m128 sum = load4(y.first + k, aligned);
@@ -332,15 +325,15 @@ void add_and_dot_columns(int rows, const Columns<columns, float>& a,
                 store4(y.first + k, sum, aligned);
             }
         });
-    for (int q = 0; q < columns; ++q) s.of[q] += sum_of_lanes(lanes[q]);
+    for (int q = 0; q < columns; ++q) s.of[q] += sum_of_neighbours(lanes[q]);
 }
 
 inline void update_column(int rows, float* a, float t, Vector<const float, Unit> x) {
     in_vectors(
         rows, a, reinterpret_cast<unsigned>(x.first), [&](int i) { a[i] += t * x[i]; },
         [&](int i, auto aligned) {
-            prefetch_next(a + i);
-            prefetch_next(x.first + i);
+            prefetch_once(a + i, 64);
+            prefetch_once(x.first + i, 64);
             const __m128 t4 = _mm_set1_ps(t);
             for (int k = i; k < i + 8; k += 4)
                 _mm_store_ps(a + k, _mm_add_ps(_mm_load_ps(a + k),
@@ -354,7 +347,7 @@ inline void update_column(int rows, float* a, float t, Vector<const float, Unit>
         rows, a, common_position(x.first, y.first),
         [&](int i) { a[i] = t * x[i] + a[i] + u * y[i]; },
         [&](int i, auto aligned) {
-            prefetch_next(a + i);
+            prefetch_once(a + i, 64);
             const __m128 t4 = _mm_set1_ps(t), u4 = _mm_set1_ps(u);
             for (int k = i; k < i + 8; k += 4) {
                 const __m128 first = _mm_mul_ps(load4(x.first + k, aligned), t4);

@@ -59,8 +59,8 @@ void gemv(const Kernels<T>& kernels, const char* trans, int m, const int* n, con
     if (vor::is_zero(*alpha)) return;
 
     const bool unit = *incx == 1 && *incy == 1;
-    x = vor::start(x, lenx, *incx);
-    y = vor::start(y, leny, *incy);
+    x = vor::walk_start(x, lenx, *incx);
+    y = vor::walk_start(y, leny, *incy);
     int row = 0;
     const auto strip = [&](int rows) {
         const T* const from = plain ? x : x + row * *incx;

@@ -14,7 +14,7 @@ void ger(void(*gerin) PARAMS_GERIN(T), const int* m, int n, T alpha, const T* x,
     using V = vor::wide_t<T>;
     if (*m < 1 || n < 1 || vor::is_zero(alpha)) return;
     const int one = 1;
-    const vor::Vector<const T, int> v{vor::start(y, n, incy), incy};
+    const vor::Vector<const T, int> v{vor::walk_start(y, n, incy), incy};
     for (int j = 0; j < n; ++j) {
         if (vor::is_zero(v[j])) continue;
         const T yj = conjugate ? vor::conjugated(v[j]) : v[j];

@@ -10,13 +10,13 @@ namespace vor {
 // The two complex divisions x / d = x conj(d) / (re^2 + im^2), in extended precision.
 struct PlainDivision {
     // One real division.
-    static Pair<long double> over_norm(Pair<long double> numerator, Pair<long double> d) {
+    static Complex<long double> over_norm(Complex<long double> numerator, Complex<long double> d) {
         return numerator * (1 / (d.re * d.re + d.im * d.im));
     }
 };
 struct ScaledDivision {
     // Both sides scaled by the larger part of d, so that the square stays in range.
-    static Pair<long double> over_norm(Pair<long double> numerator, Pair<long double> d) {
+    static Complex<long double> over_norm(Complex<long double> numerator, Complex<long double> d) {
         const long double re = d.re < 0 ? -d.re : d.re, im = d.im < 0 ? -d.im : d.im;
         const long double s = 1 / (re > im ? re : im);
         const long double norm = d.re * d.re * s + d.im * d.im * s;

@@ -31,7 +31,7 @@ void multiply_rows(const A& op, int i, bool ascending, X x) {
                 s.of[p] = s.of[p] + vor::factor<V>(column[p]) * xj;
         }
     };
-    if constexpr (std::is_same_v<V, vor::Pair<long double>>)
+    if constexpr (std::is_same_v<V, vor::Complex<long double>>)
         for (int p = 0; p < rows; ++p) add_rows(p, 1); // one complex sum fills the x87 stack
     else
         add_rows(0, rows);

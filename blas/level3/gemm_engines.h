@@ -2,8 +2,8 @@
 // ends here.
 #pragma once
 
+#include "arith/element.h"
 #include "blas/signatures.h"
-#include "serv/element.h"
 
 // The same with scratch from the caller: a_panel of 8192 bytes, b_panel of 256 * 64 (d) or 128 * 32 (z)
 // elements with leading dimension *ldp = 64 or 32. If one is null the work is done without both.

@@ -27,7 +27,7 @@
 //      beta, ccopycr copies the block back
 #pragma once
 
-#include "serv/element.h"
+#include "arith/element.h"
 
 #define PARAMS_PACK_A(T)                                                                           \
     (const T* a, const int* lda, const int* m, const int* k, T* pack, const T* alpha)

@@ -2,8 +2,8 @@
 // with one factor after the other.
 #pragma once
 
+#include "arith/x87.h"
 #include "blas/level3/triangle_leaf.h"
-#include "serv/x87.h"
 
 namespace vor {
 

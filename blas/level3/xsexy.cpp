@@ -4,7 +4,7 @@
 //
 // The thread decision does not ask whether the caller is in a parallel region already; there the
 // runtime gives a team of one, which does the parts one after the other.
-#include "blas/kernel/default/level3/strips.h"
+#include "serv/team.h"
 #include "blas/level3/gemm_engines.h"
 #include "serv/entry.h"
 #include "serv/memory.h"

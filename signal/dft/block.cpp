@@ -12,7 +12,7 @@ void multiply(const cfloat* a, const cfloat* b, cfloat* c, int n) {
     int k = 0;
     for (; k + 2 <= n; k += 2)
         _mm_storeu_ps(&c[k].re,
-                      fft::product_of_two<false>(_mm_loadu_ps(&b[k].re), _mm_loadu_ps(&a[k].re)));
+                      product_of_two<false>(_mm_loadu_ps(&b[k].re), _mm_loadu_ps(&a[k].re)));
     if (k < n) c[k] = a[k] * b[k];
 }
 

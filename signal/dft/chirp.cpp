@@ -64,7 +64,7 @@ TavStatus convolve(const Context<T>& ctx, C* work, int n) {
     TavStatus status = Directed<T, Direction::forward>::fft(work, work, ctx.fftConvSpec, work + m);
     if (status != tavStsNoErr) return status;
     Shared<T>::multiply(ctx.tabChirpFft, work, work, m);
-    return Directed<T, Direction::inverse>::fft(work, work, ctx.fftConvSpec, work + m);
+    return Directed<T, Direction::backward>::fft(work, work, ctx.fftConvSpec, work + m);
 }
 
 template <class C>

@@ -9,13 +9,13 @@ namespace vor::dft {
 enum class Twiddles { none, before, after };
 
 // Element 0 has no twiddle.
-template <Direction D, Complex C, class Twiddle>
+template <Direction D, Parted C, class Twiddle>
 VOR_INLINE inline C with_twiddle(C a, int m, const Twiddle& w) {
     return m == 0 ? a : twiddled<D>(a, w(m));
 }
 
 // from(m) gives element m, to(m, y) takes result m, w(m) is twiddle m and not called without need.
-template <Direction D, Twiddles kTwiddles, Complex C, class Radix, class From, class To,
+template <Direction D, Twiddles kTwiddles, Parted C, class Radix, class From, class To,
           class Twiddle>
 VOR_INLINE inline void column_between(Radix radix, From from, To to, const Twiddle& w) {
     transform<D, C>(
@@ -35,7 +35,7 @@ VOR_INLINE inline void column_between(Radix radix, From from, To to, const Twidd
 }
 
 // x[0], x[in], x[2 in], ... to y[0], y[out], y[2 out], ...; w: the twiddles of the column.
-template <Direction D, Twiddles kTwiddles, class Radix, Complex C>
+template <Direction D, Twiddles kTwiddles, class Radix, Parted C>
 VOR_INLINE inline void column(Radix radix, const C* x, C* y, int in, int out, const C* w) {
     column_between<D, kTwiddles, C>(
         radix, [&](int m) VOR_INLINE { return x[m * in]; },
@@ -44,7 +44,7 @@ VOR_INLINE inline void column(Radix radix, const C* x, C* y, int in, int out, co
 }
 
 // The same without twiddles.
-template <Direction D, class Radix, Complex C>
+template <Direction D, class Radix, Parted C>
 VOR_INLINE inline void column(Radix radix, const C* x, C* y, int in, int out) {
     column<D, Twiddles::none>(radix, x, y, in, out, static_cast<const C*>(nullptr));
 }

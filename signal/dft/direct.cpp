@@ -107,7 +107,7 @@ VOR_INLINE inline void direct_sum(E a, E c, int n, const complex_t<E>* table, vo
     for (int k = 1; k <= count; ++k) each(k, pair_sums(starts[k % 2], pairs, count, table, n, k));
 }
 
-template <Direction D, Complex C>
+template <Direction D, Parted C>
 void complex_direct(const C* x, C* y, int n, const C* table, void* scratch) {
     direct_sum(
         x[0], x[n / 2], n, table, scratch,
@@ -122,7 +122,7 @@ int perm_shift(int n) {
     return n % 2 == 0 ? 1 : 0;
 }
 
-template <class T, Complex C>
+template <class T, Parted C>
 void real_forward(const T* x, T* y, int n, const C* table, void* scratch) {
     T* const pairs = y + perm_shift(n);
     direct_sum(
@@ -132,7 +132,7 @@ void real_forward(const T* x, T* y, int n, const C* table, void* scratch) {
         [&](int k, Sums<T> t) VOR_INLINE { pairs[2 * k - 1] = t.a, pairs[2 * k] = t.b; });
 }
 
-template <class T, Complex C>
+template <class T, Parted C>
 void real_inverse(const T* x, T* y, int n, const C* table, void* scratch) {
     const T* const pairs = x + perm_shift(n);
     direct_sum(
@@ -151,8 +151,8 @@ void real_inverse(const T* x, T* y, int n, const C* table, void* scratch) {
     extern "C" void tavs_cDft_Dir_##suffix##c(const C* source, C* destination, int n,              \
                                               int direction, const C* table, void* scratch) {      \
         using namespace vor::dft;                                                                  \
-        const auto run = direction > 0 ? complex_direct<Direction::forward, C>                     \
-                                       : complex_direct<Direction::inverse, C>;                    \
+        const auto run = direction > 0 ? complex_direct<vor::Direction::forward, C>                \
+                                       : complex_direct<vor::Direction::backward, C>;              \
         run(source, destination, n, table, scratch);                                               \
     }                                                                                              \
     extern "C" void tavs_rDftFwd_Dir_##suffix(const T* source, T* destination, int n,              \

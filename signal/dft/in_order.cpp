@@ -81,10 +81,10 @@ void in_order(const Context<T>& ctx, const C* source, C* destination, void* work
 #define IN_ORDER(Dir, D, suffix, T, C)                                                             \
     extern "C" void tavs_cDft##Dir##_PrimeFact_##suffix(const DftCtx* object, const C* source,     \
                                                         C* destination, void* work) {              \
-        vor::dft::in_order<vor::dft::Direction::D>(vor::dft::context_of<T>(object), source,        \
-                                                   destination, work);                             \
+        vor::dft::in_order<vor::Direction::D>(vor::dft::context_of<T>(object), source,             \
+                                              destination, work);                                  \
     }
 IN_ORDER(Fwd, forward, 32fc, float, vor::cfloat)
-IN_ORDER(Inv, inverse, 32fc, float, vor::cfloat)
+IN_ORDER(Inv, backward, 32fc, float, vor::cfloat)
 IN_ORDER(Fwd, forward, 64fc, double, vor::cdouble)
-IN_ORDER(Inv, inverse, 64fc, double, vor::cdouble)
+IN_ORDER(Inv, backward, 64fc, double, vor::cdouble)

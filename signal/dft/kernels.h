@@ -147,9 +147,9 @@ struct Shared;
         static constexpr auto real_fft = tavsFFT##RealFft##_##suffix;                              \
     };
 VOR_DFT_DIRECTED(float, forward, Fwd, 32f, Fwd_RToPerm)
-VOR_DFT_DIRECTED(float, inverse, Inv, 32f, Inv_PermToR)
+VOR_DFT_DIRECTED(float, backward, Inv, 32f, Inv_PermToR)
 VOR_DFT_DIRECTED(double, forward, Fwd, 64f, Fwd_RToPerm)
-VOR_DFT_DIRECTED(double, inverse, Inv, 64f, Inv_PermToR)
+VOR_DFT_DIRECTED(double, backward, Inv, 64f, Inv_PermToR)
 
 #define VOR_DFT_UNDIRECTED(T, suffix)                                                              \
     template <>                                                                                    \

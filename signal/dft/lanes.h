@@ -11,6 +11,10 @@ namespace dft {
 // One real value of four columns.
 struct FourReals {
     __m128 v;
+
+    friend FourReals operator+(FourReals a, FourReals b) { return {a.v + b.v}; }
+    friend FourReals operator-(FourReals a, FourReals b) { return {a.v - b.v}; }
+    friend FourReals operator*(float factor, FourReals a) { return {factor * a.v}; }
 };
 
 } // namespace dft
@@ -22,27 +26,13 @@ struct RealOf<dft::FourReals> {
 
 namespace dft {
 
-inline FourReals operator+(FourReals a, FourReals b) {
-    return {a.v + b.v};
-}
-inline FourReals operator-(FourReals a, FourReals b) {
-    return {a.v - b.v};
-}
-inline FourReals operator*(float factor, FourReals a) {
-    return {factor * a.v};
-}
-
 constexpr int kLanes = 4;
 
 // ---- Where the four elements of a group stand. Nothing needs alignment.
 
 struct Neighbours {
-    static Four load(const cfloat* p) {
-        const __m128 low = _mm_loadu_ps(&p[0].re), high = _mm_loadu_ps(&p[2].re);
-        return {_mm_shuffle_ps(low, high, _MM_SHUFFLE(2, 0, 2, 0)),
-                _mm_shuffle_ps(low, high, _MM_SHUFFLE(3, 1, 3, 1))};
-    }
-    static void store(cfloat* p, Four a) { fft::Interleaved::store(&p->re, a); }
+    static Four load(const cfloat* p) { return Interleaved::load(&p->re); }
+    static void store(cfloat* p, Four a) { Interleaved::store(&p->re, a); }
 };
 
 // A single element, for code that serves single columns too.

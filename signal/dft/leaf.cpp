@@ -13,7 +13,7 @@
 namespace vor::dft {
 namespace {
 
-template <Direction D, class Radix, Complex C>
+template <Direction D, class Radix, Parted C>
 VOR_INLINE inline void leaf(Radix radix, const C* x, int p, C* y, int c, int blocks,
                             const int* offsets) {
     for (int b = 0; b < blocks; ++b) {
@@ -65,8 +65,8 @@ constexpr int kNoOffset = 0;
 #define LEAF(R, Dir, D, suffix, C)                                                                 \
     extern "C" void tavs_cDft##Dir##_Prime##R##_##suffix(const C* source, int p, C* destination,   \
                                                          int c, int blocks, const int* offsets) {  \
-        vor::dft::leaf<vor::dft::Direction::D>(vor::dft::FixedRadix<R>{}, source, p, destination,  \
-                                               c, blocks, offsets);                                \
+        vor::dft::leaf<vor::Direction::D>(vor::dft::FixedRadix<R>{}, source, p, destination, c,    \
+                                          blocks, offsets);                                        \
     }
 #define LEAVES(Dir, D, suffix, T, C)                                                               \
     LEAF(3, Dir, D, suffix, C)                                                                     \
@@ -74,10 +74,10 @@ constexpr int kNoOffset = 0;
     extern "C" void tavs_cDft##Dir##_Prime_##suffix(const C* source, int p, C* destination, int r, \
                                                     int c, const C* table, void* scratch) {        \
         const vor::dft::TableRadix<T> radix{r, table, scratch};                                    \
-        vor::dft::leaf<vor::dft::Direction::D>(radix, source, p, destination, c, 1,                \
-                                               &vor::dft::kNoOffset);                              \
+        vor::dft::leaf<vor::Direction::D>(radix, source, p, destination, c, 1,                     \
+                                          &vor::dft::kNoOffset);                                   \
     }
 LEAVES(Fwd, forward, 32fc, float, vor::cfloat)
-LEAVES(Inv, inverse, 32fc, float, vor::cfloat)
+LEAVES(Inv, backward, 32fc, float, vor::cfloat)
 LEAVES(Fwd, forward, 64fc, double, vor::cdouble)
-LEAVES(Inv, inverse, 64fc, double, vor::cdouble)
+LEAVES(Inv, backward, 64fc, double, vor::cdouble)

@@ -23,7 +23,7 @@ public:
             for (int j = 0; j < r; ++j) step(v, j, ctx_.lastFactor);
         else
             sweep(ctx_.lastFactor, [&](int k) { stage(k, 0, ctx_.fact[k].rest); });
-        if constexpr (D == Direction::inverse) leaf(destination_, r, v);
+        if constexpr (D == Direction::backward) leaf(destination_, r, v);
     }
 
 private:
@@ -40,7 +40,7 @@ private:
         const int f = ctx_.fact[k].factor;
         if constexpr (D == Direction::forward) level(k);
         for (int j = 0; j < f; ++j) step(v / f, j + f * b, k - 1);
-        if constexpr (D == Direction::inverse) level(k);
+        if constexpr (D == Direction::backward) level(k);
     }
 
     // The records from `top` down to 0, or up from 0 in the inverse.
@@ -53,7 +53,7 @@ private:
     // source.
     void stage(int k, int first, int blocks) const {
         const DftFactorRec<T>& record = ctx_.fact[k];
-        const C* const x = D == Direction::inverse && k == 0 ? source_ : destination_;
+        const C* const x = D == Direction::backward && k == 0 ? source_ : destination_;
         C* const y = destination_;
         const int f = record.factor, v = record.prodBefore;
         switch (f) {
@@ -84,9 +84,9 @@ private:
     extern "C" void tavs_cDft##Dir##_OutOrd_##suffix(const DftCtx* object, const C* source,        \
                                                      C* destination, void* work) {                 \
         using namespace vor::dft;                                                                  \
-        OutOfOrder<T, Direction::D>(context_of<T>(object), source, destination, work).run();       \
+        OutOfOrder<T, vor::Direction::D>(context_of<T>(object), source, destination, work).run();  \
     }
 OUT_OF_ORDER(Fwd, forward, 32fc, float, vor::cfloat)
-OUT_OF_ORDER(Inv, inverse, 32fc, float, vor::cfloat)
+OUT_OF_ORDER(Inv, backward, 32fc, float, vor::cfloat)
 OUT_OF_ORDER(Fwd, forward, 64fc, double, vor::cdouble)
-OUT_OF_ORDER(Inv, inverse, 64fc, double, vor::cdouble)
+OUT_OF_ORDER(Inv, backward, 64fc, double, vor::cdouble)

@@ -18,7 +18,7 @@ namespace {
 template <Direction D>
 constexpr Twiddles kSide = D == Direction::forward ? Twiddles::before : Twiddles::after;
 
-template <Direction D, class Radix, Complex C>
+template <Direction D, class Radix, Parted C>
 VOR_INLINE inline void out_stage(Radix radix, const C* x, C* y, int v, int first, int blocks,
                                  const C* twiddle) {
     const int f = radix.size(), step = radix.step();
@@ -34,7 +34,7 @@ VOR_INLINE inline void out_stage(Radix radix, const C* x, C* y, int v, int first
         for (int j = 0; j < v; ++j) column<D, kSide<D>>(radix, x + j, y + j, v, v, w);
 }
 
-template <Direction D, class Radix, Complex C>
+template <Direction D, class Radix, Parted C>
 VOR_INLINE inline void out_leaf(Radix radix, const C* x, C* y, int v) {
     for (int j = 0; j < v; ++j) column<D>(radix, x + j, y + j, v, v);
 }
@@ -84,7 +84,7 @@ VOR_INLINE inline void out_leaf(Radix radix, const cfloat* x, cfloat* y, int v) 
 }
 
 // One block; the twiddles of block 0 are all 1.
-template <Direction D, class T, Complex C = complex_t<T>>
+template <Direction D, class T, Parted C = complex_t<T>>
 VOR_INLINE inline void table_out_stage(TableRadix<T> radix, const C* x, C* y, int v, int block,
                                        const C* twiddle) {
     if (block == 0)
@@ -99,14 +99,13 @@ VOR_INLINE inline void table_out_stage(TableRadix<T> radix, const C* x, C* y, in
 #define STAGE(F, Dir, D, suffix, C)                                                                \
     extern "C" void tavs_cDftOutOrd##Dir##_Fact##F##_##suffix(                                     \
         const C* source, C* destination, int v, int first, int blocks, const C* twiddle) {         \
-        vor::dft::out_stage<vor::dft::Direction::D>(vor::dft::FixedRadix<F>{}, source,             \
-                                                    destination, v, first, blocks, twiddle);       \
+        vor::dft::out_stage<vor::Direction::D>(vor::dft::FixedRadix<F>{}, source, destination, v,  \
+                                               first, blocks, twiddle);                            \
     }
 #define LEAF(R, Dir, D, suffix, C)                                                                 \
     extern "C" void tavs_cDftOutOrd##Dir##_Prime##R##_##suffix(const C* source, C* destination,    \
                                                                int v) {                            \
-        vor::dft::out_leaf<vor::dft::Direction::D>(vor::dft::FixedRadix<R>{}, source, destination, \
-                                                   v);                                             \
+        vor::dft::out_leaf<vor::Direction::D>(vor::dft::FixedRadix<R>{}, source, destination, v);  \
     }
 #define KERNELS(Dir, D, suffix, T, C)                                                              \
     STAGE(2, Dir, D, suffix, C)                                                                    \
@@ -117,17 +116,17 @@ VOR_INLINE inline void table_out_stage(TableRadix<T> radix, const C* x, C* y, in
                                                          int v, int block, const C* table,         \
                                                          const C* twiddle, void* scratch) {        \
         const vor::dft::TableRadix<T> radix{f, table, scratch};                                    \
-        vor::dft::table_out_stage<vor::dft::Direction::D>(radix, source, destination, v, block,    \
-                                                          twiddle);                                \
+        vor::dft::table_out_stage<vor::Direction::D>(radix, source, destination, v, block,         \
+                                                     twiddle);                                     \
     }                                                                                              \
     LEAF(3, Dir, D, suffix, C)                                                                     \
     LEAF(5, Dir, D, suffix, C)                                                                     \
     extern "C" void tavs_cDftOutOrd##Dir##_Prime_##suffix(const C* source, C* destination, int r,  \
                                                           int v, const C* table, void* scratch) {  \
         const vor::dft::TableRadix<T> radix{r, table, scratch};                                    \
-        vor::dft::out_leaf<vor::dft::Direction::D>(radix, source, destination, v);                 \
+        vor::dft::out_leaf<vor::Direction::D>(radix, source, destination, v);                      \
     }
 KERNELS(Fwd, forward, 32fc, float, vor::cfloat)
-KERNELS(Inv, inverse, 32fc, float, vor::cfloat)
+KERNELS(Inv, backward, 32fc, float, vor::cfloat)
 KERNELS(Fwd, forward, 64fc, double, vor::cdouble)
-KERNELS(Inv, inverse, 64fc, double, vor::cdouble)
+KERNELS(Inv, backward, 64fc, double, vor::cdouble)

@@ -34,7 +34,7 @@ VOR_INLINE inline Pair<E> make_pair(E x, E y) {
 }
 
 // y_k and y_(f-k) of the forward direction; the inverse exchanges them.
-template <Direction D, Complex C>
+template <Direction D, Parted C>
 VOR_INLINE inline void place(Sums<C> t, C& y, C& mirror) {
     C& first = D == Direction::forward ? y : mirror;
     C& second = D == Direction::forward ? mirror : y;
@@ -123,7 +123,7 @@ struct TableRadix {
 
 // The transform of the operands load(0) to load(f-1); store(k, y) takes each result. All operands are
 // read before the first result is stored, so results may overwrite operands.
-template <Direction D, Complex C, class Radix, class Load, class Store>
+template <Direction D, Parted C, class Radix, class Load, class Store>
 VOR_INLINE inline void transform(Radix radix, Load load, Store store) {
     if constexpr (Radix::kFixed == 1) {
         store(0, load(0));

@@ -29,7 +29,7 @@ public:
     // with the stride of the record.
     void run(int i, int start, int block) const {
         const DftFactorRec<T>& record = ctx_.fact[i];
-        if constexpr (D == Direction::inverse) {
+        if constexpr (D == Direction::backward) {
             if (!swept(i)) stage(i, block);
         }
         if (swept(i)) {
@@ -108,10 +108,10 @@ private:
     extern "C" void tavs_rDft##Dir##_PrimeFact_##suffix(const DftCtx* object, const T* source,     \
                                                         T* destination, void* work) {              \
         using namespace vor::dft;                                                                  \
-        RealInOrder<T, Direction::D>(context_of<T>(object), source, destination, work)             \
+        RealInOrder<T, vor::Direction::D>(context_of<T>(object), source, destination, work)        \
             .run(0, 0, 0);                                                                         \
     }
 REAL_IN_ORDER(Fwd, forward, 32f, float)
-REAL_IN_ORDER(Inv, inverse, 32f, float)
+REAL_IN_ORDER(Inv, backward, 32f, float)
 REAL_IN_ORDER(Fwd, forward, 64f, double)
-REAL_IN_ORDER(Inv, inverse, 64f, double)
+REAL_IN_ORDER(Inv, backward, 64f, double)

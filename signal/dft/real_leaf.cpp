@@ -84,8 +84,8 @@ constexpr int kNoOffset = 0;
 #define LEAF(R, Dir, D, suffix, T)                                                                 \
     extern "C" void tavs_rDft##Dir##_Prime##R##_##suffix(const T* source, int p, T* destination,   \
                                                          int c, int blocks, const int* offsets) {  \
-        vor::dft::real_leaf<vor::dft::Direction::D>(vor::dft::FixedRadix<R>{}, source, p,          \
-                                                    destination, c, blocks, offsets);              \
+        vor::dft::real_leaf<vor::Direction::D>(vor::dft::FixedRadix<R>{}, source, p, destination,  \
+                                               c, blocks, offsets);                                \
     }
 #define LEAVES(Dir, D, suffix, T, C)                                                               \
     LEAF(3, Dir, D, suffix, T)                                                                     \
@@ -93,10 +93,10 @@ constexpr int kNoOffset = 0;
     extern "C" void tavs_rDft##Dir##_Prime_##suffix(const T* source, int p, T* destination, int r, \
                                                     int c, const C* table, void* scratch) {        \
         const vor::dft::TableRadix<T> radix{r, table, scratch};                                    \
-        vor::dft::real_leaf<vor::dft::Direction::D>(radix, source, p, destination, c, 1,           \
-                                                    &vor::dft::kNoOffset);                         \
+        vor::dft::real_leaf<vor::Direction::D>(radix, source, p, destination, c, 1,                \
+                                               &vor::dft::kNoOffset);                              \
     }
 LEAVES(Fwd, forward, 32f, float, vor::cfloat)
-LEAVES(Inv, inverse, 32f, float, vor::cfloat)
+LEAVES(Inv, backward, 32f, float, vor::cfloat)
 LEAVES(Fwd, forward, 64f, double, vor::cdouble)
-LEAVES(Inv, inverse, 64f, double, vor::cdouble)
+LEAVES(Inv, backward, 64f, double, vor::cdouble)

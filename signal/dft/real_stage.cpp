@@ -30,7 +30,7 @@ complex_t<T>* pairs_of(T* x) {
 
 // Column j from 1 on. load(m) gives X_m[j], w(m) its twiddle; rise(k, X) takes X[k r + j],
 // fall(k, X) takes X[k r - j].
-template <Complex C, class Radix, class Load, class Rise, class Fall, class Twiddle>
+template <Parted C, class Radix, class Load, class Rise, class Fall, class Twiddle>
 VOR_INLINE inline void combine_column(Radix radix, Load load, Rise rise, Fall fall,
                                       const Twiddle& w) {
     const int f = radix.size();
@@ -47,7 +47,7 @@ VOR_INLINE inline void combine_column(Radix radix, Load load, Rise rise, Fall fa
 }
 
 // The mirror: rise(k) gives X[k r + j], fall(k) X[k r - j], store(m, X) takes X_m[j].
-template <Complex C, class Radix, class Rise, class Fall, class Store, class Twiddle>
+template <Parted C, class Radix, class Rise, class Fall, class Store, class Twiddle>
 VOR_INLINE inline void split_column(Radix radix, Rise rise, Fall fall, Store store,
                                     const Twiddle& w) {
     const int f = radix.size();
@@ -55,7 +55,7 @@ VOR_INLINE inline void split_column(Radix radix, Rise rise, Fall fall, Store sto
         rise(0), [&](int k) VOR_INLINE { return make_pair<C>(rise(k), conj(fall(k))); },
         [&](C y0) VOR_INLINE { store(0, y0); },
         [&](int m, Sums<C> t) VOR_INLINE {
-            constexpr auto D = Direction::inverse;
+            constexpr auto D = Direction::backward;
             C z, mirror;
             place<D>(t, z, mirror);
             store(m, twiddled<D>(z, w(m)));
@@ -65,7 +65,7 @@ VOR_INLINE inline void split_column(Radix radix, Rise rise, Fall fall, Store sto
 
 // Column j, or with E four complex values columns j to j + 3: `low` and `high` load and store them at
 // the rising and at the falling places.
-template <Direction D, Complex E, class Radix, class T, class Low, class High, class Twiddle>
+template <Direction D, Parted E, class Radix, class T, class Low, class High, class Twiddle>
 VOR_INLINE inline void column(Radix radix, const T* x, T* y, int r, int j, Low low, High high,
                               const Twiddle& w) {
     if constexpr (D == Direction::forward) {
@@ -169,8 +169,8 @@ VOR_INLINE inline void real_stage(Radix radix, const T* x, T* y, int r, int bloc
 #define STAGE(F, Dir, D, suffix, T, C)                                                             \
     extern "C" void tavs_rDft##Dir##_Fact##F##_##suffix(const T* source, T* destination, int r,    \
                                                         int blocks, const C* twiddle) {            \
-        vor::dft::real_stage<vor::dft::Direction::D>(vor::dft::FixedRadix<F>{}, source,            \
-                                                     destination, r, blocks, twiddle);             \
+        vor::dft::real_stage<vor::Direction::D>(vor::dft::FixedRadix<F>{}, source, destination, r, \
+                                                blocks, twiddle);                                  \
     }
 #define STAGES(Dir, D, suffix, T, C)                                                               \
     STAGE(3, Dir, D, suffix, T, C)                                                                 \
@@ -179,9 +179,9 @@ VOR_INLINE inline void real_stage(Radix radix, const T* x, T* y, int r, int bloc
                                                    const C* table, const C* twiddle,               \
                                                    void* scratch) {                                \
         const vor::dft::TableRadix<T> radix{f, table, scratch};                                    \
-        vor::dft::real_stage<vor::dft::Direction::D>(radix, source, destination, r, 1, twiddle);   \
+        vor::dft::real_stage<vor::Direction::D>(radix, source, destination, r, 1, twiddle);        \
     }
 STAGES(Fwd, forward, 32f, float, vor::cfloat)
-STAGES(Inv, inverse, 32f, float, vor::cfloat)
+STAGES(Inv, backward, 32f, float, vor::cfloat)
 STAGES(Fwd, forward, 64f, double, vor::cdouble)
-STAGES(Inv, inverse, 64f, double, vor::cdouble)
+STAGES(Inv, backward, 64f, double, vor::cdouble)

@@ -15,7 +15,7 @@ namespace vor::dft {
 namespace {
 
 // p = z[k] and q = z[h-k], or those of X, to their places.
-template <Direction D, Complex C>
+template <Direction D, Parted C>
 VOR_INLINE inline void join(C& p, C& q, C w) {
     const auto a = w.re, b = w.im;
     const auto d = p.re - q.re, e = p.im + q.im;
@@ -32,7 +32,7 @@ VOR_INLINE inline void join(C& p, C& q, C w) {
     }
 }
 
-template <Direction D, Complex C>
+template <Direction D, Parted C>
 void recombine(const C* x, C* z, int h, const C* table) {
     z[0] = {x[0].re + x[0].im, x[0].re - x[0].im};
     int k = 1;
@@ -61,11 +61,11 @@ void recombine(const C* x, C* z, int h, const C* table) {
 
 #define RECOMBINE(suffix, C)                                                                       \
     extern "C" void tavs_rDftFwdRecombine_##suffix(C* data, int n, const C* table) {               \
-        vor::dft::recombine<vor::dft::Direction::forward>(data, data, n, table);                   \
+        vor::dft::recombine<vor::Direction::forward>(data, data, n, table);                        \
     }                                                                                              \
     extern "C" void tavs_rDftInvRecombine_##suffix(const C* source, C* destination, int n,         \
                                                    const C* table) {                               \
-        vor::dft::recombine<vor::dft::Direction::inverse>(source, destination, n, table);          \
+        vor::dft::recombine<vor::Direction::backward>(source, destination, n, table);              \
     }
 RECOMBINE(32f, vor::cfloat)
 RECOMBINE(64f, vor::cdouble)

@@ -14,7 +14,7 @@
 namespace vor::dft {
 namespace {
 
-template <Direction D, class Radix, Complex C>
+template <Direction D, class Radix, Parted C>
 VOR_INLINE inline void stage(Radix radix, const C* x, C* y, int r, int blocks, const C* twiddle) {
     const int length = radix.size() * r;
     for (int b = 0; b < blocks; ++b, x += length, y += length) {
@@ -74,8 +74,8 @@ VOR_INLINE inline void stage(Radix radix, const cfloat* x, cfloat* y, int r, int
 #define STAGE(F, Dir, D, suffix, C)                                                                \
     extern "C" void tavs_cDft##Dir##_Fact##F##_##suffix(const C* source, C* destination, int r,    \
                                                         int blocks, const C* twiddle) {            \
-        vor::dft::stage<vor::dft::Direction::D>(vor::dft::FixedRadix<F>{}, source, destination, r, \
-                                                blocks, twiddle);                                  \
+        vor::dft::stage<vor::Direction::D>(vor::dft::FixedRadix<F>{}, source, destination, r,      \
+                                           blocks, twiddle);                                       \
     }
 #define STAGES(Dir, D, suffix, T, C)                                                               \
     STAGE(2, Dir, D, suffix, C)                                                                    \
@@ -86,9 +86,9 @@ VOR_INLINE inline void stage(Radix radix, const cfloat* x, cfloat* y, int r, int
                                                    const C* table, const C* twiddle,               \
                                                    void* scratch) {                                \
         const vor::dft::TableRadix<T> radix{f, table, scratch};                                    \
-        vor::dft::stage<vor::dft::Direction::D>(radix, source, destination, r, 1, twiddle);        \
+        vor::dft::stage<vor::Direction::D>(radix, source, destination, r, 1, twiddle);             \
     }
 STAGES(Fwd, forward, 32fc, float, vor::cfloat)
-STAGES(Inv, inverse, 32fc, float, vor::cfloat)
+STAGES(Inv, backward, 32fc, float, vor::cfloat)
 STAGES(Fwd, forward, 64fc, double, vor::cdouble)
-STAGES(Inv, inverse, 64fc, double, vor::cdouble)
+STAGES(Inv, backward, 64fc, double, vor::cdouble)

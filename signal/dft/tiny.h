@@ -6,7 +6,7 @@
 
 namespace vor::dft {
 
-template <int N, Direction D, bool kScaled, Complex C>
+template <int N, Direction D, bool kScaled, Parted C>
 void tiny(const C* x, C* y, real_t<C> factor) {
     transform<D, C>(
         FixedRadix<N>{}, [&](int m) VOR_INLINE { return x[m]; },

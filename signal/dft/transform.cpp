@@ -55,7 +55,7 @@ TavStatus finish(TavStatus status, const Context<T>& ctx, T* y, int count) {
     return status;
 }
 
-template <Direction D, class T, Complex C = complex_t<T>>
+template <Direction D, class T, Parted C = complex_t<T>>
 TavStatus complex_engine(const DftCtx* object, const C* x, C* y, int length, void* work) {
     const auto& ctx = context_of<T>(object);
     constexpr int kSign = D == Direction::forward ? 1 : -1;
@@ -88,7 +88,7 @@ TavStatus real_even_engine(const DftCtx* object, const T* x, T* y, int length, v
     const int half = length / 2;
     auto* const source = reinterpret_cast<const C*>(x);
     auto* const destination = reinterpret_cast<C*>(y);
-    if constexpr (D == Direction::inverse) {
+    if constexpr (D == Direction::backward) {
         Shared<T>::recombine_inverse(source, destination, half, ctx.tabRecInv);
         return complex_engine<D, T>(object, destination, destination, half, work);
     }
@@ -133,7 +133,7 @@ TavStatus real_transform(const T* x, T* y, const DftCtx* object, void* buffer) {
     const auto& ctx = context_of<T>(object);
     const WorkBuffer work(buffer, ctx.bufSize);
     if (work.missing()) return tavStsMemAllocErr;
-    if constexpr (D == Direction::inverse && F != Format::perm) {
+    if constexpr (D == Direction::backward && F != Format::perm) {
         to_perm<F>(x, y, ctx.lenDft);
         x = y;
     }
@@ -150,29 +150,30 @@ TavStatus real_transform(const T* x, T* y, const DftCtx* object, void* buffer) {
     extern "C" TavStatus tavs##family##Dir##_CToC_##suffix(const C* source, C* destination,        \
                                                            const DftCtx* object, void* buffer) {   \
         using namespace vor::dft;                                                                  \
-        return complex_transform<Kind, Direction::D>(source, destination, object, buffer);         \
+        return complex_transform<Kind, vor::Direction::D>(source, destination, object, buffer);    \
     }
 COMPLEX_TRANSFORM(DFT, Fwd, forward, 32fc, Complex32, vor::cfloat)
-COMPLEX_TRANSFORM(DFT, Inv, inverse, 32fc, Complex32, vor::cfloat)
+COMPLEX_TRANSFORM(DFT, Inv, backward, 32fc, Complex32, vor::cfloat)
 COMPLEX_TRANSFORM(DFT, Fwd, forward, 64fc, Complex64, vor::cdouble)
-COMPLEX_TRANSFORM(DFT, Inv, inverse, 64fc, Complex64, vor::cdouble)
+COMPLEX_TRANSFORM(DFT, Inv, backward, 64fc, Complex64, vor::cdouble)
 COMPLEX_TRANSFORM(DFTOutOrd, Fwd, forward, 32fc, OutOfOrder32, vor::cfloat)
-COMPLEX_TRANSFORM(DFTOutOrd, Inv, inverse, 32fc, OutOfOrder32, vor::cfloat)
+COMPLEX_TRANSFORM(DFTOutOrd, Inv, backward, 32fc, OutOfOrder32, vor::cfloat)
 COMPLEX_TRANSFORM(DFTOutOrd, Fwd, forward, 64fc, OutOfOrder64, vor::cdouble)
-COMPLEX_TRANSFORM(DFTOutOrd, Inv, inverse, 64fc, OutOfOrder64, vor::cdouble)
+COMPLEX_TRANSFORM(DFTOutOrd, Inv, backward, 64fc, OutOfOrder64, vor::cdouble)
 
 #define REAL_TRANSFORM(Name, F, D, suffix, Kind, T)                                                \
     extern "C" TavStatus tavsDFT##Name##_##suffix(const T* source, T* destination,                 \
                                                   const DftCtx* object, void* buffer) {            \
         using namespace vor::dft;                                                                  \
-        return real_transform<Kind, Format::F, Direction::D>(source, destination, object, buffer); \
+        return real_transform<Kind, Format::F, vor::Direction::D>(source, destination, object,     \
+                                                                  buffer);                         \
     }
 #define REAL_TRANSFORMS(suffix, Kind, T)                                                           \
     REAL_TRANSFORM(Fwd_RToPerm, perm, forward, suffix, Kind, T)                                    \
     REAL_TRANSFORM(Fwd_RToPack, pack, forward, suffix, Kind, T)                                    \
     REAL_TRANSFORM(Fwd_RToCCS, ccs, forward, suffix, Kind, T)                                      \
-    REAL_TRANSFORM(Inv_PermToR, perm, inverse, suffix, Kind, T)                                    \
-    REAL_TRANSFORM(Inv_PackToR, pack, inverse, suffix, Kind, T)                                    \
-    REAL_TRANSFORM(Inv_CCSToR, ccs, inverse, suffix, Kind, T)
+    REAL_TRANSFORM(Inv_PermToR, perm, backward, suffix, Kind, T)                                   \
+    REAL_TRANSFORM(Inv_PackToR, pack, backward, suffix, Kind, T)                                   \
+    REAL_TRANSFORM(Inv_CCSToR, ccs, backward, suffix, Kind, T)
 REAL_TRANSFORMS(32f, Real32, float)
 REAL_TRANSFORMS(64f, Real64, double)

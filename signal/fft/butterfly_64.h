@@ -5,7 +5,7 @@
 // The comments show the stack, its top to the left; t = c + d, v = c - d, s = a + b, u = a - b.
 #pragma once
 
-#include "serv/element.h"
+#include "arith/element.h"
 
 #include <stddef.h>
 

@@ -2,7 +2,7 @@
 // sine. Built and freed in object.cpp, its tables in tables.cpp; read only in between.
 #pragma once
 
-#include "serv/element.h"
+#include "arith/element.h"
 #include "vor_signal.h"
 
 struct FftCtx {

@@ -9,6 +9,7 @@
 
 namespace {
 
+using namespace vor;
 using namespace vor::fft;
 using C = vor::cfloat;
 
@@ -33,7 +34,7 @@ template <bool inverse, class Load, class Form>
 void radix2_step(float* data, int n, const float* w) {
     const int half = n, quarter = n / 2; // floats
     for (float *x = data, *end = data + quarter; x < end; x += 8, w += 8) {
-        const Four twiddle = load_lanes(w);
+        const Four twiddle = Lanes::load(w);
         const Four a = Load::load(x), b = times<inverse>(Load::load(x + half), twiddle);
         Form::store(x, a + b);
         Form::store(x + half, a - b);
@@ -89,7 +90,7 @@ inline void prefetch(const float* p) {
 template <bool inverse, class Load, class Store>
 inline void merge_four(const float* row, int stride, const float* product, Store store) {
     const auto multiplied = [=](int i) {
-        return times<inverse>(held(Load::load(row + i * stride)), load_lanes(product + i * kRow));
+        return times<inverse>(held(Load::load(row + i * stride)), Lanes::load(product + i * kRow));
     };
     butterfly<inverse>(multiplied, store);
 }
@@ -103,7 +104,7 @@ inline void join(float* x, int k, Four z) {
         z = plus_turned<inverse>(z, z);
         z = {_mm_mul_ps(z.re, root), _mm_mul_ps(z.im, root)};
     }
-    const Four a = load_lanes(x);
+    const Four a = Lanes::load(x);
     Lanes::store(x, k < 2 ? a + z : plus_turned<inverse>(a, z));
     Lanes::store(x + 4 * kRow, k < 2 ? a - z : minus_turned<inverse>(a, z));
 }

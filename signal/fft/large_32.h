@@ -2,7 +2,7 @@
 // lanes on 16-byte boundaries.
 #pragma once
 
-#include "serv/element.h"
+#include "arith/element.h"
 
 extern "C" {
 

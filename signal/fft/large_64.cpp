@@ -14,6 +14,7 @@
 
 namespace {
 
+using namespace vor;
 using namespace vor::fft;
 using C = vor::cdouble;
 

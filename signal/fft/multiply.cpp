@@ -7,6 +7,7 @@
 
 namespace {
 
+using namespace vor;
 using namespace vor::fft;
 using vor::cdouble;
 using vor::cfloat;

@@ -11,6 +11,7 @@
 
 namespace {
 
+using namespace vor;
 using namespace vor::fft;
 using C = vor::cfloat;
 
@@ -109,9 +110,9 @@ void eights(const Source& source, float* out, int n) {
 template <bool inverse, class Form>
 inline void four_butterflies(const float* in, int quarter, const float* w, float* out) {
     const auto multiplied = [=](int i) {
-        const Four x = held(load_lanes(in + i * quarter));
+        const Four x = held(Lanes::load(in + i * quarter));
         if (i == 0) return x;
-        return times<inverse>(x, load_lanes(w + (i == 1 ? kRecord : i == 2 ? 0 : 2 * kRecord)));
+        return times<inverse>(x, Lanes::load(w + (i == 1 ? kRecord : i == 2 ? 0 : 2 * kRecord)));
     };
     butterfly<inverse>(multiplied, [=](int k, Four x) { Form::store(out + k * quarter, x); });
 }

@@ -4,6 +4,7 @@
 
 namespace {
 
+using namespace vor;
 using namespace vor::fft;
 using C = vor::cdouble;
 

@@ -7,18 +7,13 @@
 // reads W^k, W^2k, W^3k at index k N/L of the table of N points. The inverse conjugates.
 #pragma once
 
+#include "arith/number.h"
 #include "signal/fft/butterfly_64.h"
 
 #include <stddef.h>
 
 namespace vor::fft {
 
-inline cdouble operator+(cdouble a, cdouble b) {
-    return {a.re + b.re, a.im + b.im};
-}
-inline cdouble operator-(cdouble a, cdouble b) {
-    return {a.re - b.re, a.im - b.im};
-}
 // By parts: a copy of the whole would be made of words, which a load of the parts has to wait for.
 inline cdouble load(const cdouble* x) {
     return {x->re, x->im};

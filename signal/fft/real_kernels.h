@@ -2,7 +2,7 @@
 // spectra. Data may stand anywhere.
 #pragma once
 
-#include "serv/element.h"
+#include "arith/element.h"
 
 extern "C" {
 

@@ -9,21 +9,17 @@
 
 namespace {
 
+using namespace vor;
 using namespace vor::fft;
 
 // The arithmetic stands once, for reals and for registers of four values.
 struct Lane4 {
     __m128 v;
+
+    friend Lane4 operator+(Lane4 a, Lane4 b) { return {_mm_add_ps(a.v, b.v)}; }
+    friend Lane4 operator-(Lane4 a, Lane4 b) { return {_mm_sub_ps(a.v, b.v)}; }
+    friend Lane4 operator*(Lane4 a, Lane4 b) { return {_mm_mul_ps(a.v, b.v)}; }
 };
-inline Lane4 operator+(Lane4 a, Lane4 b) {
-    return {_mm_add_ps(a.v, b.v)};
-}
-inline Lane4 operator-(Lane4 a, Lane4 b) {
-    return {_mm_sub_ps(a.v, b.v)};
-}
-inline Lane4 operator*(Lane4 a, Lane4 b) {
-    return {_mm_mul_ps(a.v, b.v)};
-}
 
 template <class V>
 struct Pair {
@@ -51,12 +47,7 @@ void one(const C* source, C* destination, int m, int k, const C* table) {
     destination[m - k] = {z.x, z.y};
 }
 
-// Four consecutive complex numbers, and the same in falling order (the first of them at p + 3).
-inline Four load_interleaved(const float* p) {
-    const __m128 a = _mm_loadu_ps(p), b = _mm_loadu_ps(p + 4);
-    return {_mm_shuffle_ps(a, b, _MM_SHUFFLE(2, 0, 2, 0)),
-            _mm_shuffle_ps(a, b, _MM_SHUFFLE(3, 1, 3, 1))};
-}
+// Four complex numbers in falling order (the first of them at p + 3).
 inline Four load_falling(const float* p) {
     const __m128 a = _mm_loadu_ps(p), b = _mm_loadu_ps(p + 4);
     return {_mm_shuffle_ps(b, a, _MM_SHUFFLE(0, 2, 0, 2)),
@@ -80,8 +71,8 @@ inline void step(Four& low, Four& high, Four w) {
 template <bool back>
 void four(const vor::cfloat* source, vor::cfloat* destination, int m, int k,
           const vor::cfloat* table) {
-    Four low = load_interleaved(&source[k].re), high = load_falling(&source[m - k - 3].re);
-    step<back>(low, high, load_interleaved(&table[k].re));
+    Four low = Interleaved::load(&source[k].re), high = load_falling(&source[m - k - 3].re);
+    step<back>(low, high, Interleaved::load(&table[k].re));
     Interleaved::store(&destination[k].re, low);
     store_falling(&destination[m - k - 3].re, high);
 }
@@ -92,9 +83,9 @@ void first_three(const vor::cfloat* source, vor::cfloat* destination, int m,
                  const vor::cfloat* table) {
     const auto moved = [](__m128 x) { return _mm_shuffle_ps(x, x, _MM_SHUFFLE(2, 1, 0, 0)); };
     const auto place = [=](int k) { return reinterpret_cast<__m64*>(destination + k); };
-    Four low = load_interleaved(&source->re), high = load_falling(&source[m - 4].re);
+    Four low = Interleaved::load(&source->re), high = load_falling(&source[m - 4].re);
     high = {moved(high.re), moved(high.im)};
-    step<back>(low, high, load_interleaved(&table->re));
+    step<back>(low, high, Interleaved::load(&table->re));
     _mm_storeh_pi(place(1), _mm_unpacklo_ps(low.re, low.im));
     _mm_storeu_ps(&destination[2].re, _mm_unpackhi_ps(low.re, low.im));
     _mm_storeh_pi(place(m - 1), _mm_unpacklo_ps(high.re, high.im));

@@ -2,7 +2,7 @@
 // errors in units of eps times the sum of the terms.
 #pragma once
 
-#include "serv/element.h"
+#include "arith/element.h"
 
 #include <algorithm>
 #include <cmath>

@@ -45,13 +45,13 @@ void check_direct(int n, WorstError& worst) {
     using C = dft::complex_t<T>;
     using K = dft::Shared<T>;
     using Forward = dft::Directed<T, dft::Direction::forward>;
-    using Inverse = dft::Directed<T, dft::Direction::inverse>;
+    using Inverse = dft::Directed<T, dft::Direction::backward>;
     const Owned<C> base(K::base_table(2 * n));
     const Owned<C> table(K::direct_table(base.data, n, 2));
     Random random(n);
     Guarded<C> x(n), y(n), scratch(n, 8);
     x.fill(random);
-    for (Direction direction : {Direction::forward, Direction::inverse}) {
+    for (Direction direction : {Direction::forward, Direction::backward}) {
         const int sign = direction == Direction::forward ? 1 : -1;
         K::direct(x.data(), y.data(), n, sign, table.data, scratch.data());
         const Spectrum want = direct_transform(widen(x.data(), n), direction);
@@ -84,7 +84,7 @@ TYPED_TEST(DftKernels, DirectSums) {
 TYPED_TEST(DftKernels, StagesInPlace) {
     using C = dft::complex_t<TypeParam>;
     using Forward = dft::Directed<TypeParam, dft::Direction::forward>;
-    using Inverse = dft::Directed<TypeParam, dft::Direction::inverse>;
+    using Inverse = dft::Directed<TypeParam, dft::Direction::backward>;
     const Owned<C> base(dft::Shared<TypeParam>::base_table(7));
     Random random;
     Guarded<C> x(210), y(210), twiddle(7 * 15), scratch(6);
@@ -118,7 +118,7 @@ TYPED_TEST(DftKernels, StagesInPlace) {
 TYPED_TEST(DftKernels, BlocksTogether) {
     using C = dft::complex_t<TypeParam>;
     using Forward = dft::Directed<TypeParam, dft::Direction::forward>;
-    using Inverse = dft::Directed<TypeParam, dft::Direction::inverse>;
+    using Inverse = dft::Directed<TypeParam, dft::Direction::backward>;
     constexpr int kBlocks = 6, kMostColumns = 11;
     Random random;
     Guarded<C> x(kBlocks * 5 * kMostColumns), twiddle(kBlocks * 4 * kMostColumns);

@@ -6,9 +6,9 @@
 // k = 0            the engine scales C
 #pragma once
 
-#include "blas/kernel/default/level3/strips.h"
 #include "blas/letters.h"
 #include "blas/signatures.h"
+#include "serv/team.h"
 
 namespace vor {
 
@@ -25,8 +25,7 @@ template <class T, void(*engine) PARAMS_XGEMM(T)>
     const bool rows = *m > *n;
     const int step_a = is_letter(transa, 'N') ? 1 : *lda;
     const int step_b = is_letter(transb, 'N') ? *ldb : 1;
-#pragma omp parallel for num_threads(threads) schedule(static, 1)
-    for (int i = 0; i < threads; ++i) {
+    team_loop(threads, threads, [&](int i) {
         const Strip strip(rows ? *m : *n, threads, i);
         if (rows)
             engine(transa, transb, &strip.length, n, k, alpha, ahead(a, strip.offset, step_a), lda,
@@ -34,7 +33,7 @@ template <class T, void(*engine) PARAMS_XGEMM(T)>
         else
             engine(transa, transb, m, &strip.length, k, alpha, a, lda,
                    ahead(b, strip.offset, step_b), ldb, beta, ahead(c, strip.offset, *ldc), ldc);
-    }
+    });
 }
 
 template <class T, void(*engine) PARAMS_XGEMM(T)>

@@ -4,8 +4,8 @@
 #pragma once
 
 #include "blas/kernel/default/level3/drivers.h"
-#include "blas/kernel/default/level3/strips.h"
 #include "blas/level3/rank_update.h"
+#include "serv/team.h"
 
 namespace vor {
 
@@ -40,11 +40,10 @@ void rank_update_driver(const RankUpdate<T, Hermitian>& update, S beta, F square
     } else {
         rectangle_beta = beta;
     }
-#pragma omp parallel for num_threads(threads) schedule(static, 1)
-    for (int i = 0; i < threads; ++i) {
+    team_loop(threads, threads, [&](int i) {
         const Strip strip(n, threads, i);
         square(strip.offset, strip.length, beta);
-    }
+    });
     for (int i = 0; i < threads - 1; ++i) {
         const Strip strip(n, threads, i);
         const int behind = strip.offset + strip.length;

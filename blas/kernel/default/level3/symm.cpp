@@ -2,10 +2,10 @@
 // one thread or several. On the left the columns of B and C are shared out, on the right the rows; A is
 // whole for every thread.
 #include "blas/kernel/default/level3/drivers.h"
-#include "blas/kernel/default/level3/strips.h"
 #include "blas/letters.h"
 #include "blas/level3/level3_engines.h"
 #include "serv/entry.h"
+#include "serv/team.h"
 
 namespace {
 
@@ -20,13 +20,12 @@ void drive PARAMS_XSYMM(T) {
     if (*m == 0 || *n == 0) return;
 
     const bool left = vor::is_letter(side, 'L');
-#pragma omp parallel for num_threads(threads) schedule(static, 1)
-    for (int i = 0; i < threads; ++i) {
+    vor::team_loop(threads, threads, [&](int i) {
         const vor::Strip strip(left ? *n : *m, threads, i);
         engine(side, uplo, left ? m : &strip.length, left ? &strip.length : n, alpha, a, lda,
                vor::ahead(b, strip.offset, left ? *ldb : 1), ldb, beta,
                vor::ahead(c, strip.offset, left ? *ldc : 1), ldc);
-    }
+    });
 }
 
 } // namespace

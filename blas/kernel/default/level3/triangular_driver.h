@@ -2,9 +2,9 @@
 // another, so that they are shared out, columns of B on the left, rows on the right. A is read by all.
 #pragma once
 
-#include "blas/kernel/default/level3/strips.h"
 #include "blas/letters.h"
 #include "blas/signatures.h"
+#include "serv/team.h"
 
 namespace vor {
 
@@ -18,12 +18,11 @@ void triangular_driver PARAMS_XTRMM(T) {
     if (*n == 0) return;
 
     const bool left = is_letter(side, 'L');
-#pragma omp parallel for num_threads(threads) schedule(static, 1)
-    for (int i = 0; i < threads; ++i) {
+    team_loop(threads, threads, [&](int i) {
         const Strip strip(left ? *n : *m, threads, i);
         engine(side, uplo, transa, diag, left ? m : &strip.length, left ? &strip.length : n, alpha,
                a, lda, ahead(b, strip.offset, left ? *ldb : 1), ldb);
-    }
+    });
 }
 
 } // namespace vor
