@@ -36,6 +36,15 @@ inline __m128 held(__m128 x) {
     return x;
 }
 
+inline __m128 magnitudes(__m128 x) {
+    return _mm_andnot_ps(_mm_set1_ps(-0.0f), x);
+}
+
+// The processor's estimate of 1 / sqrt(x), good to 12 bits; that of a subnormal x is infinite.
+inline float reciprocal_root_estimate(float x) {
+    return _mm_cvtss_f32(_mm_rsqrt_ss(_mm_set_ss(x)));
+}
+
 // Sums of the lanes, by the order of the additions, which fixes the bits: (0 + 2) + (1 + 3), and
 // (0 + 1) + (2 + 3).
 inline float sum_of_halves(__m128 v) {

@@ -14,6 +14,17 @@
 namespace vor {
 inline namespace arith {
 
+// |x| in the precision that x has on the unit that calculates with it.
+inline float magnitude(float x) {
+    return __builtin_fabsf(x);
+}
+inline extended magnitude(double x) {
+    return __builtin_fabsl(x);
+}
+inline extended magnitude(extended x) {
+    return __builtin_fabsl(x);
+}
+
 // A complex number with parts of type R.
 template <class R>
 struct Complex {

@@ -71,9 +71,5 @@ inline int steps_to(const T* p, int n) {
     return steps < n ? steps : n;
 }
 
-inline bool is_aligned16(const void* p) {
-    return reinterpret_cast<uintptr_t>(p) % 16 == 0;
-}
-
 } // namespace arith
 } // namespace vor

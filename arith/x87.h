@@ -16,19 +16,6 @@ inline extended loaded(const T& p) {
     return x;
 }
 
-// The same by an instruction that reads memory: an element that is only moved would go through an SSE
-// register. It is exact; a signalling NaN becomes a quiet one.
-inline extended pushed(const float& x) {
-    extended value;
-    asm("flds %1" : "=t"(value) : "m"(x));
-    return value;
-}
-inline extended pushed(const double& x) {
-    extended value;
-    asm("fldl %1" : "=t"(value) : "m"(x));
-    return value;
-}
-
 // sum += x*y in the precision of the sum. The extended ones need one place on the x87 stack beside the
 // sums: the compiler would keep operands there, and store sums to make room.
 inline void accumulate(float& sum, float x, float y) {

@@ -7,113 +7,63 @@
 //
 // n < 1: nothing is read or written, and a sum is 0. axpyi with alpha = 0 (both parts) and roti with
 // c = 1 and s = 0 return at once.
+#include "blas/level1/sparse_vectors.h"
 #include "blas/cblas/interface.h"
-
-#include "blas/level1/vector.h"
 
 namespace {
 
 using namespace vor;
+using namespace vor::blas;
 using namespace vor::cblas;
 
-// step(0) to step(n - 1), Group of them in a round while more than that remain.
-template <int Group, class Step>
-[[gnu::always_inline]] inline void in_order(int n, Step step) {
-    int i = 0;
-    for (; n - i > Group; i += Group)
-#pragma GCC unroll 8
-        for (int k = 0; k < Group; ++k) step(i + k);
-    for (; i < n; ++i) step(i);
-}
-// Complex elements fill a cache line soon enough: their loops are not unrolled.
-template <class T, int Group>
-inline constexpr int kGroup = is_complex<T> ? 1 : Group;
+// Elements in straight-line code. Complex ones fill a cache line soon enough.
+template <class T, int real>
+inline constexpr int kGroup = is_complex<T> ? 1 : real;
 
-template <class T>
-void axpyi(int n, const T& alpha, const T* x, const int* indx, T* y) {
-    if (is_zero(alpha)) return;
-    const auto factor = widen(alpha);
-    in_order<kGroup<T, 4>>(n, [&](int i) { add_product(factor, x[i], y[indx[i]]); });
-}
-
-template <class R>
-R doti(int n, const R* x, const int* indx, const R* y) {
-    extended sum = 0;
-    in_order<4>(n, [&](int i) { accumulate(sum, x[i], y[indx[i]]); });
-    return static_cast<R>(sum);
-}
-
-template <bool Conjugate, class T>
-T doti(int n, const T* x, const int* indx, const T* y) {
-    ProductSums<extended> sums;
-    in_order<1>(n, [&](int i) { sums.add(x[i], y[indx[i]]); });
-    return sums.template value<Conjugate, T>();
-}
-
-template <class T>
-void gthr(int n, const T* y, T* x, const int* indx) {
-    in_order<kGroup<T, 5>>(n, [&](int i) { x[i] = y[indx[i]]; });
-}
-
-template <class T>
-void gthrz(int n, T* y, T* x, const int* indx) {
-    in_order<kGroup<T, 4>>(n, [&](int i) {
-        x[i] = y[indx[i]];
-        y[indx[i]] = T{};
-    });
-}
-
-template <class T>
-void sctr(int n, const T* x, const int* indx, T* y) {
-    in_order<kGroup<T, 5>>(n, [&](int i) { y[indx[i]] = x[i]; });
-}
-
-template <class R>
-void roti(int n, R* x, const int* indx, R* y, extended c, extended s) {
-    if (c == 1 && s == 0) return;
-    in_order<1>(n, [&](int i) { rotate(c, s, x[i], y[indx[i]]); });
+Positions<0> from_zero(const int* indx) {
+    return {indx};
 }
 
 } // namespace
 
 extern "C" {
 
-#define FOR_ALL(p, T)                                                                              \
-    void cblas_##p##axpyi(int n, Scalar<T> alpha, const Array<T>* x, const int* indx,              \
-                          Array<T>* y) {                                                           \
-        axpyi(n, *reference<const T*>(alpha), static_cast<const T*>(x), indx, static_cast<T*>(y)); \
+#define FOR_ALL(axpyi, gthr, gthrz, sctr, T)                                                       \
+    void axpyi(int n, Scalar<T> alpha, const Array<T>* x, const int* indx, Array<T>* y) {          \
+        add_sparse<kGroup<T, 4>>(n, *reference<const T*>(alpha), static_cast<const T*>(x),         \
+                                 from_zero(indx), static_cast<T*>(y));                             \
     }                                                                                              \
-    void cblas_##p##gthr(int n, const Array<T>* y, Array<T>* x, const int* indx) {                 \
-        gthr(n, static_cast<const T*>(y), static_cast<T*>(x), indx);                               \
+    void gthr(int n, const Array<T>* y, Array<T>* x, const int* indx) {                            \
+        gather<kGroup<T, 5>>(n, static_cast<const T*>(y), static_cast<T*>(x), from_zero(indx));    \
     }                                                                                              \
-    void cblas_##p##gthrz(int n, Array<T>* y, Array<T>* x, const int* indx) {                      \
-        gthrz(n, static_cast<T*>(y), static_cast<T*>(x), indx);                                    \
+    void gthrz(int n, Array<T>* y, Array<T>* x, const int* indx) {                                 \
+        gather_and_zero<kGroup<T, 4>>(n, static_cast<T*>(y), static_cast<T*>(x), from_zero(indx)); \
     }                                                                                              \
-    void cblas_##p##sctr(int n, const Array<T>* x, const int* indx, Array<T>* y) {                 \
-        sctr(n, static_cast<const T*>(x), indx, static_cast<T*>(y));                               \
+    void sctr(int n, const Array<T>* x, const int* indx, Array<T>* y) {                            \
+        scatter<kGroup<T, 5>>(n, static_cast<const T*>(x), from_zero(indx), static_cast<T*>(y));   \
     }
-FOR_ALL(s, float)
-FOR_ALL(d, double)
-FOR_ALL(c, cfloat)
-FOR_ALL(z, cdouble)
+FOR_ALL(cblas_saxpyi, cblas_sgthr, cblas_sgthrz, cblas_ssctr, float)
+FOR_ALL(cblas_daxpyi, cblas_dgthr, cblas_dgthrz, cblas_dsctr, double)
+FOR_ALL(cblas_caxpyi, cblas_cgthr, cblas_cgthrz, cblas_csctr, cfloat)
+FOR_ALL(cblas_zaxpyi, cblas_zgthr, cblas_zgthrz, cblas_zsctr, cdouble)
 
-#define FOR_REAL(p, T)                                                                             \
-    T cblas_##p##doti(int n, const T* x, const int* indx, const T* y) {                            \
-        return doti(n, x, indx, y);                                                                \
+#define FOR_REAL(doti, roti, T)                                                                    \
+    T doti(int n, const T* x, const int* indx, const T* y) {                                       \
+        return dot_sparse<extended, 4>(n, x, from_zero(indx), y);                                  \
     }                                                                                              \
-    void cblas_##p##roti(int n, T* x, const int* indx, T* y, T c, T s) {                           \
-        roti(n, x, indx, y, c, s);                                                                 \
+    void roti(int n, T* x, const int* indx, T* y, T c, T s) {                                      \
+        rotate_sparse<extended>(n, x, from_zero(indx), y, c, s);                                   \
     }
-FOR_REAL(s, float)
-FOR_REAL(d, double)
+FOR_REAL(cblas_sdoti, cblas_sroti, float)
+FOR_REAL(cblas_ddoti, cblas_droti, double)
 
 #define FOR_COMPLEX(name, T, conjugate)                                                            \
-    void cblas_##name##_sub(int n, const void* x, const int* indx, const void* y, void* result) {  \
-        *static_cast<T*>(result) =                                                                 \
-            doti<conjugate>(n, static_cast<const T*>(x), indx, static_cast<const T*>(y));          \
+    void name(int n, const void* x, const int* indx, const void* y, void* result) {                \
+        *static_cast<T*>(result) = complex_dot_sparse<extended, conjugate>(                        \
+            n, static_cast<const T*>(x), from_zero(indx), static_cast<const T*>(y));               \
     }
-FOR_COMPLEX(cdotui, cfloat, false)
-FOR_COMPLEX(cdotci, cfloat, true)
-FOR_COMPLEX(zdotui, cdouble, false)
-FOR_COMPLEX(zdotci, cdouble, true)
+FOR_COMPLEX(cblas_cdotui_sub, cfloat, false)
+FOR_COMPLEX(cblas_cdotci_sub, cfloat, true)
+FOR_COMPLEX(cblas_zdotui_sub, cdouble, false)
+FOR_COMPLEX(cblas_zdotci_sub, cdouble, true)
 }

@@ -1,15 +1,12 @@
 // The gemv kernels: see gemv_kernels.h.
 #include "blas/kernel/gemv_kernels.h"
+#include "arith/prefetch.h"
+#include "blas/kernel/columns.h"
 #include "blas/letters.h"
-#include "blas/level2/columns.h"
 #include "serv/entry.h"
 
+namespace vor::blas {
 namespace {
-
-using vor::Columns;
-using vor::kStripRows;
-using vor::number;
-using vor::Numbers;
 
 enum class Op { n, t, c };
 enum class Prefetch { no, yes };
@@ -22,24 +19,23 @@ template <int columns, class T>
 #pragma GCC unroll 16
     for (int at = kLine; at < kBytes; at += kLine)
 #pragma GCC unroll 4
-        for (int q = 0; q < columns; ++q)
-            _mm_prefetch(reinterpret_cast<const char*>(a.first[q]) + at, _MM_HINT_T0);
+        for (int q = 0; q < columns; ++q) prefetch(a.first[q], at);
 }
 
 template <Op op, int columns, class T, class X, class Y>
 [[gnu::always_inline]] inline void multiply_columns(int rows, T alpha, const Columns<columns, T>& a,
                                                     X x, Y y) {
-    using V = vor::wide_t<T>;
+    using V = wide_t<T>;
     Numbers<columns, V> t;
     if constexpr (op == Op::n) {
 #pragma GCC unroll 4
         for (int q = 0; q < columns; ++q) t.of[q] = number<V>(alpha) * number<V>(x[q]);
-        vor::add_columns(rows, a, t, y);
+        add_columns(rows, a, t, y);
     } else {
-        vor::dot_columns<op == Op::c>(rows, a, x, t);
+        dot_columns<op == Op::c>(rows, a, x, t);
 #pragma GCC unroll 4
         for (int q = 0; q < columns; ++q)
-            y[q] = vor::element<T>(number<V>(y[q]) + number<V>(alpha) * t.of[q]);
+            y[q] = element<T>(number<V>(y[q]) + number<V>(alpha) * t.of[q]);
     }
 }
 
@@ -63,57 +59,64 @@ template <Op op, int group, Prefetch prefetch, class T, class X, class Y>
 template <Op op, class T>
 void rest(int rows, int n, T alpha, const T* a, int lda, const T* x, int incx, T* y, int incy) {
     // Complex sums run singly: one fills the x87 stack.
-    constexpr int kGroup = vor::is_complex<T> && op != Op::n ? 1 : 4;
+    constexpr int kGroup = is_complex<T> && op != Op::n ? 1 : 4;
     if (incx == 1 && incy == 1)
-        multiply<op, kGroup, Prefetch::no>(rows, n, alpha, a, lda,
-                                           vor::Vector<const T, vor::Unit>{x, {}},
-                                           vor::Vector<T, vor::Unit>{y, {}});
+        multiply<op, kGroup, Prefetch::no>(rows, n, alpha, a, lda, Vector<const T, Unit>{x, {}},
+                                           Vector<T, Unit>{y, {}});
     else
-        multiply<op, kGroup, Prefetch::no>(rows, n, alpha, a, lda,
-                                           vor::Vector<const T, int>{x, incx},
-                                           vor::Vector<T, int>{y, incy});
+        multiply<op, kGroup, Prefetch::no>(rows, n, alpha, a, lda, Vector<const T, int>{x, incx},
+                                           Vector<T, int>{y, incy});
 }
 
 } // namespace
 
 #define UNIT_KERNEL(name, T, op, group, prefetch)                                                  \
-    VOR_ENGINE void vor_blas_##name PARAMS_GEMV_OO(T) {                                            \
+    VOR_ENGINE void name PARAMS_GEMV_OO(T) {                                                       \
         multiply<Op::op, group, Prefetch::prefetch>(kStripRows, *n, *alpha, a, *lda,               \
-                                                    vor::Vector<const T, vor::Unit>{x, {}},        \
-                                                    vor::Vector<T, vor::Unit>{y, {}});             \
+                                                    Vector<const T, Unit>{x, {}},                  \
+                                                    Vector<T, Unit>{y, {}});                       \
     }
 #define STEPPED_KERNEL(name, T, op, group)                                                         \
-    VOR_ENGINE void vor_blas_##name PARAMS_GEMV_AA(T) {                                            \
+    VOR_ENGINE void name PARAMS_GEMV_AA(T) {                                                       \
         multiply<Op::op, group, Prefetch::yes>(kStripRows, *n, *alpha, a, *lda,                    \
-                                               vor::Vector<const T, int>{x, *incx},                \
-                                               vor::Vector<T, int>{y, *incy});                     \
+                                               Vector<const T, int>{x, *incx},                     \
+                                               Vector<T, int>{y, *incy});                          \
     }
 // n kernels round y after each group. The sums of t and c kernels are those of single columns: four of
 // them side by side hide the latency of the addition, a complex one fills the x87 stack.
-#define KERNELS(p, T, op, unit_group, stepped_group)                                               \
-    UNIT_KERNEL(p##gemv##op##oo, T, op, unit_group, yes)                                           \
-    STEPPED_KERNEL(p##gemv##op##aa, T, op, stepped_group)
-KERNELS(s, float, n, 4, 4)
-KERNELS(s, float, t, 4, 4)
-KERNELS(d, double, n, 2, 2)
-KERNELS(d, double, t, 4, 4)
-KERNELS(c, vor::cfloat, n, 2, 2)
-KERNELS(c, vor::cfloat, t, 1, 1)
-KERNELS(c, vor::cfloat, c, 1, 1)
-KERNELS(z, vor::cdouble, n, 2, 1)
-KERNELS(z, vor::cdouble, t, 1, 1)
-KERNELS(z, vor::cdouble, c, 1, 1)
-UNIT_KERNEL(dgemvnoo_def, double, n, 2, no)
-UNIT_KERNEL(dgemvtoo_def, double, t, 4, no)
+UNIT_KERNEL(vor_blas_sgemvnoo, float, n, 4, yes)
+STEPPED_KERNEL(vor_blas_sgemvnaa, float, n, 4)
+UNIT_KERNEL(vor_blas_sgemvtoo, float, t, 4, yes)
+STEPPED_KERNEL(vor_blas_sgemvtaa, float, t, 4)
+UNIT_KERNEL(vor_blas_dgemvnoo, double, n, 2, yes)
+STEPPED_KERNEL(vor_blas_dgemvnaa, double, n, 2)
+UNIT_KERNEL(vor_blas_dgemvtoo, double, t, 4, yes)
+STEPPED_KERNEL(vor_blas_dgemvtaa, double, t, 4)
+UNIT_KERNEL(vor_blas_cgemvnoo, cfloat, n, 2, yes)
+STEPPED_KERNEL(vor_blas_cgemvnaa, cfloat, n, 2)
+UNIT_KERNEL(vor_blas_cgemvtoo, cfloat, t, 1, yes)
+STEPPED_KERNEL(vor_blas_cgemvtaa, cfloat, t, 1)
+UNIT_KERNEL(vor_blas_cgemvcoo, cfloat, c, 1, yes)
+STEPPED_KERNEL(vor_blas_cgemvcaa, cfloat, c, 1)
+UNIT_KERNEL(vor_blas_zgemvnoo, cdouble, n, 2, yes)
+STEPPED_KERNEL(vor_blas_zgemvnaa, cdouble, n, 1)
+UNIT_KERNEL(vor_blas_zgemvtoo, cdouble, t, 1, yes)
+STEPPED_KERNEL(vor_blas_zgemvtaa, cdouble, t, 1)
+UNIT_KERNEL(vor_blas_zgemvcoo, cdouble, c, 1, yes)
+STEPPED_KERNEL(vor_blas_zgemvcaa, cdouble, c, 1)
+UNIT_KERNEL(vor_blas_dgemvnoo_def, double, n, 2, no)
+UNIT_KERNEL(vor_blas_dgemvtoo_def, double, t, 4, no)
 
-#define REST(p, T)                                                                                 \
-    VOR_ENGINE void vor_blas_##p##gemvpst PARAMS_GEMV_AA(T) {                                      \
-        const auto body = vor::is_letter(trans, 'N')                          ? rest<Op::n, T>     \
-                          : !vor::is_complex<T> || vor::is_letter(trans, 'T') ? rest<Op::t, T>     \
-                                                                              : rest<Op::c, T>;    \
+#define REST(name, T)                                                                              \
+    VOR_ENGINE void name PARAMS_GEMV_AA(T) {                                                       \
+        const auto body = is_letter(trans, 'N')                     ? rest<Op::n, T>               \
+                          : !is_complex<T> || is_letter(trans, 'T') ? rest<Op::t, T>               \
+                                                                    : rest<Op::c, T>;              \
         body(*rows, *n, *alpha, a, *lda, x, *incx, y, *incy);                                      \
     }
-REST(s, float)
-REST(d, double)
-REST(c, vor::cfloat)
-REST(z, vor::cdouble)
+REST(vor_blas_sgemvpst, float)
+REST(vor_blas_dgemvpst, double)
+REST(vor_blas_cgemvpst, cfloat)
+REST(vor_blas_zgemvpst, cdouble)
+
+} // namespace vor::blas

@@ -25,31 +25,37 @@
      const T* alpha, const T* a, const int* lda, const T* x, const int* incx,                      \
      [[maybe_unused]] const T* beta, T* y, const int* incy)
 
-namespace vor {
+namespace vor::blas {
 
 inline constexpr int kStripRows = 64;
 
-} // namespace vor
+} // namespace vor::blas
 
-#define VOR_GEMV_KERNELS(p, T, op)                                                                 \
-    void vor_blas_##p##gemv##op##oo PARAMS_GEMV_OO(T);                                             \
-    void vor_blas_##p##gemv##op##aa PARAMS_GEMV_AA(T);
 extern "C" {
-VOR_GEMV_KERNELS(s, float, n)
-VOR_GEMV_KERNELS(s, float, t)
-VOR_GEMV_KERNELS(d, double, n)
-VOR_GEMV_KERNELS(d, double, t)
-VOR_GEMV_KERNELS(c, vor::cfloat, n)
-VOR_GEMV_KERNELS(c, vor::cfloat, t)
-VOR_GEMV_KERNELS(c, vor::cfloat, c)
-VOR_GEMV_KERNELS(z, vor::cdouble, n)
-VOR_GEMV_KERNELS(z, vor::cdouble, t)
-VOR_GEMV_KERNELS(z, vor::cdouble, c)
-void vor_blas_dgemvnoo_def PARAMS_GEMV_OO(double);
-void vor_blas_dgemvtoo_def PARAMS_GEMV_OO(double);
+void vor_blas_sgemvnoo PARAMS_GEMV_OO(float);
+void vor_blas_sgemvnaa PARAMS_GEMV_AA(float);
+void vor_blas_sgemvtoo PARAMS_GEMV_OO(float);
+void vor_blas_sgemvtaa PARAMS_GEMV_AA(float);
 void vor_blas_sgemvpst PARAMS_GEMV_AA(float);
+void vor_blas_dgemvnoo PARAMS_GEMV_OO(double);
+void vor_blas_dgemvnaa PARAMS_GEMV_AA(double);
+void vor_blas_dgemvnoo_def PARAMS_GEMV_OO(double);
+void vor_blas_dgemvtoo PARAMS_GEMV_OO(double);
+void vor_blas_dgemvtaa PARAMS_GEMV_AA(double);
+void vor_blas_dgemvtoo_def PARAMS_GEMV_OO(double);
 void vor_blas_dgemvpst PARAMS_GEMV_AA(double);
+void vor_blas_cgemvnoo PARAMS_GEMV_OO(vor::cfloat);
+void vor_blas_cgemvnaa PARAMS_GEMV_AA(vor::cfloat);
+void vor_blas_cgemvtoo PARAMS_GEMV_OO(vor::cfloat);
+void vor_blas_cgemvtaa PARAMS_GEMV_AA(vor::cfloat);
+void vor_blas_cgemvcoo PARAMS_GEMV_OO(vor::cfloat);
+void vor_blas_cgemvcaa PARAMS_GEMV_AA(vor::cfloat);
 void vor_blas_cgemvpst PARAMS_GEMV_AA(vor::cfloat);
+void vor_blas_zgemvnoo PARAMS_GEMV_OO(vor::cdouble);
+void vor_blas_zgemvnaa PARAMS_GEMV_AA(vor::cdouble);
+void vor_blas_zgemvtoo PARAMS_GEMV_OO(vor::cdouble);
+void vor_blas_zgemvtaa PARAMS_GEMV_AA(vor::cdouble);
+void vor_blas_zgemvcoo PARAMS_GEMV_OO(vor::cdouble);
+void vor_blas_zgemvcaa PARAMS_GEMV_AA(vor::cdouble);
 void vor_blas_zgemvpst PARAMS_GEMV_AA(vor::cdouble);
 }
-#undef VOR_GEMV_KERNELS

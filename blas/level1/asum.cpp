@@ -2,14 +2,11 @@
 //
 // The sign of the step does not matter; a step of 0 adds abs(x[0]) n times. Unit steps run over the
 // real entries: double precision in four extended sums, single precision in vectors.
-#include "blas/level1/engines.h"
+#include "blas/level1/entry.h"
 #include "blas/level1/sums.h"
-#include "serv/entry.h"
-#include "vor_blas.h"
 
+namespace vor::blas {
 namespace {
-
-using namespace vor;
 
 // Partial sum k takes the entries k mod 4.
 extended sum_entries(int n, const double* x) {
@@ -34,12 +31,11 @@ real_t<T> asum(int n, const T* x, int incx) {
 
 } // namespace
 
-#define ASUM(name, NAME, T, R)                                                                     \
-    VOR_ENGINE R vor_blas_##name PARAMS_VALUE(T) {                                                 \
-        return asum(*n, x, *incx);                                                                 \
-    }                                                                                              \
-    VOR_ENTRY(R, name, NAME, vor_blas_##name, PARAMS_VALUE(T), ARGS_VALUE)
-ASUM(sasum, SASUM, float, float)
-ASUM(dasum, DASUM, double, double)
-ASUM(scasum, SCASUM, vor::cfloat, float)
-ASUM(dzasum, DZASUM, vor::cdouble, double)
+#define ASUM(name, NAME, engine, T, R)                                                             \
+    LEVEL1(R, name, NAME, engine, PARAMS_VALUE(T), ARGS_VALUE, return asum(*n, x, *incx))
+ASUM(sasum, SASUM, vor_blas_sasum, float, float)
+ASUM(dasum, DASUM, vor_blas_dasum, double, double)
+ASUM(scasum, SCASUM, vor_blas_scasum, cfloat, float)
+ASUM(dzasum, DZASUM, vor_blas_dzasum, cdouble, double)
+
+} // namespace vor::blas

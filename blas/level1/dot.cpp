@@ -7,14 +7,12 @@
 // sdsdot  the same on top of sb, rounded to float at the end; sb itself with n < 1
 //
 // The number of partial sums and the order in which they are added fix every bit of the result.
-#include "blas/level1/engines.h"
+#include "blas/kernel/dot_lanes.h"
+#include "blas/level1/entry.h"
 #include "blas/level1/vector.h"
-#include "serv/entry.h"
-#include "vor_blas.h"
 
+namespace vor::blas {
 namespace {
-
-using namespace vor;
 
 // Partial sum k takes the elements k mod 4. Group elements a round; what is left of the last round is
 // added to the total one by one. ahead(x, y) runs once in two rounds.
@@ -69,35 +67,12 @@ double dot(int n, const double* x, int incx, const double* y, int incy) {
         }));
 }
 
-// y is aligned, x as well if AlignedX. The sum starts from `start`, in lane 0.
-template <bool AlignedX>
-float dot_vectors(int n, float start, const float* x, const float* y) {
-    const auto products = [&](int i) {
-        return _mm_mul_ps(load<AlignedX>(x + i), _mm_load_ps(y + i));
-    };
-    __m128 acc0 = _mm_set_ss(start), acc1 = _mm_setzero_ps();
-    int i = 0;
-    for (; i + 16 <= n; i += 16) {
-        if constexpr (!AlignedX) {
-            prefetch(x + i, 96), prefetch(x + i, 128);
-            prefetch(y + i, 96), prefetch(y + i, 128);
-        }
-        acc0 = _mm_add_ps(acc0, products(i));
-        acc1 = _mm_add_ps(acc1, products(i + 4));
-        acc0 = _mm_add_ps(acc0, products(i + 8));
-        acc1 = _mm_add_ps(acc1, products(i + 12));
-    }
-    float sum = sum_of_halves(_mm_add_ps(acc0, acc1));
-    for (; i < n; ++i) sum += x[i] * y[i];
-    return sum;
-}
-
 // Unit steps, single precision throughout, y aligned after `prefix` elements.
 float dot_single(int n, int prefix, const float* x, const float* y) {
     float start = 0;
     for (int i = 0; i < prefix; ++i) start += x[i] * y[i];
     n -= prefix, x += prefix, y += prefix;
-    return is_aligned16(x) ? dot_vectors<true>(n, start, x, y) : dot_vectors<false>(n, start, x, y);
+    return aligned(x) ? dot_vectors<true>(n, start, x, y) : dot_vectors<false>(n, start, x, y);
 }
 
 extended dot_one_sided(int n, const float* x, int incx, const float* y, int incy) {
@@ -131,17 +106,11 @@ VOR_ENGINE long double vor_blas_sdot PARAMS_DOT(float) {
 }
 VOR_EXTENDED_ENTRY(float, sdot, SDOT, vor_blas_sdot, PARAMS_DOT(float), ARGS_DOT)
 
-VOR_ENGINE double vor_blas_ddot PARAMS_DOT(double) {
-    return dot(*n, x, *incx, y, *incy);
-}
-VOR_ENTRY(double, ddot, DDOT, vor_blas_ddot, PARAMS_DOT(double), ARGS_DOT)
+LEVEL1(double, ddot, DDOT, vor_blas_ddot, PARAMS_DOT(double), ARGS_DOT,
+       return dot(*n, x, *incx, y, *incy))
+LEVEL1(double, dsdot, DSDOT, vor_blas_dsdot, PARAMS_DOT(float), ARGS_DOT,
+       return static_cast<double>(dot_in_order(*n, 0, x, *incx, y, *incy)))
+LEVEL1(float, sdsdot, SDSDOT, vor_blas_sdsdot, PARAMS_SDSDOT, ARGS_SDSDOT,
+       return static_cast<float>(dot_in_order(*n, *sb, x, *incx, y, *incy)))
 
-VOR_ENGINE double vor_blas_dsdot PARAMS_DOT(float) {
-    return static_cast<double>(dot_in_order(*n, 0, x, *incx, y, *incy));
-}
-VOR_ENTRY(double, dsdot, DSDOT, vor_blas_dsdot, PARAMS_DOT(float), ARGS_DOT)
-
-VOR_ENGINE float vor_blas_sdsdot PARAMS_SDSDOT {
-    return static_cast<float>(dot_in_order(*n, *sb, x, *incx, y, *incy));
-}
-VOR_ENTRY(float, sdsdot, SDSDOT, vor_blas_sdsdot, PARAMS_SDSDOT, ARGS_SDSDOT)
+} // namespace vor::blas

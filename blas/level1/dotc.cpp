@@ -3,14 +3,12 @@
 // Four real sums (of re*re, im*im, re*im, im*re) are kept apart and put together at the end, so that
 // both routines run the same loops. cdot with equal steps of 1 or -1 works in single precision, two
 // complex numbers to a vector; everything else in extended precision, rounded at the end.
-#include "blas/level1/engines.h"
+#include "blas/kernel/dot_lanes.h"
+#include "blas/level1/entry.h"
 #include "blas/level1/vector.h"
-#include "serv/entry.h"
-#include "vor_blas.h"
 
+namespace vor::blas {
 namespace {
-
-using namespace vor;
 
 template <int Group, class T>
 [[gnu::always_inline]] inline ProductSums<extended> sums_extended(int n, const T* x, int incx,
@@ -35,50 +33,14 @@ inline bool is_unit_pair(int incx, int incy) {
     return incx == incy && (incx == 1 || incx == -1);
 }
 
-// Lanes (0, 1) of `direct` hold the sums of (re*re, im*im), of `crossed` those of (re*im, im*re);
-// lanes (2, 3) the same for every other element.
-struct VectorSums {
-    __m128 direct, crossed;
-
-    void add(__m128 x, __m128 y) {
-        direct = _mm_add_ps(direct, _mm_mul_ps(x, y));
-        crossed = _mm_add_ps(crossed, _mm_mul_ps(x, swap_parts(y)));
-    }
-};
-
-inline ProductSums<float> fold(const VectorSums& a, const VectorSums& b) {
-    const __m128 direct = _mm_add_ps(a.direct, b.direct);
-    const __m128 crossed = _mm_add_ps(a.crossed, b.crossed);
-    float sums[4];
-    _mm_storeu_ps(sums, _mm_add_ps(_mm_movelh_ps(direct, crossed), _mm_movehl_ps(crossed, direct)));
-    return {sums[0], sums[1], sums[2], sums[3]};
-}
-
-// The sums of n more elements; y is aligned if AlignedY, x if AlignedX.
-template <bool AlignedX, bool AlignedY>
-ProductSums<float> sums_vectors(int n, const ProductSums<float>& start, const cfloat* x,
-                                const cfloat* y) {
-    const __m128 zero = _mm_setzero_ps();
-    VectorSums a{_mm_set_ps(0, 0, start.ii, start.rr), _mm_set_ps(0, 0, start.ir, start.ri)};
-    VectorSums b{zero, zero};
-    int i = 0;
-    for (; i + 4 <= n; i += 4) {
-        a.add(load<AlignedX>(&x[i].re), load<AlignedY>(&y[i].re));
-        b.add(load<AlignedX>(&x[i + 2].re), load<AlignedY>(&y[i + 2].re));
-    }
-    ProductSums<float> sums = fold(a, b);
-    for (; i < n; ++i) sums.add(x[i], y[i]);
-    return sums;
-}
-
 ProductSums<float> sums_single(int n, const cfloat* x, const cfloat* y) {
     ProductSums<float> sums;
     const int prefix = steps_to<16>(y, n);
     if (prefix < 0) return sums_vectors<false, false>(n, sums, x, y);
     for (int i = 0; i < prefix; ++i) sums.add(x[i], y[i]);
     n -= prefix, x += prefix, y += prefix;
-    return is_aligned16(x) ? sums_vectors<true, true>(n, sums, x, y)
-                           : sums_vectors<false, true>(n, sums, x, y);
+    return aligned(x) ? sums_vectors<true, true>(n, sums, x, y)
+                      : sums_vectors<false, true>(n, sums, x, y);
 }
 
 template <bool Conjugate>
@@ -96,12 +58,12 @@ cdouble dot(int n, const cdouble* x, int incx, const cdouble* y, int incy) {
 
 } // namespace
 
-#define CDOT(name, NAME, T, conjugate)                                                             \
-    VOR_ENGINE void vor_blas_##name PARAMS_CDOT(T) {                                               \
-        *result = dot<conjugate>(*n, x, *incx, y, *incy);                                          \
-    }                                                                                              \
-    VOR_ENTRY(void, name, NAME, vor_blas_##name, PARAMS_CDOT(T), ARGS_CDOT)
-CDOT(cdotu, CDOTU, vor::cfloat, false)
-CDOT(cdotc, CDOTC, vor::cfloat, true)
-CDOT(zdotu, ZDOTU, vor::cdouble, false)
-CDOT(zdotc, ZDOTC, vor::cdouble, true)
+#define CDOT(name, NAME, engine, T, conjugate)                                                     \
+    LEVEL1(void, name, NAME, engine, PARAMS_CDOT(T), ARGS_CDOT,                                    \
+           *result = dot<conjugate>(*n, x, *incx, y, *incy))
+CDOT(cdotu, CDOTU, vor_blas_cdotu, cfloat, false)
+CDOT(cdotc, CDOTC, vor_blas_cdotc, cfloat, true)
+CDOT(zdotu, ZDOTU, vor_blas_zdotu, cdouble, false)
+CDOT(zdotc, ZDOTC, vor_blas_zdotc, cdouble, true)
+
+} // namespace vor::blas

@@ -2,46 +2,23 @@
 //
 // One sum in the order of the elements: in single precision for s and c, in extended precision, rounded
 // at the end, for d and z. The four real sums of a complex product are kept apart.
-#include "blas/level1/engines.h"
-#include "blas/level1/vector.h"
-#include "serv/entry.h"
-#include "vor_blas.h"
+#include "blas/level1/entry.h"
+#include "blas/level1/sparse_vectors.h"
 
-namespace {
+namespace vor::blas {
 
-using namespace vor;
+#define DOTI(name, NAME, engine, T)                                                                \
+    LEVEL1(T, name, NAME, engine, PARAMS_DOTI(T), ARGS_DOTI,                                       \
+           return dot_sparse<work_t<T>>(*n, x, Positions<1>{indx}, y))
+DOTI(sdoti, SDOTI, vor_blas_sdoti, float)
+DOTI(ddoti, DDOTI, vor_blas_ddoti, double)
 
-template <class R>
-R doti(int n, const R* x, const int* indx, const R* y) {
-    using W = arithmetic<R>;
-    W sum = 0;
-    for (int i = 0; i < n; ++i) sum += W(x[i]) * y[indx[i] - 1];
-    return static_cast<R>(sum);
-}
+#define CDOTI(name, NAME, engine, T, conjugate)                                                    \
+    LEVEL1(void, name, NAME, engine, PARAMS_CDOTI(T), ARGS_CDOTI,                                  \
+           *result = complex_dot_sparse<work_real_t<T>, conjugate>(*n, x, Positions<1>{indx}, y))
+CDOTI(cdotui, CDOTUI, vor_blas_cdotui, cfloat, false)
+CDOTI(cdotci, CDOTCI, vor_blas_cdotci, cfloat, true)
+CDOTI(zdotui, ZDOTUI, vor_blas_zdotui, cdouble, false)
+CDOTI(zdotci, ZDOTCI, vor_blas_zdotci, cdouble, true)
 
-template <bool Conjugate, class T>
-T doti(int n, const T* x, const int* indx, const T* y) {
-    ProductSums<arithmetic<real_t<T>>> sums;
-    for (int i = 0; i < n; ++i) sums.add(x[i], y[indx[i] - 1]);
-    return sums.template value<Conjugate, T>();
-}
-
-} // namespace
-
-#define DOTI(p, P, T)                                                                              \
-    VOR_ENGINE T vor_blas_##p##doti PARAMS_DOTI(T) {                                               \
-        return doti(*n, x, indx, y);                                                               \
-    }                                                                                              \
-    VOR_ENTRY(T, p##doti, P##DOTI, vor_blas_##p##doti, PARAMS_DOTI(T), ARGS_DOTI)
-DOTI(s, S, float)
-DOTI(d, D, double)
-
-#define CDOTI(name, NAME, T, conjugate)                                                            \
-    VOR_ENGINE void vor_blas_##name PARAMS_CDOTI(T) {                                              \
-        *result = doti<conjugate>(*n, x, indx, y);                                                 \
-    }                                                                                              \
-    VOR_ENTRY(void, name, NAME, vor_blas_##name, PARAMS_CDOTI(T), ARGS_CDOTI)
-CDOTI(cdotui, CDOTUI, vor::cfloat, false)
-CDOTI(cdotci, CDOTCI, vor::cfloat, true)
-CDOTI(zdotui, ZDOTUI, vor::cdouble, false)
-CDOTI(zdotci, ZDOTCI, vor::cdouble, true)
+} // namespace vor::blas

@@ -1,5 +1,5 @@
-// The Level 1 engines, for callers inside the library: the routines without the entry's frame. They
-// allocate nothing, start no threads and ask for no settings, so they may be called from parallel
+// The engines of the vector routines, for callers inside the library: the routines without the entry's frame.
+// They allocate nothing, start no threads and ask for no settings, so they may be called from parallel
 // regions.
 //
 // vor_blas_sdot hands its value back in extended precision (see dot.cpp): a caller that wants a float
@@ -10,55 +10,64 @@
 #include "blas/signatures.h"
 
 extern "C" {
-
-#define VOR_LEVEL1_OF_ALL(p, T)                                                                    \
-    void vor_blas_##p##axpy PARAMS_AXPY(T);                                                        \
-    void vor_blas_##p##copy PARAMS_COPY(T);                                                        \
-    void vor_blas_##p##swap PARAMS_SWAP(T);                                                        \
-    void vor_blas_##p##scal PARAMS_SCAL(T, T);                                                     \
-    int vor_blas_i##p##amax PARAMS_VALUE(T);                                                       \
-    int vor_blas_i##p##amin PARAMS_VALUE(T);                                                       \
-    void vor_blas_##p##axpyi PARAMS_AXPYI(T);                                                      \
-    void vor_blas_##p##gthr PARAMS_GTHR(T);                                                        \
-    void vor_blas_##p##gthrz PARAMS_GTHRZ(T);                                                      \
-    void vor_blas_##p##sctr PARAMS_SCTR(T);
-VOR_LEVEL1_OF_ALL(s, float)
-VOR_LEVEL1_OF_ALL(d, double)
-VOR_LEVEL1_OF_ALL(c, vor::cfloat)
-VOR_LEVEL1_OF_ALL(z, vor::cdouble)
-#undef VOR_LEVEL1_OF_ALL
-
-#define VOR_LEVEL1_OF_REAL(p, T)                                                                   \
-    T vor_blas_##p##nrm2 PARAMS_VALUE(T);                                                          \
-    T vor_blas_##p##asum PARAMS_VALUE(T);                                                          \
-    void vor_blas_##p##rot PARAMS_ROT(T, T);                                                       \
-    void vor_blas_##p##rotg PARAMS_ROTG(T);                                                        \
-    void vor_blas_##p##rotm PARAMS_ROTM(T);                                                        \
-    void vor_blas_##p##rotmg PARAMS_ROTMG(T);                                                      \
-    T vor_blas_##p##doti PARAMS_DOTI(T);                                                           \
-    void vor_blas_##p##roti PARAMS_ROTI(T);
-VOR_LEVEL1_OF_REAL(s, float)
-VOR_LEVEL1_OF_REAL(d, double)
-#undef VOR_LEVEL1_OF_REAL
-
-// pr and rp are the letters of routines on complex data with a real scalar or a real result.
-#define VOR_LEVEL1_OF_COMPLEX(p, pr, rp, T, R)                                                     \
-    void vor_blas_##p##dotu PARAMS_CDOT(T);                                                        \
-    void vor_blas_##p##dotc PARAMS_CDOT(T);                                                        \
-    void vor_blas_##p##dotui PARAMS_CDOTI(T);                                                      \
-    void vor_blas_##p##dotci PARAMS_CDOTI(T);                                                      \
-    void vor_blas_##p##rotg PARAMS_CROTG(T, R);                                                    \
-    void vor_blas_##pr##rot PARAMS_ROT(T, R);                                                      \
-    void vor_blas_##pr##scal PARAMS_SCAL(T, R);                                                    \
-    R vor_blas_##rp##nrm2 PARAMS_VALUE(T);                                                         \
-    R vor_blas_##rp##asum PARAMS_VALUE(T);
-VOR_LEVEL1_OF_COMPLEX(c, cs, sc, vor::cfloat, float)
-VOR_LEVEL1_OF_COMPLEX(z, zd, dz, vor::cdouble, double)
-#undef VOR_LEVEL1_OF_COMPLEX
-
+void vor_blas_saxpy PARAMS_AXPY(float);
+void vor_blas_scopy PARAMS_COPY(float);
+void vor_blas_sswap PARAMS_SWAP(float);
+void vor_blas_sscal PARAMS_SCAL(float, float);
+void vor_blas_daxpy PARAMS_AXPY(double);
+void vor_blas_dcopy PARAMS_COPY(double);
+void vor_blas_dswap PARAMS_SWAP(double);
+void vor_blas_dscal PARAMS_SCAL(double, double);
+void vor_blas_caxpy PARAMS_AXPY(vor::cfloat);
+void vor_blas_ccopy PARAMS_COPY(vor::cfloat);
+void vor_blas_cswap PARAMS_SWAP(vor::cfloat);
+void vor_blas_cscal PARAMS_SCAL(vor::cfloat, vor::cfloat);
+void vor_blas_csscal PARAMS_SCAL(vor::cfloat, float);
+void vor_blas_zaxpy PARAMS_AXPY(vor::cdouble);
+void vor_blas_zcopy PARAMS_COPY(vor::cdouble);
+void vor_blas_zswap PARAMS_SWAP(vor::cdouble);
+void vor_blas_zscal PARAMS_SCAL(vor::cdouble, vor::cdouble);
+void vor_blas_zdscal PARAMS_SCAL(vor::cdouble, double);
 long double vor_blas_sdot PARAMS_DOT(float);
 double vor_blas_ddot PARAMS_DOT(double);
-double vor_blas_dsdot PARAMS_DOT(float);
-float vor_blas_sdsdot PARAMS_SDSDOT;
-double vor_blas_dcabs1 PARAMS_DCABS1(vor::cdouble);
 }
+
+namespace vor::blas {
+
+// The engines of an element type. real_scal takes a factor of the real type.
+template <class T>
+struct Routines;
+template <>
+struct Routines<float> {
+    static constexpr auto axpy = vor_blas_saxpy;
+    static constexpr auto copy = vor_blas_scopy;
+    static constexpr auto swap = vor_blas_sswap;
+    static constexpr auto scal = vor_blas_sscal;
+    static constexpr auto real_scal = vor_blas_sscal;
+};
+template <>
+struct Routines<double> {
+    static constexpr auto axpy = vor_blas_daxpy;
+    static constexpr auto copy = vor_blas_dcopy;
+    static constexpr auto swap = vor_blas_dswap;
+    static constexpr auto scal = vor_blas_dscal;
+    static constexpr auto real_scal = vor_blas_dscal;
+};
+template <>
+struct Routines<cfloat> {
+    static constexpr auto axpy = vor_blas_caxpy;
+    static constexpr auto copy = vor_blas_ccopy;
+    static constexpr auto swap = vor_blas_cswap;
+    static constexpr auto scal = vor_blas_cscal;
+    static constexpr auto real_scal = vor_blas_csscal;
+};
+template <>
+struct Routines<cdouble> {
+    static constexpr auto axpy = vor_blas_zaxpy;
+    static constexpr auto copy = vor_blas_zcopy;
+    static constexpr auto swap = vor_blas_zswap;
+    static constexpr auto scal = vor_blas_zscal;
+    static constexpr auto real_scal = vor_blas_zdscal;
+};
+
+} // namespace vor::blas

@@ -1,23 +1,15 @@
 // gthr: x[i] := y[indx[i] - 1], element 0 to n-1. With n < 1 nothing is read or written.
-#include "blas/level1/engines.h"
-#include "serv/entry.h"
-#include "vor_blas.h"
+#include "blas/level1/entry.h"
+#include "blas/level1/sparse_vectors.h"
 
-namespace {
+namespace vor::blas {
 
-template <class T>
-void gthr(int n, const T* y, T* x, const int* indx) {
-    for (int i = 0; i < n; ++i) x[i] = y[indx[i] - 1];
-}
+#define GTHR(name, NAME, engine, T)                                                                \
+    LEVEL1(void, name, NAME, engine, PARAMS_GTHR(T), ARGS_GTHR,                                    \
+           gather(*n, y, x, Positions<1>{indx}))
+GTHR(sgthr, SGTHR, vor_blas_sgthr, float)
+GTHR(dgthr, DGTHR, vor_blas_dgthr, double)
+GTHR(cgthr, CGTHR, vor_blas_cgthr, cfloat)
+GTHR(zgthr, ZGTHR, vor_blas_zgthr, cdouble)
 
-} // namespace
-
-#define GTHR(p, P, T)                                                                              \
-    VOR_ENGINE void vor_blas_##p##gthr PARAMS_GTHR(T) {                                            \
-        gthr(*n, y, x, indx);                                                                      \
-    }                                                                                              \
-    VOR_ENTRY(void, p##gthr, P##GTHR, vor_blas_##p##gthr, PARAMS_GTHR(T), ARGS_GTHR)
-GTHR(s, S, float)
-GTHR(d, D, double)
-GTHR(c, C, vor::cfloat)
-GTHR(z, Z, vor::cdouble)
+} // namespace vor::blas

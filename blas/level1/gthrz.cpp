@@ -1,28 +1,16 @@
 // gthrz: x[i] := y[indx[i] - 1], y[indx[i] - 1] := 0, element 0 to n-1. Of repeated indices the first
 // takes the value, the later ones 0. With n < 1 nothing is read or written.
-#include "blas/level1/engines.h"
-#include "serv/entry.h"
-#include "vor_blas.h"
+#include "blas/level1/entry.h"
+#include "blas/level1/sparse_vectors.h"
 
-namespace {
+namespace vor::blas {
 
-template <class T>
-void gthrz(int n, T* y, T* x, const int* indx) {
-    for (int i = 0; i < n; ++i) {
-        T& source = y[indx[i] - 1];
-        x[i] = source;
-        source = T{};
-    }
-}
+#define GTHRZ(name, NAME, engine, T)                                                               \
+    LEVEL1(void, name, NAME, engine, PARAMS_GTHRZ(T), ARGS_GTHRZ,                                  \
+           gather_and_zero(*n, y, x, Positions<1>{indx}))
+GTHRZ(sgthrz, SGTHRZ, vor_blas_sgthrz, float)
+GTHRZ(dgthrz, DGTHRZ, vor_blas_dgthrz, double)
+GTHRZ(cgthrz, CGTHRZ, vor_blas_cgthrz, cfloat)
+GTHRZ(zgthrz, ZGTHRZ, vor_blas_zgthrz, cdouble)
 
-} // namespace
-
-#define GTHRZ(p, P, T)                                                                             \
-    VOR_ENGINE void vor_blas_##p##gthrz PARAMS_GTHRZ(T) {                                          \
-        gthrz(*n, y, x, indx);                                                                     \
-    }                                                                                              \
-    VOR_ENTRY(void, p##gthrz, P##GTHRZ, vor_blas_##p##gthrz, PARAMS_GTHRZ(T), ARGS_GTHRZ)
-GTHRZ(s, S, float)
-GTHRZ(d, D, double)
-GTHRZ(c, C, vor::cfloat)
-GTHRZ(z, Z, vor::cdouble)
+} // namespace vor::blas

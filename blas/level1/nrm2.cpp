@@ -5,14 +5,11 @@
 // elements above about 1.8e19 give infinity there, and a finite result with any other step. The square
 // root is taken in extended precision. The sign of the step does not matter but for snrm2, where only
 // 1 is a unit step.
-#include "blas/level1/engines.h"
+#include "blas/level1/entry.h"
 #include "blas/level1/sums.h"
-#include "serv/entry.h"
-#include "vor_blas.h"
 
+namespace vor::blas {
 namespace {
-
-using namespace vor;
 
 // Of each four entries, the first and third go to a, the second to b, the fourth to c.
 extended sum_entries(int n, const double* x) {
@@ -40,12 +37,11 @@ real_t<T> nrm2(int n, const T* x, int incx) {
 
 } // namespace
 
-#define NRM2(name, NAME, T, R)                                                                     \
-    VOR_ENGINE R vor_blas_##name PARAMS_VALUE(T) {                                                 \
-        return nrm2(*n, x, *incx);                                                                 \
-    }                                                                                              \
-    VOR_ENTRY(R, name, NAME, vor_blas_##name, PARAMS_VALUE(T), ARGS_VALUE)
-NRM2(snrm2, SNRM2, float, float)
-NRM2(dnrm2, DNRM2, double, double)
-NRM2(scnrm2, SCNRM2, vor::cfloat, float)
-NRM2(dznrm2, DZNRM2, vor::cdouble, double)
+#define NRM2(name, NAME, engine, T, R)                                                             \
+    LEVEL1(R, name, NAME, engine, PARAMS_VALUE(T), ARGS_VALUE, return nrm2(*n, x, *incx))
+NRM2(snrm2, SNRM2, vor_blas_snrm2, float, float)
+NRM2(dnrm2, DNRM2, vor_blas_dnrm2, double, double)
+NRM2(scnrm2, SCNRM2, vor_blas_scnrm2, cfloat, float)
+NRM2(dznrm2, DZNRM2, vor_blas_dznrm2, cdouble, double)
+
+} // namespace vor::blas

@@ -4,35 +4,25 @@
 // processor's estimate of the reciprocal root. Double precision works in extended precision, with the
 // exact square root, and rounds at the stores. The real routines do not scale: the quotient of the two
 // numbers, at most 1, is squared.
-#include "blas/level1/engines.h"
+#include "blas/level1/entry.h"
 #include "blas/level1/vector.h"
-#include "serv/entry.h"
-#include "vor_blas.h"
 
+namespace vor::blas {
 namespace {
-
-using namespace vor;
-
-inline extended magnitude(extended x) {
-    return __builtin_fabsl(x);
-}
-inline float magnitude(float x) {
-    return __builtin_fabsf(x);
-}
 
 inline extended root(extended v) {
     return __builtin_sqrtl(v);
 }
 // Relative error about 1e-7: the estimate is good to 12 bits, and a Newton step doubles them.
 inline float root(float v) {
-    const float e = v == 0 ? 0 : _mm_cvtss_f32(_mm_rsqrt_ss(_mm_set_ss(v)));
+    const float e = v == 0 ? 0 : reciprocal_root_estimate(v);
     const float p = v * e;
     return p * (e * p - 3.0f) * -0.5f;
 }
 
 template <class R>
 void rotg(R* a_, R* b_, R* c_, R* s_) {
-    using W = arithmetic<R>;
+    using W = work_real_t<R>;
     const W a = *a_, b = *b_;
     const bool a_is_larger = magnitude(a) > magnitude(b);
     const W roe = a_is_larger ? a : b;
@@ -51,7 +41,7 @@ void rotg(R* a_, R* b_, R* c_, R* s_) {
 template <class T>
 void rotg(T* ca, const T* cb, real_t<T>* c, T* s) {
     using R = real_t<T>;
-    using W = arithmetic<R>;
+    using W = work_real_t<R>;
     const W ar = ca->re, ai = ca->im, br = cb->re, bi = cb->im;
     const W modulus = root(ar * ar + ai * ai);
     if (modulus == 0) {
@@ -69,12 +59,11 @@ void rotg(T* ca, const T* cb, real_t<T>* c, T* s) {
 
 } // namespace
 
-#define ROTG(p, P, PARAMS)                                                                         \
-    VOR_ENGINE void vor_blas_##p##rotg PARAMS {                                                    \
-        rotg(a, b, c, s);                                                                          \
-    }                                                                                              \
-    VOR_ENTRY(void, p##rotg, P##ROTG, vor_blas_##p##rotg, PARAMS, ARGS_ROTG)
-ROTG(s, S, PARAMS_ROTG(float))
-ROTG(d, D, PARAMS_ROTG(double))
-ROTG(c, C, PARAMS_CROTG(vor::cfloat, float))
-ROTG(z, Z, PARAMS_CROTG(vor::cdouble, double))
+#define ROTG(name, NAME, engine, PARAMS)                                                           \
+    LEVEL1(void, name, NAME, engine, PARAMS, ARGS_ROTG, rotg(a, b, c, s))
+ROTG(srotg, SROTG, vor_blas_srotg, PARAMS_ROTG(float))
+ROTG(drotg, DROTG, vor_blas_drotg, PARAMS_ROTG(double))
+ROTG(crotg, CROTG, vor_blas_crotg, PARAMS_CROTG(cfloat, float))
+ROTG(zrotg, ZROTG, vor_blas_zrotg, PARAMS_CROTG(cdouble, double))
+
+} // namespace vor::blas

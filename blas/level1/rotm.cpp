@@ -3,19 +3,16 @@
 // param[0] is the flag, param[1..4] are H11, H21, H12, H22; of them only those count that the flag
 // does not imply: -1 the full matrix, 0 a unit diagonal, 1 an antidiagonal of (1, -1), -2 the identity.
 // With n < 1 or flag -2 nothing is read or written.
-#include "blas/level1/engines.h"
+#include "blas/level1/entry.h"
 #include "blas/level1/vector.h"
-#include "serv/entry.h"
-#include "vor_blas.h"
 
+namespace vor::blas {
 namespace {
-
-using namespace vor;
 
 // apply(x, y) replaces one pair.
 template <class T, class Apply>
 inline void each_pair(int n, T* x, int incx, T* y, int incy, Apply apply) {
-    using W = arithmetic<T>;
+    using W = work_real_t<T>;
     x = walk_start(x, n, incx);
     y = walk_start(y, n, incy);
     in_rounds<2>(
@@ -32,7 +29,7 @@ inline void each_pair(int n, T* x, int incx, T* y, int incy, Apply apply) {
 
 template <class T>
 void rotm(int n, T* x, int incx, T* y, int incy, const T* param) {
-    using W = arithmetic<T>;
+    using W = work_real_t<T>;
     const T flag = param[0];
     if (n < 1 || flag + 2 == 0) return;
     const W h11 = param[1], h21 = param[2], h12 = param[3], h22 = param[4];
@@ -58,10 +55,9 @@ void rotm(int n, T* x, int incx, T* y, int incy, const T* param) {
 
 } // namespace
 
-#define ROTM(p, P, T)                                                                              \
-    VOR_ENGINE void vor_blas_##p##rotm PARAMS_ROTM(T) {                                            \
-        rotm(*n, x, *incx, y, *incy, param);                                                       \
-    }                                                                                              \
-    VOR_ENTRY(void, p##rotm, P##ROTM, vor_blas_##p##rotm, PARAMS_ROTM(T), ARGS_ROTM)
-ROTM(s, S, float)
-ROTM(d, D, double)
+#define ROTM(name, NAME, engine, T)                                                                \
+    LEVEL1(void, name, NAME, engine, PARAMS_ROTM(T), ARGS_ROTM, rotm(*n, x, *incx, y, *incy, param))
+ROTM(srotm, SROTM, vor_blas_srotm, float)
+ROTM(drotm, DROTM, vor_blas_drotm, double)
+
+} // namespace vor::blas

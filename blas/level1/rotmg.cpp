@@ -4,14 +4,11 @@
 // d1 < 0, or a construction that would give a negative d: H, d1, d2 and x1 become 0, flag -1.
 // d2*y1 = 0: flag -2, nothing else is written.
 // (Lawson, Hanson, Kincaid, Krogh, ACM TOMS 5 (1979) 308-323.)
-#include "blas/level1/engines.h"
+#include "blas/level1/entry.h"
 #include "blas/level1/vector.h"
-#include "serv/entry.h"
-#include "vor_blas.h"
 
+namespace vor::blas {
 namespace {
-
-using namespace vor;
 
 // d1 and d2 are kept between gamsq and its reciprocal. The reciprocals are the decimal values of the
 // published routines, which are not the exact ones.
@@ -74,7 +71,7 @@ void store_rotation(const Rotation<W>& h, T* param) {
 
 template <class T>
 void rotmg(T* d1_, T* d2_, T* x1_, const T* y1_, T* param) {
-    using W = arithmetic<T>;
+    using W = work_real_t<T>;
     W d1 = *d1_, d2 = *d2_, x1 = *x1_;
     const W y1 = *y1_;
     const auto give_up = [&] {
@@ -110,10 +107,9 @@ void rotmg(T* d1_, T* d2_, T* x1_, const T* y1_, T* param) {
 
 } // namespace
 
-#define ROTMG(p, P, T)                                                                             \
-    VOR_ENGINE void vor_blas_##p##rotmg PARAMS_ROTMG(T) {                                          \
-        rotmg(d1, d2, x1, y1, param);                                                              \
-    }                                                                                              \
-    VOR_ENTRY(void, p##rotmg, P##ROTMG, vor_blas_##p##rotmg, PARAMS_ROTMG(T), ARGS_ROTMG)
-ROTMG(s, S, float)
-ROTMG(d, D, double)
+#define ROTMG(name, NAME, engine, T)                                                               \
+    LEVEL1(void, name, NAME, engine, PARAMS_ROTMG(T), ARGS_ROTMG, rotmg(d1, d2, x1, y1, param))
+ROTMG(srotmg, SROTMG, vor_blas_srotmg, float)
+ROTMG(drotmg, DROTMG, vor_blas_drotmg, double)
+
+} // namespace vor::blas

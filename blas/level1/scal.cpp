@@ -2,14 +2,12 @@
 //
 // alpha is not tested: 0 times NaN stays NaN, and alpha = 1 does its work. With n < 1 nothing is read
 // or written. A real factor on complex data with unit step scales twice as many real elements.
-#include "blas/level1/engines.h"
+#include "blas/kernel/scal_lanes.h"
+#include "blas/level1/entry.h"
 #include "blas/level1/vector.h"
-#include "serv/entry.h"
-#include "vor_blas.h"
 
+namespace vor::blas {
 namespace {
-
-using namespace vor;
 
 // x := alpha*x in extended precision, rounded once at the store.
 template <class T>
@@ -18,7 +16,7 @@ inline void scale(extended alpha, T& x) {
         scale(alpha, x.re);
         scale(alpha, x.im);
     } else {
-        x = static_cast<T>(alpha * pushed(x));
+        x = static_cast<T>(alpha * loaded(x));
     }
 }
 template <class T>
@@ -53,8 +51,8 @@ void scal_unit(int n, double alpha, double* x) {
         prefetch(x + 4, 32);
 #pragma GCC unroll 2
         for (int k = 0; k < 8; k += 4) {
-            const extended a = pushed(x[k]), b = pushed(x[k + 1]), c = pushed(x[k + 2]),
-                           d = pushed(x[k + 3]);
+            const extended a = loaded(x[k]), b = loaded(x[k + 1]), c = loaded(x[k + 2]),
+                           d = loaded(x[k + 3]);
             x[k + 3] = static_cast<double>(factor * d);
             x[k + 2] = static_cast<double>(factor * c);
             x[k + 1] = static_cast<double>(factor * b);
@@ -67,43 +65,23 @@ void scal_unit(int n, const cdouble& alpha, cdouble* x) {
     scal_extended(n, widen(alpha), x);
 }
 
-template <int Round>
-inline int scal_vectors(int i, int n, __m128 factor, float* x) {
-    for (; i + Round <= n; i += Round)
-#pragma GCC unroll 6
-        for (int k = i; k < i + Round; k += 4)
-            _mm_store_ps(x + k, _mm_mul_ps(_mm_load_ps(x + k), factor));
-    return i;
-}
-
 // The product of two floats is exact in extended precision: here both precisions give the same bits.
 void scal_unit(int n, float alpha, float* x) {
     const int prefix = steps_to<16>(x, n);
     if (prefix < 0) return scal_extended(n, widen(alpha), x);
     scal_extended(prefix, widen(alpha), x);
     n -= prefix, x += prefix;
-    const __m128 factor = _mm_set1_ps(alpha);
-    int i = scal_vectors<24>(0, n, factor, x);
-    i = scal_vectors<4>(i, n, factor, x);
-    scal_extended(n - i, widen(alpha), x + i);
+    const int done = scal_vectors(n, alpha, x);
+    scal_extended(n - done, widen(alpha), x + done);
 }
 
-// Two complex numbers in a vector: alpha.re*(re, im) + alpha.im*(-im, re).
 void scal_unit(int n, const cfloat& alpha, cfloat* x) {
     const int prefix = steps_to<16>(x, n);
     if (prefix < 0) return scal_extended(n, widen(alpha), x);
     scal_extended(prefix, widen(alpha), x);
     n -= prefix, x += prefix;
-    const __m128 re = _mm_set1_ps(alpha.re);
-    const __m128 im = _mm_set_ps(alpha.im, -alpha.im, alpha.im, -alpha.im);
-    int i = 0;
-    for (; i + 4 <= n; i += 4)
-#pragma GCC unroll 2
-        for (int k = i; k < i + 4; k += 2) {
-            const __m128 v = _mm_load_ps(&x[k].re);
-            _mm_store_ps(&x[k].re, _mm_add_ps(_mm_mul_ps(v, re), _mm_mul_ps(swap_parts(v), im)));
-        }
-    scal_extended(n - i, widen(alpha), x + i);
+    const int done = scal_vectors(n, alpha, x);
+    scal_extended(n - done, widen(alpha), x + done);
 }
 
 template <class R, class T>
@@ -119,14 +97,13 @@ void scal(int n, A alpha, T* x, int incx) {
 
 } // namespace
 
-#define SCAL(p, P, T, A)                                                                           \
-    VOR_ENGINE void vor_blas_##p##scal PARAMS_SCAL(T, A) {                                         \
-        scal(*n, *alpha, x, *incx);                                                                \
-    }                                                                                              \
-    VOR_ENTRY(void, p##scal, P##SCAL, vor_blas_##p##scal, PARAMS_SCAL(T, A), ARGS_SCAL)
-SCAL(s, S, float, float)
-SCAL(d, D, double, double)
-SCAL(c, C, vor::cfloat, vor::cfloat)
-SCAL(z, Z, vor::cdouble, vor::cdouble)
-SCAL(cs, CS, vor::cfloat, float)
-SCAL(zd, ZD, vor::cdouble, double)
+#define SCAL(name, NAME, engine, T, A)                                                             \
+    LEVEL1(void, name, NAME, engine, PARAMS_SCAL(T, A), ARGS_SCAL, scal(*n, *alpha, x, *incx))
+SCAL(sscal, SSCAL, vor_blas_sscal, float, float)
+SCAL(dscal, DSCAL, vor_blas_dscal, double, double)
+SCAL(cscal, CSCAL, vor_blas_cscal, cfloat, cfloat)
+SCAL(zscal, ZSCAL, vor_blas_zscal, cdouble, cdouble)
+SCAL(csscal, CSSCAL, vor_blas_csscal, cfloat, float)
+SCAL(zdscal, ZDSCAL, vor_blas_zdscal, cdouble, double)
+
+} // namespace vor::blas

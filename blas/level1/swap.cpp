@@ -1,16 +1,12 @@
 // swap: x and y exchange their elements. With n < 1 nothing is read or written.
 //
 // Unit steps exchange 32-bit words in 16-byte vectors; other steps go through the x87 stack.
-#include "blas/level1/engines.h"
-#include "blas/level1/words.h"
-#include "serv/entry.h"
-#include "vor_blas.h"
+#include "blas/kernel/word_lanes.h"
+#include "blas/level1/entry.h"
+#include "blas/level1/vector.h"
 
+namespace vor::blas {
 namespace {
-
-using namespace vor;
-
-constexpr int kRound = 64 / sizeof(word);
 
 inline void swap_word(word* x, word* y) {
     const word kept = *x;
@@ -18,26 +14,9 @@ inline void swap_word(word* x, word* y) {
     *y = kept;
 }
 
-// y is a multiple of 32 bytes. Whole rounds only; gives the number of words done.
-template <bool AlignedX>
-size_t swap_vectors(size_t words, word* x, word* y) {
-    size_t i = 0;
-    for (; i + kRound <= words; i += kRound) {
-        prefetch_once(x + i, 128), prefetch_once(x + i, 160);
-        prefetch_once(y + i, 128), prefetch_once(y + i, 160);
-#pragma GCC unroll 4
-        for (size_t k = i; k < i + kRound; k += 4) {
-            const __m128 kept = load_words<AlignedX>(x + k);
-            store<AlignedX>(reinterpret_cast<float*>(x + k), load_words<true>(y + k));
-            store<true>(reinterpret_cast<float*>(y + k), kept);
-        }
-    }
-    return i;
-}
-
 void swap_words(size_t words, word* x, word* y) {
     for (; words > 0 && reinterpret_cast<uintptr_t>(y) % 32 != 0; --words) swap_word(x++, y++);
-    size_t i = is_aligned16(x) ? swap_vectors<true>(words, x, y) : swap_vectors<false>(words, x, y);
+    size_t i = aligned(x) ? swap_vectors<true>(words, x, y) : swap_vectors<false>(words, x, y);
     for (; i < words; ++i) swap_word(x + i, y + i);
 }
 
@@ -48,9 +27,9 @@ void swap_strided(int n, T* x, int incx, T* y, int incy) {
     in_rounds<4>(
         n, [&] { prefetch_once(x + 4 * incx), prefetch_once(y + 4 * incy); },
         [&] {
-            const auto kept = pushed(*x);
-            pop(pushed(*y), *x);
-            pop(kept, *y);
+            const auto kept = factor<wide_t<T>>(*x);
+            *x = element<T>(factor<wide_t<T>>(*y));
+            *y = element<T>(kept);
             x += incx;
             y += incy;
         });
@@ -66,12 +45,11 @@ void swap(int n, T* x, int incx, T* y, int incy) {
 
 } // namespace
 
-#define SWAP(p, P, T)                                                                              \
-    VOR_ENGINE void vor_blas_##p##swap PARAMS_SWAP(T) {                                            \
-        swap(*n, x, *incx, y, *incy);                                                              \
-    }                                                                                              \
-    VOR_ENTRY(void, p##swap, P##SWAP, vor_blas_##p##swap, PARAMS_SWAP(T), ARGS_SWAP)
-SWAP(s, S, float)
-SWAP(d, D, double)
-SWAP(c, C, vor::cfloat)
-SWAP(z, Z, vor::cdouble)
+#define SWAP(name, NAME, engine, T)                                                                \
+    LEVEL1(void, name, NAME, engine, PARAMS_SWAP(T), ARGS_SWAP, swap(*n, x, *incx, y, *incy))
+SWAP(sswap, SSWAP, vor_blas_sswap, float)
+SWAP(dswap, DSWAP, vor_blas_dswap, double)
+SWAP(cswap, CSWAP, vor_blas_cswap, cfloat)
+SWAP(zswap, ZSWAP, vor_blas_zswap, cdouble)
+
+} // namespace vor::blas

@@ -4,13 +4,9 @@
 #include "arith/lanes.h"
 #include "arith/prefetch.h"
 #include "arith/walk.h"
+#include "blas/kernel/product_sums.h"
 
-namespace vor {
-
-// What the routines calculate in that do not say otherwise: single precision for float, extended for
-// double.
-template <class R>
-using arithmetic = std::conditional_t<std::is_same_v<R, float>, float, extended>;
+namespace vor::blas {
 
 // Two walks that run backwards together meet the same pairs as the same walks turned round. Turns
 // both if a unit step points backwards, so that the unit-step vector is read forwards.
@@ -45,25 +41,4 @@ inline void add_product(const cextended& alpha, const T& x, T& y) {
     y.im = static_cast<real_t<T>>(y.im + alpha.re * xi + alpha.im * xr);
 }
 
-// The four real sums of an inner product of complex vectors, kept apart until the end.
-template <class W>
-struct ProductSums {
-    W rr = 0, ii = 0, ri = 0, ir = 0; // of x.re*y.re, x.im*y.im, x.re*y.im, x.im*y.re
-
-    template <class T>
-    void add(const T& x, const T& y) {
-        accumulate(rr, x.re, y.re);
-        accumulate(ii, x.im, y.im);
-        accumulate(ri, x.re, y.im);
-        accumulate(ir, x.im, y.re);
-    }
-    // The sum of x*y or, with Conjugate, of conj(x)*y.
-    template <bool Conjugate, class T>
-    T value() const {
-        using R = real_t<T>;
-        if constexpr (Conjugate) return {static_cast<R>(rr + ii), static_cast<R>(ri - ir)};
-        return {static_cast<R>(rr - ii), static_cast<R>(ri + ir)};
-    }
-};
-
-} // namespace vor
+} // namespace vor::blas

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "blas/level2/gemv_engine.h"
-#include "blas/level2/triangular.h"
+#include "blas/level2/triangular_operator.h"
 
-namespace vor {
+namespace vor::blas {
 
 // A vector of n elements whose pieces are handed on with their step.
 template <class T>
@@ -34,4 +34,4 @@ constexpr char letter_of() {
     return !A::kTransposed ? 'N' : A::kConjugated ? 'C' : 'T';
 }
 
-} // namespace vor
+} // namespace vor::blas

@@ -5,10 +5,9 @@
 #include "serv/entry.h"
 #include "vor_blas.h"
 
-// LEVEL2(p, P, T, op, OP, LIST, call): routine p##op with the argument list LIST, done by `call`.
-#define LEVEL2(p, P, T, op, OP, LIST, ...)                                                         \
-    VOR_ENGINE void vor_blas_##p##op PARAMS_##LIST(T) {                                            \
+// LEVEL2(name, NAME, engine, check, PARAMS, ARGS, ...): a routine that is done by what follows ARGS.
+#define LEVEL2(name, NAME, engine, check, PARAMS, ARGS, ...)                                       \
+    VOR_ENGINE void engine PARAMS {                                                                \
         __VA_ARGS__;                                                                               \
     }                                                                                              \
-    VOR_CHECKED_ENTRY(p##op, P##OP, vor_blas_##p##op, vor_blas_errchk_##p##op, PARAMS_##LIST(T),   \
-                      ARGS_##LIST)
+    VOR_CHECKED_ENTRY(name, NAME, engine, check, PARAMS, ARGS)

@@ -4,14 +4,13 @@
 // a      column j: A(i, j) at row ku + i - j; rows outside the matrix are not read
 //
 // Columns go in pairs: the rows that both store, then the row that each has alone.
+#include "blas/kernel/columns_s.h"
 #include "blas/letters.h"
-#include "blas/level2/columns.h"
 #include "blas/level2/entry.h"
+#include "blas/level2/vector.h"
 
+namespace vor::blas {
 namespace {
-
-using vor::Columns;
-using vor::Numbers;
 
 template <class T>
 struct Band {
@@ -31,17 +30,17 @@ struct Band {
 // One step of the walk over the columns: the two from j on, or column j alone.
 template <int columns, bool transpose, bool conjugate, class T, class X, class Y>
 void step(const Band<T>& band, int j, T alpha, X x, Y y) {
-    using V = vor::work_t<T>;
-    const V scale = vor::number<V>(alpha);
+    using V = work_t<T>;
+    const V scale = number<V>(alpha);
     Numbers<columns, V> t; // alpha x[j] to act on the rows, or the sums that gather from them
     if (!transpose)
-        for (int q = 0; q < columns; ++q) t.of[q] = scale * vor::number<V>(x[j + q]);
+        for (int q = 0; q < columns; ++q) t.of[q] = scale * number<V>(x[j + q]);
 
     const auto act = [&](int row, int count, auto block, auto& numbers) {
         if constexpr (transpose)
-            vor::dot_columns<conjugate>(count, block, x.from(row), numbers);
+            dot_columns<conjugate>(count, block, x.from(row), numbers);
         else
-            vor::add_columns(count, block, numbers, y.from(row));
+            add_columns(count, block, numbers, y.from(row));
     };
     const int shared = band.first(j + columns - 1), behind = band.behind(j);
     act(shared, behind - shared, band.template columns_from<columns>(shared, j), t);
@@ -57,15 +56,15 @@ void step(const Band<T>& band, int j, T alpha, X x, Y y) {
 
     if (transpose)
         for (int q = 0; q < columns; ++q)
-            y[j + q] = vor::element<T>(vor::number<V>(y[j + q]) + scale * t.of[q]);
+            y[j + q] = element<T>(number<V>(y[j + q]) + scale * t.of[q]);
 }
 
 template <bool transpose, bool conjugate, class T>
 void multiply(const Band<T>& band, T alpha, const T* x, int incx, T beta, T* y, int incy) {
     const int lenx = transpose ? band.m : band.n, leny = transpose ? band.n : band.m;
-    vor::scale(leny, beta, y, incy);
-    if (vor::is_zero(alpha)) return;
-    vor::on_vectors(lenx, x, incx, leny, y, incy, [&](auto v, auto w) {
+    scale(leny, beta, y, incy);
+    if (is_zero(alpha)) return;
+    on_vectors(lenx, x, incx, leny, y, incy, [&](auto v, auto w) {
         int j = 0;
         for (; j + 2 <= band.n; j += 2) step<2, transpose, conjugate>(band, j, alpha, v, w);
         if (j < band.n) step<1, transpose, conjugate>(band, j, alpha, v, w);
@@ -75,21 +74,22 @@ void multiply(const Band<T>& band, T alpha, const T* x, int incx, T beta, T* y, 
 template <class T>
 void gbmv(const char* trans, const Band<T>& band, T alpha, const T* x, int incx, T beta, T* y,
           int incy) {
-    if (band.m < 1 || band.n < 1 || (vor::is_zero(alpha) && vor::is_one(beta))) return;
-    if (vor::is_letter(trans, 'N'))
-        return multiply<false, false>(band, alpha, x, incx, beta, y, incy);
-    if constexpr (vor::is_complex<T>)
-        if (!vor::is_letter(trans, 'T'))
+    if (band.m < 1 || band.n < 1 || (is_zero(alpha) && is_one(beta))) return;
+    if (is_letter(trans, 'N')) return multiply<false, false>(band, alpha, x, incx, beta, y, incy);
+    if constexpr (is_complex<T>)
+        if (!is_letter(trans, 'T'))
             return multiply<true, true>(band, alpha, x, incx, beta, y, incy);
     multiply<true, false>(band, alpha, x, incx, beta, y, incy);
 }
 
 } // namespace
 
-#define MEMBER(p, P, T)                                                                            \
-    LEVEL2(p, P, T, gbmv, GBMV, GBMV,                                                              \
+#define GBMV(name, NAME, engine, check, T)                                                         \
+    LEVEL2(name, NAME, engine, check, PARAMS_GBMV(T), ARGS_GBMV,                                   \
            gbmv(trans, Band<T>{*m, *n, *kl, *ku, a, *lda}, *alpha, x, *incx, *beta, y, *incy))
-MEMBER(s, S, float)
-MEMBER(d, D, double)
-MEMBER(c, C, vor::cfloat)
-MEMBER(z, Z, vor::cdouble)
+GBMV(sgbmv, SGBMV, vor_blas_sgbmv, vor_blas_errchk_sgbmv, float)
+GBMV(dgbmv, DGBMV, vor_blas_dgbmv, vor_blas_errchk_dgbmv, double)
+GBMV(cgbmv, CGBMV, vor_blas_cgbmv, vor_blas_errchk_cgbmv, cfloat)
+GBMV(zgbmv, ZGBMV, vor_blas_zgbmv, vor_blas_errchk_zgbmv, cdouble)
+
+} // namespace vor::blas

@@ -12,9 +12,8 @@
 #include "blas/level2/gemv_engine.h"
 #include "blas/level2/vector.h"
 
+namespace vor::blas {
 namespace {
-
-using vor::kStripRows;
 
 template <class T>
 using UnitKernel = void PARAMS_GEMV_OO(T);
@@ -52,15 +51,15 @@ template <class T>
 void gemv(const Kernels<T>& kernels, const char* trans, int m, const int* n, const T* alpha,
           const T* a, const int* lda, const T* x, const int* incx, const T* beta, T* y,
           const int* incy) {
-    if (m < 1 || *n < 1 || (vor::is_zero(*alpha) && vor::is_one(*beta))) return;
-    const bool plain = vor::is_letter(trans, 'N');
+    if (m < 1 || *n < 1 || (is_zero(*alpha) && is_one(*beta))) return;
+    const bool plain = is_letter(trans, 'N');
     const int lenx = plain ? *n : m, leny = plain ? m : *n;
-    vor::scale(leny, *beta, y, *incy);
-    if (vor::is_zero(*alpha)) return;
+    scale(leny, *beta, y, *incy);
+    if (is_zero(*alpha)) return;
 
     const bool unit = *incx == 1 && *incy == 1;
-    x = vor::walk_start(x, lenx, *incx);
-    y = vor::walk_start(y, leny, *incy);
+    x = walk_start(x, lenx, *incx);
+    y = walk_start(y, leny, *incy);
     int row = 0;
     const auto strip = [&](int rows) {
         const T* const from = plain ? x : x + row * *incx;
@@ -76,47 +75,44 @@ void gemv(const Kernels<T>& kernels, const char* trans, int m, const int* n, con
     if (row < m) strip(m - row);
 }
 
-} // namespace
-
-#define KERNELS(p, op) vor_blas_##p##gemv##op##oo, vor_blas_##p##gemv##op##aa, vor_blas_##p##gemvpst
-// The choice among two kernels for d, and among three operations for complex types.
+// The kernels of an operation, and for complex types those of the conjugate.
 template <class T>
-static Kernels<T> kernels_for(const char* trans, int m, int n);
-
+Kernels<T> kernels_for(const char* trans, int m, int n);
 template <>
 Kernels<float> kernels_for(const char* trans, int, int) {
-    if (vor::is_letter(trans, 'N')) return {KERNELS(s, n)};
-    return {KERNELS(s, t)};
+    if (is_letter(trans, 'N')) return {vor_blas_sgemvnoo, vor_blas_sgemvnaa, vor_blas_sgemvpst};
+    return {vor_blas_sgemvtoo, vor_blas_sgemvtaa, vor_blas_sgemvpst};
 }
 template <>
 Kernels<double> kernels_for(const char* trans, int m, int n) {
-    Kernels<double> kernels = {KERNELS(d, t)};
-    if (vor::is_letter(trans, 'N')) {
-        kernels = {KERNELS(d, n)};
-        if (without_prefetch(kPlainN, m, n)) kernels.unit = vor_blas_dgemvnoo_def;
-    } else if (without_prefetch(kPlainT, m, n)) {
-        kernels.unit = vor_blas_dgemvtoo_def;
-    }
-    return kernels;
+    if (is_letter(trans, 'N'))
+        return {without_prefetch(kPlainN, m, n) ? vor_blas_dgemvnoo_def : vor_blas_dgemvnoo,
+                vor_blas_dgemvnaa, vor_blas_dgemvpst};
+    return {without_prefetch(kPlainT, m, n) ? vor_blas_dgemvtoo_def : vor_blas_dgemvtoo,
+            vor_blas_dgemvtaa, vor_blas_dgemvpst};
 }
 template <>
-Kernels<vor::cfloat> kernels_for(const char* trans, int, int) {
-    if (vor::is_letter(trans, 'N')) return {KERNELS(c, n)};
-    if (vor::is_letter(trans, 'T')) return {KERNELS(c, t)};
-    return {KERNELS(c, c)};
+Kernels<cfloat> kernels_for(const char* trans, int, int) {
+    if (is_letter(trans, 'N')) return {vor_blas_cgemvnoo, vor_blas_cgemvnaa, vor_blas_cgemvpst};
+    if (is_letter(trans, 'T')) return {vor_blas_cgemvtoo, vor_blas_cgemvtaa, vor_blas_cgemvpst};
+    return {vor_blas_cgemvcoo, vor_blas_cgemvcaa, vor_blas_cgemvpst};
 }
 template <>
-Kernels<vor::cdouble> kernels_for(const char* trans, int, int) {
-    if (vor::is_letter(trans, 'N')) return {KERNELS(z, n)};
-    if (vor::is_letter(trans, 'T')) return {KERNELS(z, t)};
-    return {KERNELS(z, c)};
+Kernels<cdouble> kernels_for(const char* trans, int, int) {
+    if (is_letter(trans, 'N')) return {vor_blas_zgemvnoo, vor_blas_zgemvnaa, vor_blas_zgemvpst};
+    if (is_letter(trans, 'T')) return {vor_blas_zgemvtoo, vor_blas_zgemvtaa, vor_blas_zgemvpst};
+    return {vor_blas_zgemvcoo, vor_blas_zgemvcaa, vor_blas_zgemvpst};
 }
 
-#define MEMBER(p, P, T)                                                                            \
+} // namespace
+
+#define GEMV(name, NAME, engine, check, T)                                                         \
     LEVEL2(                                                                                        \
-        p, P, T, gemv, GEMV, GEMV,                                                                 \
+        name, NAME, engine, check, PARAMS_GEMV(T), ARGS_GEMV,                                      \
         gemv(kernels_for<T>(trans, *m, *n), trans, *m, n, alpha, a, lda, x, incx, beta, y, incy))
-MEMBER(s, S, float)
-MEMBER(d, D, double)
-MEMBER(c, C, vor::cfloat)
-MEMBER(z, Z, vor::cdouble)
+GEMV(sgemv, SGEMV, vor_blas_sgemv, vor_blas_errchk_sgemv, float)
+GEMV(dgemv, DGEMV, vor_blas_dgemv, vor_blas_errchk_dgemv, double)
+GEMV(cgemv, CGEMV, vor_blas_cgemv, vor_blas_errchk_cgemv, cfloat)
+GEMV(zgemv, ZGEMV, vor_blas_zgemv, vor_blas_errchk_zgemv, cdouble)
+
+} // namespace vor::blas

@@ -4,33 +4,34 @@
 #include "blas/level2/entry.h"
 #include "blas/level2/vector.h"
 
+namespace vor::blas {
 namespace {
-
-using vor::number;
 
 template <bool conjugate, class T>
 void ger(void(*gerin) PARAMS_GERIN(T), const int* m, int n, T alpha, const T* x, const int* incx,
          const T* y, int incy, T* a, int lda) {
-    using V = vor::wide_t<T>;
-    if (*m < 1 || n < 1 || vor::is_zero(alpha)) return;
+    using V = wide_t<T>;
+    if (*m < 1 || n < 1 || is_zero(alpha)) return;
     const int one = 1;
-    const vor::Vector<const T, int> v{vor::walk_start(y, n, incy), incy};
+    const Vector<const T, int> v{walk_start(y, n, incy), incy};
     for (int j = 0; j < n; ++j) {
-        if (vor::is_zero(v[j])) continue;
-        const T yj = conjugate ? vor::conjugated(v[j]) : v[j];
-        const T t = vor::element<T>(number<V>(alpha) * number<V>(yj));
+        if (is_zero(v[j])) continue;
+        const T yj = conjugate ? conjugated(v[j]) : v[j];
+        const T t = element<T>(number<V>(alpha) * number<V>(yj));
         gerin(m, &t, x, incx, a + j * lda, &one);
     }
 }
 
 } // namespace
 
-#define MEMBER(p, P, T, op, OP, conjugate)                                                         \
-    LEVEL2(p, P, T, op, OP, GER,                                                                   \
-           ger<conjugate, T>(vor_blas_##p##gerin, m, *n, *alpha, x, incx, y, *incy, a, *lda))
-MEMBER(s, S, float, ger, GER, false)
-MEMBER(d, D, double, ger, GER, false)
-MEMBER(c, C, vor::cfloat, geru, GERU, false)
-MEMBER(z, Z, vor::cdouble, geru, GERU, false)
-MEMBER(c, C, vor::cfloat, gerc, GERC, true)
-MEMBER(z, Z, vor::cdouble, gerc, GERC, true)
+#define GER(name, NAME, engine, check, T, gerin, conjugate)                                        \
+    LEVEL2(name, NAME, engine, check, PARAMS_GER(T), ARGS_GER,                                     \
+           ger<conjugate, T>(gerin, m, *n, *alpha, x, incx, y, *incy, a, *lda))
+GER(sger, SGER, vor_blas_sger, vor_blas_errchk_sger, float, vor_blas_sgerin, false)
+GER(dger, DGER, vor_blas_dger, vor_blas_errchk_dger, double, vor_blas_dgerin, false)
+GER(cgeru, CGERU, vor_blas_cgeru, vor_blas_errchk_cgeru, cfloat, vor_blas_cgerin, false)
+GER(zgeru, ZGERU, vor_blas_zgeru, vor_blas_errchk_zgeru, cdouble, vor_blas_zgerin, false)
+GER(cgerc, CGERC, vor_blas_cgerc, vor_blas_errchk_cgerc, cfloat, vor_blas_cgerin, true)
+GER(zgerc, ZGERC, vor_blas_zgerc, vor_blas_errchk_zgerc, cdouble, vor_blas_zgerin, true)
+
+} // namespace vor::blas

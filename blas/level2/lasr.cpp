@@ -14,21 +14,19 @@
 #include "serv/entry.h"
 #include "vor_blas.h"
 
+namespace vor::blas {
 namespace {
-
-using vor::element;
-using vor::number;
 
 enum class Pivot { v, t, b };
 
 // All rotations on `columns` columns of A together: each c[j], s[j] is loaded once for them.
 template <Pivot pivot, bool forward, int columns, class T>
-[[gnu::always_inline]] inline void rotate(int m, const vor::real_t<T>* c, const vor::real_t<T>* s,
-                                          T* a, int lda) {
-    using V = vor::work_t<T>;
+[[gnu::always_inline]] inline void rotate(int m, const real_t<T>* c, const real_t<T>* s, T* a,
+                                          int lda) {
+    using V = work_t<T>;
     for (int step = 0; step < m - 1; ++step) {
         const int j = forward ? step : m - 2 - step;
-        const vor::work_real_t<T> cosine = c[j], sine = s[j];
+        const work_real_t<T> cosine = c[j], sine = s[j];
         T* const upper = a + (pivot == Pivot::t ? 0 : j);
         T* const lower = a + (pivot == Pivot::b ? m - 1 : j + 1);
 #pragma GCC unroll 4
@@ -41,7 +39,7 @@ template <Pivot pivot, bool forward, int columns, class T>
 }
 
 template <Pivot pivot, bool forward, class T>
-void lasr(int m, int n, const vor::real_t<T>* c, const vor::real_t<T>* s, T* a, int lda) {
+void lasr(int m, int n, const real_t<T>* c, const real_t<T>* s, T* a, int lda) {
     constexpr int kGroup = 4;
     if (m < 2) return;
     int j = 0;
@@ -51,20 +49,34 @@ void lasr(int m, int n, const vor::real_t<T>* c, const vor::real_t<T>* s, T* a, 
 
 } // namespace
 
-#define LASR(p, P, type, pivot, PIVOT, direction, DIRECTION, forward)                              \
-    VOR_ENGINE void vor_blas_##p##lasr_l##pivot##direction PARAMS_LASR(type) {                     \
+#define LASR(name, NAME, engine, T, pivot, forward)                                                \
+    VOR_ENGINE void engine PARAMS_LASR(T) {                                                        \
         lasr<Pivot::pivot, forward>(*m, *n, c, s, a, *lda);                                        \
     }                                                                                              \
-    VOR_ENTRY(void, p##lasr_l##pivot##direction, P##LASR_L##PIVOT##DIRECTION,                      \
-              vor_blas_##p##lasr_l##pivot##direction, PARAMS_LASR(type), ARGS_LASR)
-#define MEMBERS(p, P, type)                                                                        \
-    LASR(p, P, type, v, V, f, F, true)                                                             \
-    LASR(p, P, type, v, V, b, B, false)                                                            \
-    LASR(p, P, type, t, T, f, F, true)                                                             \
-    LASR(p, P, type, t, T, b, B, false)                                                            \
-    LASR(p, P, type, b, B, f, F, true)                                                             \
-    LASR(p, P, type, b, B, b, B, false)
-MEMBERS(s, S, float)
-MEMBERS(d, D, double)
-MEMBERS(c, C, vor::cfloat)
-MEMBERS(z, Z, vor::cdouble)
+    VOR_ENTRY(void, name, NAME, engine, PARAMS_LASR(T), ARGS_LASR)
+LASR(slasr_lvf, SLASR_LVF, vor_blas_slasr_lvf, float, v, true)
+LASR(slasr_lvb, SLASR_LVB, vor_blas_slasr_lvb, float, v, false)
+LASR(slasr_ltf, SLASR_LTF, vor_blas_slasr_ltf, float, t, true)
+LASR(slasr_ltb, SLASR_LTB, vor_blas_slasr_ltb, float, t, false)
+LASR(slasr_lbf, SLASR_LBF, vor_blas_slasr_lbf, float, b, true)
+LASR(slasr_lbb, SLASR_LBB, vor_blas_slasr_lbb, float, b, false)
+LASR(dlasr_lvf, DLASR_LVF, vor_blas_dlasr_lvf, double, v, true)
+LASR(dlasr_lvb, DLASR_LVB, vor_blas_dlasr_lvb, double, v, false)
+LASR(dlasr_ltf, DLASR_LTF, vor_blas_dlasr_ltf, double, t, true)
+LASR(dlasr_ltb, DLASR_LTB, vor_blas_dlasr_ltb, double, t, false)
+LASR(dlasr_lbf, DLASR_LBF, vor_blas_dlasr_lbf, double, b, true)
+LASR(dlasr_lbb, DLASR_LBB, vor_blas_dlasr_lbb, double, b, false)
+LASR(clasr_lvf, CLASR_LVF, vor_blas_clasr_lvf, cfloat, v, true)
+LASR(clasr_lvb, CLASR_LVB, vor_blas_clasr_lvb, cfloat, v, false)
+LASR(clasr_ltf, CLASR_LTF, vor_blas_clasr_ltf, cfloat, t, true)
+LASR(clasr_ltb, CLASR_LTB, vor_blas_clasr_ltb, cfloat, t, false)
+LASR(clasr_lbf, CLASR_LBF, vor_blas_clasr_lbf, cfloat, b, true)
+LASR(clasr_lbb, CLASR_LBB, vor_blas_clasr_lbb, cfloat, b, false)
+LASR(zlasr_lvf, ZLASR_LVF, vor_blas_zlasr_lvf, cdouble, v, true)
+LASR(zlasr_lvb, ZLASR_LVB, vor_blas_zlasr_lvb, cdouble, v, false)
+LASR(zlasr_ltf, ZLASR_LTF, vor_blas_zlasr_ltf, cdouble, t, true)
+LASR(zlasr_ltb, ZLASR_LTB, vor_blas_zlasr_ltb, cdouble, t, false)
+LASR(zlasr_lbf, ZLASR_LBF, vor_blas_zlasr_lbf, cdouble, b, true)
+LASR(zlasr_lbb, ZLASR_LBB, vor_blas_zlasr_lbb, cdouble, b, false)
+
+} // namespace vor::blas

@@ -4,12 +4,15 @@
 #include "blas/level2/entry.h"
 #include "blas/level2/symmetric_product.h"
 
-#define MEMBER(p, P, T, op, OP, group)                                                             \
-    LEVEL2(p, P, T, op, OP, SPMV,                                                                  \
-           vor::symmetric_product<group>(                                                          \
-               vor::PackedTriangle<const T>{vor::is_letter(uplo, 'U'), *n, ap}, *alpha, x, *incx,  \
-               *beta, y, *incy))
-MEMBER(s, S, float, spmv, SPMV, 1)
-MEMBER(d, D, double, spmv, SPMV, 2)
-MEMBER(c, C, vor::cfloat, hpmv, HPMV, 2)
-MEMBER(z, Z, vor::cdouble, hpmv, HPMV, 2)
+namespace vor::blas {
+
+#define SPMV(name, NAME, engine, check, T, group)                                                  \
+    LEVEL2(name, NAME, engine, check, PARAMS_SPMV(T), ARGS_SPMV,                                   \
+           symmetric_product<group>(PackedTriangle<const T>{is_letter(uplo, 'U'), *n, ap}, *alpha, \
+                                    x, *incx, *beta, y, *incy))
+SPMV(sspmv, SSPMV, vor_blas_sspmv, vor_blas_errchk_sspmv, float, 1)
+SPMV(dspmv, DSPMV, vor_blas_dspmv, vor_blas_errchk_dspmv, double, 2)
+SPMV(chpmv, CHPMV, vor_blas_chpmv, vor_blas_errchk_chpmv, cfloat, 2)
+SPMV(zhpmv, ZHPMV, vor_blas_zhpmv, vor_blas_errchk_zhpmv, cdouble, 2)
+
+} // namespace vor::blas

@@ -4,11 +4,14 @@
 #include "blas/level2/entry.h"
 #include "blas/level2/update.h"
 
-#define MEMBER(p, P, T, op, OP)                                                                    \
-    LEVEL2(p, P, T, op, OP, SPR2,                                                                  \
-           vor::rank_two(vor::PackedTriangle<T>{vor::is_letter(uplo, 'U'), *n, ap}, *alpha, x,     \
-                         *incx, y, *incy))
-MEMBER(s, S, float, spr2, SPR2)
-MEMBER(d, D, double, spr2, SPR2)
-MEMBER(c, C, vor::cfloat, hpr2, HPR2)
-MEMBER(z, Z, vor::cdouble, hpr2, HPR2)
+namespace vor::blas {
+
+#define SPR2(name, NAME, engine, check, T)                                                         \
+    LEVEL2(name, NAME, engine, check, PARAMS_SPR2(T), ARGS_SPR2,                                   \
+           rank_two(PackedTriangle<T>{is_letter(uplo, 'U'), *n, ap}, *alpha, x, *incx, y, *incy))
+SPR2(sspr2, SSPR2, vor_blas_sspr2, vor_blas_errchk_sspr2, float)
+SPR2(dspr2, DSPR2, vor_blas_dspr2, vor_blas_errchk_dspr2, double)
+SPR2(chpr2, CHPR2, vor_blas_chpr2, vor_blas_errchk_chpr2, cfloat)
+SPR2(zhpr2, ZHPR2, vor_blas_zhpr2, vor_blas_errchk_zhpr2, cdouble)
+
+} // namespace vor::blas

@@ -7,8 +7,9 @@
 #pragma once
 
 #include "blas/level2/triangle.h"
+#include "blas/level2/vector.h"
 
-namespace vor {
+namespace vor::blas {
 
 template <int columns, class Triangle, class T, class X, class Y>
 void add_symmetric_columns(const Triangle& a, int j, T alpha, X x, Y y) {
@@ -64,4 +65,4 @@ void symmetric_product(const Triangle& a, T alpha, const T* x, int incx, T beta,
     });
 }
 
-} // namespace vor
+} // namespace vor::blas

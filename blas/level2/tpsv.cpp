@@ -3,27 +3,28 @@
 // ap     the columns of the stored triangle one after the other, without gaps
 // A zero on the diagonal gives the infinities and NaNs of the division.
 #include "blas/level2/entry.h"
-#include "blas/level2/triangular.h"
+#include "blas/level2/triangular_operator.h"
 
+namespace vor::blas {
 namespace {
 
 template <class Triangle, class T>
 void tpsv(const Triangle& a, const char* trans, const char* diag, T* x, int incx) {
-    vor::on_triangle(a, trans, diag, [&](auto op) {
-        vor::on_vector(a.n, x, incx, [&](auto v) {
-            vor::triangular_solve<vor::ScaledDivision, vor::kPackedGroup<T, decltype(v.step)>>(op,
-                                                                                               v);
+    on_triangle(a, trans, diag, [&](auto op) {
+        on_vector(a.n, x, incx, [&](auto v) {
+            triangular_solve<ScaledDivision, kPackedGroup<T, decltype(v.step)>>(op, v);
         });
     });
 }
 
 } // namespace
 
-#define MEMBER(p, P, T)                                                                            \
-    LEVEL2(p, P, T, tpsv, TPSV, TPMV,                                                              \
-           tpsv(vor::PackedTriangle<const T>{vor::is_letter(uplo, 'U'), *n, ap}, trans, diag, x,   \
-                *incx))
-MEMBER(s, S, float)
-MEMBER(d, D, double)
-MEMBER(c, C, vor::cfloat)
-MEMBER(z, Z, vor::cdouble)
+#define TPSV(name, NAME, engine, check, T)                                                         \
+    LEVEL2(name, NAME, engine, check, PARAMS_TPMV(T), ARGS_TPMV,                                   \
+           tpsv(PackedTriangle<const T>{is_letter(uplo, 'U'), *n, ap}, trans, diag, x, *incx))
+TPSV(stpsv, STPSV, vor_blas_stpsv, vor_blas_errchk_stpsv, float)
+TPSV(dtpsv, DTPSV, vor_blas_dtpsv, vor_blas_errchk_dtpsv, double)
+TPSV(ctpsv, CTPSV, vor_blas_ctpsv, vor_blas_errchk_ctpsv, cfloat)
+TPSV(ztpsv, ZTPSV, vor_blas_ztpsv, vor_blas_errchk_ztpsv, cdouble)
+
+} // namespace vor::blas

@@ -3,10 +3,10 @@
 // below. Whoever walks a triangle by its columns knows no more of its storage.
 #pragma once
 
+#include "blas/kernel/columns_s.h"
 #include "blas/letters.h"
-#include "blas/level2/columns.h"
 
-namespace vor {
+namespace vor::blas {
 
 template <class T>
 struct FullTriangle {
@@ -81,4 +81,4 @@ auto columns_from(const Triangle& a, int row, int j) {
     return result;
 }
 
-} // namespace vor
+} // namespace vor::blas

@@ -9,6 +9,7 @@
 
 #define PARAMS_LEAF(T) (const int* n, const T* a, const int* lda, T* x, const int* incx)
 
+namespace vor::blas {
 namespace {
 
 constexpr int kBlock = 32;
@@ -16,75 +17,133 @@ constexpr int kBlock = 32;
 // x := op(A)^-1 x for a diagonal block, x from its element 0 on.
 template <bool upper, bool transpose, bool conjugate, bool unit, class T>
 void leaf(int n, const T* a, int lda, T* x, int incx) {
-    using Triangle = vor::FullTriangle<const T>;
-    const vor::Triangular<transpose, conjugate, Triangle> op{{upper, n, a, lda}, unit};
+    using Triangle = FullTriangle<const T>;
+    const TriangularOperator<transpose, conjugate, Triangle> op{{upper, n, a, lda}, unit};
     constexpr int kTogether = transpose ? 2 : 1; // two dot products share their loads of x
     if (incx == 1)
-        vor::triangular_solve<vor::PlainDivision, kTogether>(op, vor::Vector<T, vor::Unit>{x, {}});
+        triangular_solve<PlainDivision, kTogether>(op, Vector<T, Unit>{x, {}});
     else
-        vor::triangular_solve<vor::PlainDivision, 1>(op, vor::Vector<T, int>{x, incx});
+        triangular_solve<PlainDivision, 1>(op, Vector<T, int>{x, incx});
 }
 
 template <class A, class T>
 void solve(const A& op, void(*leaf) PARAMS_LEAF(T), T* x, int incx) {
     const int n = op.a.n, lda = op.a.lda;
-    const vor::Pieces<T> v(x, n, incx);
-    vor::in_blocks(n, kBlock, op.a.upper == A::kTransposed, [&](int j, int count) {
+    const Pieces<T> v(x, n, incx);
+    in_blocks(n, kBlock, op.a.upper == A::kTransposed, [&](int j, int count) {
         const int row = op.a.upper ? 0 : j + count, rows = op.a.upper ? j : n - row;
         const T* const beside = op.a.a + j * lda + row;
         if (A::kTransposed && rows > 0)
-            vor::add_product(vor::letter_of<A>(), rows, count, -1, beside, lda, v.piece(row, rows),
-                             incx, v.piece(j, count), incx);
+            add_matrix_product(letter_of<A>(), rows, count, -1, beside, lda, v.piece(row, rows),
+                               incx, v.piece(j, count), incx);
         leaf(&count, op.a.diagonal(j), &lda, v.element(j), &incx);
         if (!A::kTransposed && rows > 0)
-            vor::add_product('N', rows, count, -1, beside, lda, v.piece(j, count), incx,
-                             v.piece(row, rows), incx);
+            add_matrix_product('N', rows, count, -1, beside, lda, v.piece(j, count), incx,
+                               v.piece(row, rows), incx);
     });
 }
 
 } // namespace
 
-#define LEAF(p, T, U, t, d, upper, transpose, conjugate, unit)                                     \
-    VOR_ENGINE void vor_blas_##p##trsv_##U##t##d PARAMS_LEAF(T) {                                  \
+#define LEAF(name, T, upper, transpose, conjugate, unit)                                           \
+    VOR_ENGINE void name PARAMS_LEAF(T) {                                                          \
         leaf<upper, transpose, conjugate, unit>(*n, a, *lda, x, *incx);                            \
     }
-#define LEAVES(p, T, t, transpose, conjugate)                                                      \
-    LEAF(p, T, l, t, n, false, transpose, conjugate, false)                                        \
-    LEAF(p, T, l, t, u, false, transpose, conjugate, true)                                         \
-    LEAF(p, T, u, t, n, true, transpose, conjugate, false)                                         \
-    LEAF(p, T, u, t, u, true, transpose, conjugate, true)
-#define REAL_LEAVES(p, T)                                                                          \
-    LEAVES(p, T, n, false, false)                                                                  \
-    LEAVES(p, T, t, true, false)
-REAL_LEAVES(s, float)
-REAL_LEAVES(d, double)
-REAL_LEAVES(c, vor::cfloat)
-REAL_LEAVES(z, vor::cdouble)
-LEAVES(c, vor::cfloat, c, true, true)
-LEAVES(z, vor::cdouble, c, true, true)
+LEAF(vor_blas_strsv_lnn, float, false, false, false, false)
+LEAF(vor_blas_strsv_lnu, float, false, false, false, true)
+LEAF(vor_blas_strsv_unn, float, true, false, false, false)
+LEAF(vor_blas_strsv_unu, float, true, false, false, true)
+LEAF(vor_blas_strsv_ltn, float, false, true, false, false)
+LEAF(vor_blas_strsv_ltu, float, false, true, false, true)
+LEAF(vor_blas_strsv_utn, float, true, true, false, false)
+LEAF(vor_blas_strsv_utu, float, true, true, false, true)
+LEAF(vor_blas_dtrsv_lnn, double, false, false, false, false)
+LEAF(vor_blas_dtrsv_lnu, double, false, false, false, true)
+LEAF(vor_blas_dtrsv_unn, double, true, false, false, false)
+LEAF(vor_blas_dtrsv_unu, double, true, false, false, true)
+LEAF(vor_blas_dtrsv_ltn, double, false, true, false, false)
+LEAF(vor_blas_dtrsv_ltu, double, false, true, false, true)
+LEAF(vor_blas_dtrsv_utn, double, true, true, false, false)
+LEAF(vor_blas_dtrsv_utu, double, true, true, false, true)
+LEAF(vor_blas_ctrsv_lnn, cfloat, false, false, false, false)
+LEAF(vor_blas_ctrsv_lnu, cfloat, false, false, false, true)
+LEAF(vor_blas_ctrsv_unn, cfloat, true, false, false, false)
+LEAF(vor_blas_ctrsv_unu, cfloat, true, false, false, true)
+LEAF(vor_blas_ctrsv_ltn, cfloat, false, true, false, false)
+LEAF(vor_blas_ctrsv_ltu, cfloat, false, true, false, true)
+LEAF(vor_blas_ctrsv_utn, cfloat, true, true, false, false)
+LEAF(vor_blas_ctrsv_utu, cfloat, true, true, false, true)
+LEAF(vor_blas_ctrsv_lcn, cfloat, false, true, true, false)
+LEAF(vor_blas_ctrsv_lcu, cfloat, false, true, true, true)
+LEAF(vor_blas_ctrsv_ucn, cfloat, true, true, true, false)
+LEAF(vor_blas_ctrsv_ucu, cfloat, true, true, true, true)
+LEAF(vor_blas_ztrsv_lnn, cdouble, false, false, false, false)
+LEAF(vor_blas_ztrsv_lnu, cdouble, false, false, false, true)
+LEAF(vor_blas_ztrsv_unn, cdouble, true, false, false, false)
+LEAF(vor_blas_ztrsv_unu, cdouble, true, false, false, true)
+LEAF(vor_blas_ztrsv_ltn, cdouble, false, true, false, false)
+LEAF(vor_blas_ztrsv_ltu, cdouble, false, true, false, true)
+LEAF(vor_blas_ztrsv_utn, cdouble, true, true, false, false)
+LEAF(vor_blas_ztrsv_utu, cdouble, true, true, false, true)
+LEAF(vor_blas_ztrsv_lcn, cdouble, false, true, true, false)
+LEAF(vor_blas_ztrsv_lcu, cdouble, false, true, true, true)
+LEAF(vor_blas_ztrsv_ucn, cdouble, true, true, true, false)
+LEAF(vor_blas_ztrsv_ucu, cdouble, true, true, true, true)
 
-// The leaf of an operation.
-#define CHOOSE(p, t)                                                                               \
-    (upper ? (unit ? vor_blas_##p##trsv_u##t##u : vor_blas_##p##trsv_u##t##n)                      \
-           : (unit ? vor_blas_##p##trsv_l##t##u : vor_blas_##p##trsv_l##t##n))
-#define CHOOSE_REAL(p) return A::kTransposed ? CHOOSE(p, t) : CHOOSE(p, n);
-#define CHOOSE_COMPLEX(p)                                                                          \
-    return A::kConjugated ? CHOOSE(p, c) : A::kTransposed ? CHOOSE(p, t) : CHOOSE(p, n);
-template <class T, class A>
-static auto leaf_for(const A& op) {
-    const bool upper = op.a.upper, unit = op.unit;
-    if constexpr (std::is_same_v<T, float>) CHOOSE_REAL(s)
-    if constexpr (std::is_same_v<T, double>) CHOOSE_REAL(d)
-    if constexpr (std::is_same_v<T, vor::cfloat>) CHOOSE_COMPLEX(c)
-    if constexpr (std::is_same_v<T, vor::cdouble>) CHOOSE_COMPLEX(z)
+namespace {
+
+// The leaves of a type: by operation (n, t, c), upper, unit.
+template <class T>
+using Leaf = void PARAMS_LEAF(T);
+template <class T>
+struct Leaves;
+template <>
+struct Leaves<float> {
+    static constexpr Leaf<float>* of[3][2][2] = {
+        {{vor_blas_strsv_lnn, vor_blas_strsv_lnu}, {vor_blas_strsv_unn, vor_blas_strsv_unu}},
+        {{vor_blas_strsv_ltn, vor_blas_strsv_ltu}, {vor_blas_strsv_utn, vor_blas_strsv_utu}},
+        {{vor_blas_strsv_ltn, vor_blas_strsv_ltu}, {vor_blas_strsv_utn, vor_blas_strsv_utu}},
+    };
+};
+template <>
+struct Leaves<double> {
+    static constexpr Leaf<double>* of[3][2][2] = {
+        {{vor_blas_dtrsv_lnn, vor_blas_dtrsv_lnu}, {vor_blas_dtrsv_unn, vor_blas_dtrsv_unu}},
+        {{vor_blas_dtrsv_ltn, vor_blas_dtrsv_ltu}, {vor_blas_dtrsv_utn, vor_blas_dtrsv_utu}},
+        {{vor_blas_dtrsv_ltn, vor_blas_dtrsv_ltu}, {vor_blas_dtrsv_utn, vor_blas_dtrsv_utu}},
+    };
+};
+template <>
+struct Leaves<cfloat> {
+    static constexpr Leaf<cfloat>* of[3][2][2] = {
+        {{vor_blas_ctrsv_lnn, vor_blas_ctrsv_lnu}, {vor_blas_ctrsv_unn, vor_blas_ctrsv_unu}},
+        {{vor_blas_ctrsv_ltn, vor_blas_ctrsv_ltu}, {vor_blas_ctrsv_utn, vor_blas_ctrsv_utu}},
+        {{vor_blas_ctrsv_lcn, vor_blas_ctrsv_lcu}, {vor_blas_ctrsv_ucn, vor_blas_ctrsv_ucu}},
+    };
+};
+template <>
+struct Leaves<cdouble> {
+    static constexpr Leaf<cdouble>* of[3][2][2] = {
+        {{vor_blas_ztrsv_lnn, vor_blas_ztrsv_lnu}, {vor_blas_ztrsv_unn, vor_blas_ztrsv_unu}},
+        {{vor_blas_ztrsv_ltn, vor_blas_ztrsv_ltu}, {vor_blas_ztrsv_utn, vor_blas_ztrsv_utu}},
+        {{vor_blas_ztrsv_lcn, vor_blas_ztrsv_lcu}, {vor_blas_ztrsv_ucn, vor_blas_ztrsv_ucu}},
+    };
+};
+
+template <class A, class T>
+Leaf<T>* leaf_for(const A& op, const T*) {
+    return Leaves<T>::of[A::kConjugated ? 2 : A::kTransposed][op.a.upper][op.unit];
 }
 
-#define MEMBER(p, P, T)                                                                            \
-    LEVEL2(p, P, T, trsv, TRSV, TRMV,                                                              \
-           vor::on_triangle(vor::FullTriangle<const T>{vor::is_letter(uplo, 'U'), *n, a, *lda},    \
-                            trans, diag,                                                           \
-                            [&](const auto& op) { solve(op, leaf_for<T>(op), x, *incx); }))
-MEMBER(s, S, float)
-MEMBER(d, D, double)
-MEMBER(c, C, vor::cfloat)
-MEMBER(z, Z, vor::cdouble)
+} // namespace
+
+#define TRSV(name, NAME, engine, check, T)                                                         \
+    LEVEL2(name, NAME, engine, check, PARAMS_TRMV(T), ARGS_TRMV,                                   \
+           on_triangle(FullTriangle<const T>{is_letter(uplo, 'U'), *n, a, *lda}, trans, diag,      \
+                       [&](const auto& op) { solve(op, leaf_for(op, x), x, *incx); }))
+TRSV(strsv, STRSV, vor_blas_strsv, vor_blas_errchk_strsv, float)
+TRSV(dtrsv, DTRSV, vor_blas_dtrsv, vor_blas_errchk_dtrsv, double)
+TRSV(ctrsv, CTRSV, vor_blas_ctrsv, vor_blas_errchk_ctrsv, cfloat)
+TRSV(ztrsv, ZTRSV, vor_blas_ztrsv, vor_blas_errchk_ztrsv, cdouble)
+
+} // namespace vor::blas

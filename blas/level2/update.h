@@ -10,7 +10,7 @@
 
 #include "blas/level2/triangle.h"
 
-namespace vor {
+namespace vor::blas {
 
 // The diagonal after something was added to it: `added` without its imaginary part.
 template <class T>
@@ -63,4 +63,4 @@ void rank_two(const Triangle& a, T alpha, const T* x, int incx, const T* y, int 
     });
 }
 
-} // namespace vor
+} // namespace vor::blas

@@ -4,7 +4,7 @@
 #include "arith/number.h"
 #include "arith/walk.h"
 
-namespace vor {
+namespace vor::blas {
 
 // y := beta * y; a beta of 0 stores without reading, one of 1 leaves y alone.
 template <class T>
@@ -19,4 +19,4 @@ void scale(int n, T beta, T* y, int incy) {
     });
 }
 
-} // namespace vor
+} // namespace vor::blas

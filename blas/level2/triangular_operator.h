@@ -5,18 +5,18 @@
 
 #include "blas/level2/triangle.h"
 
-namespace vor {
+namespace vor::blas {
 
 // The two complex divisions x / d = x conj(d) / (re^2 + im^2), in extended precision.
 struct PlainDivision {
     // One real division.
-    static Complex<long double> over_norm(Complex<long double> numerator, Complex<long double> d) {
+    static cextended over_norm(cextended numerator, cextended d) {
         return numerator * (1 / (d.re * d.re + d.im * d.im));
     }
 };
 struct ScaledDivision {
     // Both sides scaled by the larger part of d, so that the square stays in range.
-    static Complex<long double> over_norm(Complex<long double> numerator, Complex<long double> d) {
+    static cextended over_norm(cextended numerator, cextended d) {
         const long double re = d.re < 0 ? -d.re : d.re, im = d.im < 0 ? -d.im : d.im;
         const long double s = 1 / (re > im ? re : im);
         const long double norm = d.re * d.re * s + d.im * d.im * s;
@@ -40,7 +40,7 @@ work_t<T> divide(work_t<T> x, T a) {
 
 // A triangle under op.
 template <bool transpose, bool conjugate, class Triangle>
-struct Triangular {
+struct TriangularOperator {
     static constexpr bool kTransposed = transpose, kConjugated = conjugate;
     Triangle a;
     bool unit; // ones on the diagonal, which is not read then
@@ -159,14 +159,14 @@ template <class Triangle, class F>
 void on_triangle(const Triangle& a, const char* trans, const char* diag, F f) {
     using T = std::remove_cvref_t<decltype(*a.a)>;
     const bool unit = is_letter(diag, 'U');
-    if (is_letter(trans, 'N')) return f(Triangular<false, false, Triangle>{a, unit});
+    if (is_letter(trans, 'N')) return f(TriangularOperator<false, false, Triangle>{a, unit});
     if constexpr (is_complex<T>)
-        if (!is_letter(trans, 'T')) return f(Triangular<true, true, Triangle>{a, unit});
-    f(Triangular<true, false, Triangle>{a, unit});
+        if (!is_letter(trans, 'T')) return f(TriangularOperator<true, true, Triangle>{a, unit});
+    f(TriangularOperator<true, false, Triangle>{a, unit});
 }
 
 // Columns that go together in packed triangles when x lies in neighbouring elements: four for d.
 template <class T, class Step>
 inline constexpr int kPackedGroup = std::is_same_v<T, double>&& std::is_same_v<Step, Unit> ? 4 : 1;
 
-} // namespace vor
+} // namespace vor::blas
