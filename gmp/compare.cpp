@@ -1,12 +1,15 @@
 // Comparisons: 1, -1 or 0.
 #include "gmp/integer.h"
 
+#include <string.h>
+
+using namespace vor;
 using namespace vor::gmp;
 
 namespace {
 
 int compare_magnitudes(const vor_mpz* a, const vor_mpz* b) {
-    return cpCompare_BNUs(a->_mp_d, value_size(a), b->_mp_d, value_size(b));
+    return limb::compare(a->_mp_d, value_size(a), b->_mp_d, value_size(b));
 }
 
 int compare(const vor_mpz* a, const vor_mpz* b) {
@@ -60,8 +63,8 @@ struct IntegralPart {
 // |a| against |d|, for a normal d.
 int compare_magnitude(const vor_mpz* a, const Fields& d) {
     const IntegralPart part(d);
-    const int order = cpCompare_BNUs(a->_mp_d, value_size(a), part.limbs,
-                                     normal_size(part.limbs, IntegralPart::kLimbs));
+    const int order = limb::compare(a->_mp_d, value_size(a), part.limbs,
+                                    limb::normal_size(part.limbs, IntegralPart::kLimbs));
     return order != 0 ? order : part.fraction ? -1 : 0;
 }
 
@@ -75,31 +78,38 @@ int compare_double(int sign_a, const vor_mpz* a, const Fields& d) {
 
 } // namespace
 
-VOR_ENGINE int vor_gmp___gmpz_cmp PARAMS_AB {
+VOR_GMP(int, __gmpz_cmp, __GMPZ_CMP, vor_gmp___gmpz_cmp, (const vor_mpz* a, const vor_mpz* b),
+        (a, b)) {
     return compare(a, b);
 }
 
-VOR_ENGINE int vor_gmp___gmpz_cmpabs PARAMS_AB {
+VOR_GMP(int, __gmpz_cmpabs, __GMPZ_CMPABS, vor_gmp___gmpz_cmpabs,
+        (const vor_mpz* a, const vor_mpz* b), (a, b)) {
     return compare_magnitudes(a, b);
 }
 
-VOR_ENGINE int vor_gmp___gmpz_cmp_ui PARAMS_CXV {
+VOR_GMP(int, __gmpz_cmp_ui, __GMPZ_CMP_UI, vor_gmp___gmpz_cmp_ui, (const vor_mpz* x, unsigned v),
+        (x, v)) {
     return compare(x, WordValue(v));
 }
 
-VOR_ENGINE int vor_gmp___gmpz_cmp_si PARAMS_CXI {
+VOR_GMP(int, __gmpz_cmp_si, __GMPZ_CMP_SI, vor_gmp___gmpz_cmp_si, (const vor_mpz* x, int i),
+        (x, i)) {
     return compare(x, WordValue(i < 0 ? 0 - static_cast<limb_t>(i) : i, i < 0));
 }
 
-VOR_ENGINE int vor_gmp___gmpz_cmpabs_ui PARAMS_CXV {
+VOR_GMP(int, __gmpz_cmpabs_ui, __GMPZ_CMPABS_UI, vor_gmp___gmpz_cmpabs_ui,
+        (const vor_mpz* x, unsigned v), (x, v)) {
     return compare_magnitudes(x, WordValue(v));
 }
 
-VOR_ENGINE int vor_gmp___gmpz_cmp_d PARAMS_CXD {
+VOR_GMP(int, __gmpz_cmp_d, __GMPZ_CMP_D, vor_gmp___gmpz_cmp_d, (const vor_mpz* x, double d),
+        (x, d)) {
     return compare_double(vor_gmp___gmpz_sgn(x), x, Fields(d));
 }
 
-VOR_ENGINE int vor_gmp___gmpz_cmpabs_d PARAMS_CXD {
+VOR_GMP(int, __gmpz_cmpabs_d, __GMPZ_CMPABS_D, vor_gmp___gmpz_cmpabs_d,
+        (const vor_mpz* x, double d), (x, d)) {
     const int sign = vor_gmp___gmpz_sgn(x);
     return compare_double(sign * sign, x, Fields(__builtin_fabs(d)));
 }

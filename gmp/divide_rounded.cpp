@@ -2,8 +2,9 @@
 //
 // All start from the magnitudes |n| = q |d| + r. Where the exact quotient lies beyond, away from
 // zero, and r is not 0, the magnitudes become q + 1 and |d| - r, and the remainder changes sides.
-#include "gmp/divide_limb.h"
+#include "gmp/divide.h"
 
+using namespace vor;
 using namespace vor::gmp;
 
 namespace {
@@ -16,40 +17,35 @@ bool away_from_zero(Rounding rounding, bool quotient_minus) {
     return quotient_minus == (rounding == Rounding::floor);
 }
 
-void increment_magnitude(vor_mpz* q, const char* function) {
+// q + 1 after a division with a remainder: the room that the division took holds the carry. (By a word
+// above 1 there is none; by more limbs the quotient had one limb of room above its own.)
+void increment_magnitude(vor_mpz* q) {
     const int n = limbs_of(q);
-    limb_t* const limbs = grow(q, uint64_t{1} + n, function);
-    limbs[n] = vor_gmp___gmpn_add_1(limbs, limbs, n, 1);
-    finish(q, n + 1, false);
+    const limb_t carry = limb::increment(q->_mp_d, n, 1);
+    if (carry) q->_mp_d[n] = carry;
+    q->_mp_size = n + static_cast<int>(carry);
 }
 
-void set_sign(vor_mpz* x, bool minus) {
-    x->_mp_size = with_sign(limbs_of(x), minus);
-}
-
-// q may be null. d is none of the results.
-void round_away(vor_mpz* q, vor_mpz* r, const vor_mpz* n, const vor_mpz* d, const char* function) {
+// q may be null. d is none of the results. All room is taken before a limb is written.
+void round_away(vor_mpz* q, vor_mpz* r, const vor_mpz* n, const vor_mpz* d) {
     const bool n_minus = negative(n), q_minus = n_minus != negative(d);
+    const int ds = value_size(d);
+    grow(r, ds);
     if (q)
         vor_gmp_vor_gmp_div_qr(q, r, n, d);
     else
         vor_gmp_vor_gmp_div_r(r, n, d);
     if (r->_mp_size != 0) {
-        if (q) increment_magnitude(q, function);
-        const int ds = value_size(d);
-        int rest_size;
-        limb_t ignored;
-        cpSub_BNUs(d->_mp_d, ds, r->_mp_d, limbs_of(r), grow(r, ds, function), &rest_size,
-                   &ignored);
-        r->_mp_size = with_sign(rest_size, !n_minus);
+        if (q) increment_magnitude(q);
+        limb::sub(r->_mp_d, d->_mp_d, ds, r->_mp_d, limbs_of(r));
+        finish(r, ds, !n_minus);
     }
     if (q) set_sign(q, q_minus);
 }
 
 // One of q and r may be null.
-void divide(vor_mpz* q, vor_mpz* r, const vor_mpz* n, const vor_mpz* d, Rounding rounding,
-            const char* function) {
-    if (value_size(d) == 0) divide_by_zero();
+void divide(vor_mpz* q, vor_mpz* r, const vor_mpz* n, const vor_mpz* d, Rounding rounding) {
+    if (value_size(d) == 0) limb::divide_by_zero();
     const bool n_minus = negative(n), q_minus = n_minus != negative(d);
     if (!away_from_zero(rounding, q_minus)) {
         if (!r)
@@ -63,15 +59,15 @@ void divide(vor_mpz* q, vor_mpz* r, const vor_mpz* n, const vor_mpz* d, Rounding
         return;
     }
     if (!r) {
-        Temporary rest(kMinimumLimbs, function);
-        return divide(q, rest, n, d, rounding, function);
+        Temporary rest;
+        return divide(q, rest, n, d, rounding);
     }
     if (q == d || r == d) {
-        Temporary divisor(kMinimumLimbs, function);
+        Temporary divisor;
         vor_gmp___gmpz_set(divisor, d);
-        return round_away(q, r, n, divisor, function);
+        return round_away(q, r, n, divisor);
     }
-    round_away(q, r, n, d, function);
+    round_away(q, r, n, d);
 }
 
 struct WordRemainder {
@@ -86,14 +82,13 @@ struct WordRemainder {
 };
 
 // By a word; q may be null.
-WordRemainder divide_word(vor_mpz* q, const vor_mpz* n, limb_t d, Rounding rounding,
-                          const char* function = __builtin_FUNCTION()) {
-    if (d == 0) divide_by_zero();
+WordRemainder divide_word(vor_mpz* q, const vor_mpz* n, limb_t d, Rounding rounding) {
+    if (d == 0) limb::divide_by_zero();
     const bool minus = negative(n);
-    const limb_t rest = divide_magnitude(q, n, d, function);
+    const limb_t rest = divide_magnitude(q, n, d);
     const bool away = rest != 0 && away_from_zero(rounding, minus);
     if (q) {
-        if (away) increment_magnitude(q, function);
+        if (away) increment_magnitude(q);
         set_sign(q, minus);
     }
     return away ? WordRemainder{d - rest, !minus} : WordRemainder{rest, minus};
@@ -101,46 +96,85 @@ WordRemainder divide_word(vor_mpz* q, const vor_mpz* n, limb_t d, Rounding round
 
 } // namespace
 
-#define FAMILY(letter, rounding)                                                                   \
-    VOR_ENGINE void vor_gmp___gmpz_##letter##div_qr PARAMS_QRND {                                  \
-        divide(q, r, n, d, rounding, __builtin_FUNCTION());                                        \
-    }                                                                                              \
-    VOR_ENGINE void vor_gmp___gmpz_##letter##div_q PARAMS_DIV_Q {                                  \
-        divide(q, nullptr, n, d, rounding, __builtin_FUNCTION());                                  \
-    }                                                                                              \
-    VOR_ENGINE void vor_gmp___gmpz_##letter##div_r PARAMS_DIV_R {                                  \
-        divide(nullptr, r, n, d, rounding, __builtin_FUNCTION());                                  \
-    }                                                                                              \
-    VOR_ENGINE unsigned vor_gmp___gmpz_##letter##div_qr_ui PARAMS_QRNV {                           \
+#define DIVIDE_QR(lower, UPPER, engine, rounding)                                                  \
+    VOR_GMP(void, lower, UPPER, engine,                                                            \
+            (vor_mpz * q, vor_mpz * r, const vor_mpz* n, const vor_mpz* d), (q, r, n, d)) {        \
+        divide(q, r, n, d, rounding);                                                              \
+    }
+DIVIDE_QR(__gmpz_tdiv_qr, __GMPZ_TDIV_QR, vor_gmp___gmpz_tdiv_qr, Rounding::truncate)
+DIVIDE_QR(__gmpz_fdiv_qr, __GMPZ_FDIV_QR, vor_gmp___gmpz_fdiv_qr, Rounding::floor)
+DIVIDE_QR(__gmpz_cdiv_qr, __GMPZ_CDIV_QR, vor_gmp___gmpz_cdiv_qr, Rounding::ceiling)
+
+#define DIVIDE_Q(lower, UPPER, engine, rounding)                                                   \
+    VOR_GMP(void, lower, UPPER, engine, (vor_mpz * q, const vor_mpz* n, const vor_mpz* d),         \
+            (q, n, d)) {                                                                           \
+        divide(q, nullptr, n, d, rounding);                                                        \
+    }
+DIVIDE_Q(__gmpz_tdiv_q, __GMPZ_TDIV_Q, vor_gmp___gmpz_tdiv_q, Rounding::truncate)
+DIVIDE_Q(__gmpz_fdiv_q, __GMPZ_FDIV_Q, vor_gmp___gmpz_fdiv_q, Rounding::floor)
+DIVIDE_Q(__gmpz_cdiv_q, __GMPZ_CDIV_Q, vor_gmp___gmpz_cdiv_q, Rounding::ceiling)
+
+#define DIVIDE_R(lower, UPPER, engine, rounding)                                                   \
+    VOR_GMP(void, lower, UPPER, engine, (vor_mpz * r, const vor_mpz* n, const vor_mpz* d),         \
+            (r, n, d)) {                                                                           \
+        divide(nullptr, r, n, d, rounding);                                                        \
+    }
+DIVIDE_R(__gmpz_tdiv_r, __GMPZ_TDIV_R, vor_gmp___gmpz_tdiv_r, Rounding::truncate)
+DIVIDE_R(__gmpz_fdiv_r, __GMPZ_FDIV_R, vor_gmp___gmpz_fdiv_r, Rounding::floor)
+DIVIDE_R(__gmpz_cdiv_r, __GMPZ_CDIV_R, vor_gmp___gmpz_cdiv_r, Rounding::ceiling)
+
+#define DIVIDE_QR_UI(lower, UPPER, engine, rounding)                                               \
+    VOR_GMP(unsigned, lower, UPPER, engine,                                                        \
+            (vor_mpz * q, vor_mpz * r, const vor_mpz* n, unsigned d), (q, r, n, d)) {              \
         return divide_word(q, n, d, rounding).store(r);                                            \
-    }                                                                                              \
-    VOR_ENGINE unsigned vor_gmp___gmpz_##letter##div_q_ui PARAMS_DIV_Q_WORD {                      \
+    }
+DIVIDE_QR_UI(__gmpz_tdiv_qr_ui, __GMPZ_TDIV_QR_UI, vor_gmp___gmpz_tdiv_qr_ui, Rounding::truncate)
+DIVIDE_QR_UI(__gmpz_fdiv_qr_ui, __GMPZ_FDIV_QR_UI, vor_gmp___gmpz_fdiv_qr_ui, Rounding::floor)
+DIVIDE_QR_UI(__gmpz_cdiv_qr_ui, __GMPZ_CDIV_QR_UI, vor_gmp___gmpz_cdiv_qr_ui, Rounding::ceiling)
+
+#define DIVIDE_Q_UI(lower, UPPER, engine, rounding)                                                \
+    VOR_GMP(unsigned, lower, UPPER, engine, (vor_mpz * q, const vor_mpz* n, unsigned d),           \
+            (q, n, d)) {                                                                           \
         return divide_word(q, n, d, rounding).magnitude;                                           \
-    }                                                                                              \
-    VOR_ENGINE unsigned vor_gmp___gmpz_##letter##div_r_ui PARAMS_DIV_R_WORD {                      \
+    }
+DIVIDE_Q_UI(__gmpz_tdiv_q_ui, __GMPZ_TDIV_Q_UI, vor_gmp___gmpz_tdiv_q_ui, Rounding::truncate)
+DIVIDE_Q_UI(__gmpz_fdiv_q_ui, __GMPZ_FDIV_Q_UI, vor_gmp___gmpz_fdiv_q_ui, Rounding::floor)
+DIVIDE_Q_UI(__gmpz_cdiv_q_ui, __GMPZ_CDIV_Q_UI, vor_gmp___gmpz_cdiv_q_ui, Rounding::ceiling)
+
+#define DIVIDE_R_UI(lower, UPPER, engine, rounding)                                                \
+    VOR_GMP(unsigned, lower, UPPER, engine, (vor_mpz * r, const vor_mpz* n, unsigned d),           \
+            (r, n, d)) {                                                                           \
         return divide_word(nullptr, n, d, rounding).store(r);                                      \
-    }                                                                                              \
-    VOR_ENGINE unsigned vor_gmp___gmpz_##letter##div_ui PARAMS_DIV_WORD {                          \
+    }
+DIVIDE_R_UI(__gmpz_tdiv_r_ui, __GMPZ_TDIV_R_UI, vor_gmp___gmpz_tdiv_r_ui, Rounding::truncate)
+DIVIDE_R_UI(__gmpz_fdiv_r_ui, __GMPZ_FDIV_R_UI, vor_gmp___gmpz_fdiv_r_ui, Rounding::floor)
+DIVIDE_R_UI(__gmpz_cdiv_r_ui, __GMPZ_CDIV_R_UI, vor_gmp___gmpz_cdiv_r_ui, Rounding::ceiling)
+
+#define DIVIDE_UI(lower, UPPER, engine, rounding)                                                  \
+    VOR_GMP(unsigned, lower, UPPER, engine, (const vor_mpz* n, unsigned d), (n, d)) {              \
         return divide_word(nullptr, n, d, rounding).magnitude;                                     \
     }
-FAMILY(t, Rounding::truncate)
-FAMILY(f, Rounding::floor)
-FAMILY(c, Rounding::ceiling)
+DIVIDE_UI(__gmpz_tdiv_ui, __GMPZ_TDIV_UI, vor_gmp___gmpz_tdiv_ui, Rounding::truncate)
+DIVIDE_UI(__gmpz_fdiv_ui, __GMPZ_FDIV_UI, vor_gmp___gmpz_fdiv_ui, Rounding::floor)
+DIVIDE_UI(__gmpz_cdiv_ui, __GMPZ_CDIV_UI, vor_gmp___gmpz_cdiv_ui, Rounding::ceiling)
 
 // 0 <= r < |d|
-VOR_ENGINE void vor_gmp___gmpz_mod PARAMS_DIV_R {
-    divide(nullptr, r, n, d, negative(d) ? Rounding::ceiling : Rounding::floor,
-           __builtin_FUNCTION());
+VOR_GMP(void, __gmpz_mod, __GMPZ_MOD, vor_gmp___gmpz_mod,
+        (vor_mpz * r, const vor_mpz* n, const vor_mpz* d), (r, n, d)) {
+    divide(nullptr, r, n, d, negative(d) ? Rounding::ceiling : Rounding::floor);
 }
 
-VOR_ENGINE unsigned vor_gmp___gmpz_mod_ui PARAMS_DIV_R_WORD {
+VOR_GMP(unsigned, __gmpz_mod_ui, __GMPZ_MOD_UI, vor_gmp___gmpz_mod_ui,
+        (vor_mpz * r, const vor_mpz* n, unsigned d), (r, n, d)) {
     return vor_gmp___gmpz_fdiv_r_ui(r, n, d);
 }
 
-VOR_ENGINE void vor_gmp___gmpz_divexact PARAMS_DIV_Q {
+VOR_GMP(void, __gmpz_divexact, __GMPZ_DIVEXACT, vor_gmp___gmpz_divexact,
+        (vor_mpz * q, const vor_mpz* n, const vor_mpz* d), (q, n, d)) {
     vor_gmp___gmpz_tdiv_q(q, n, d);
 }
 
-VOR_ENGINE void vor_gmp___gmpz_divexact_ui PARAMS_DIV_Q_WORD {
+VOR_GMP(void, __gmpz_divexact_ui, __GMPZ_DIVEXACT_UI, vor_gmp___gmpz_divexact_ui,
+        (vor_mpz * q, const vor_mpz* n, unsigned d), (q, n, d)) {
     vor_gmp___gmpz_fdiv_q_ui(q, n, d);
 }

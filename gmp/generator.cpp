@@ -1,6 +1,7 @@
 #include "gmp/generator.h"
 #include "gmp/integer.h"
 
+using namespace vor;
 using namespace vor::gmp;
 
 namespace {
@@ -34,7 +35,7 @@ limb_t next(limb_t* s) {
 
 extern "C" {
 int rngNewStream(void** stream, unsigned, unsigned seed) {
-    limb_t* const s = allocate_limbs(kStateLimbs);
+    limb_t* const s = limb::allocate(kStateLimbs);
     uint64_t state = seed;
     for (int i = 0; i < kStateLimbs; i += 2) { // two different outputs: never all zero
         const uint64_t z = split_mix(&state);
@@ -46,7 +47,7 @@ int rngNewStream(void** stream, unsigned, unsigned seed) {
 }
 
 int rngDeleteStream(void** stream) {
-    free_limbs(static_cast<limb_t*>(*stream), kStateLimbs);
+    limb::deallocate(static_cast<limb_t*>(*stream), kStateLimbs);
     *stream = nullptr;
     return 0;
 }

@@ -1,36 +1,26 @@
-// What the integer engines share: sizes and signs of records, room, scratch, temporaries.
+// What the integer engines share: sizes and signs of records, room, temporaries.
 //
-// Every size in limbs that an operation needs is formed in 64 bits and goes through
-// `allocate_limbs`, where a size that 32 bits cannot address, or that the allocator refuses, ends
-// the process with a report. So no engine sees a null block, and none looks for one.
+// Every size in limbs that an operation needs is formed in 64 bits and goes through the allocation of
+// the limb floor (gmp/limb/scratch.h): no engine sees a null block.
 #pragma once
 
-#include "gmp/bn/bignum.h"
-#include "gmp/signatures.h"
-#include "serv/entry.h"
-
-#include <string.h>
-
-// The current allocation functions (memory.cpp).
-extern "C" vor_gmp_allocator vor_gmp_vor_gmp_allocate;
-extern "C" vor_gmp_reallocator vor_gmp_vor_gmp_reallocate;
-extern "C" vor_gmp_deallocator vor_gmp_vor_gmp_free;
+#include "gmp/engines.h"
+#include "gmp/entry.h"
+#include "gmp/limb/limb.h"
+#include "gmp/limb/scratch.h"
+#include "serv/bits.h"
 
 namespace vor::gmp {
 
+using limb::Limbs;
 using limb_t = limb::word;
 using dlimb_t = limb::dword;
 
 constexpr int kMinimumLimbs = 8; // small values never reallocate
 
 #pragma GCC visibility push(hidden)
-// Reports on stderr that `function` could not have `bytes` bytes, and aborts.
-[[noreturn]] void out_of_memory(const char* function, uint64_t bytes);
-// n limbs with undefined contents from the current allocation function.
-limb_t* allocate_limbs(uint64_t n, const char* function = __builtin_FUNCTION());
-void free_limbs(limb_t* limbs, int n);
 // A block of n limbs for x in place of its own, with `kept` limbs of the old one and zeros above.
-void move_limbs(vor_mpz* x, uint64_t n, int kept, const char* function);
+void move_limbs(vor_mpz* x, uint64_t n, int kept);
 #pragma GCC visibility pop
 
 inline int limbs_of(const vor_mpz* x) {
@@ -45,10 +35,8 @@ inline int with_sign(int size, bool minus) {
     return minus ? -size : size;
 }
 
-// n without zero limbs on top, may be 0.
-inline int normal_size(const limb_t* p, int n) {
-    while (n > 0 && p[n - 1] == 0) --n;
-    return n;
+inline void set_sign(vor_mpz* x, bool minus) {
+    x->_mp_size = with_sign(limbs_of(x), minus);
 }
 
 // Limb count of the magnitude, where a single zero limb counts as none.
@@ -63,80 +51,43 @@ inline int bits_to_limbs(uint64_t bits) {
 }
 
 inline uint64_t bit_length(const vor_mpz* x) {
-    const int n = normal_size(x->_mp_d, limbs_of(x));
+    const int n = limb::normal_size(x->_mp_d, limbs_of(x));
     return n == 0 ? 0 : uint64_t{32} * n - __builtin_clz(x->_mp_d[n - 1]);
 }
 
+// The lowest set bit of the magnitude, in 64 bits since a record may hold more than 2^32; of zero, the bit
+// behind its limbs.
+inline uint64_t lowest_bit(const vor_mpz* x) {
+    const int n = limbs_of(x);
+    int k = 0;
+    while (k < n && x->_mp_d[k] == 0) ++k;
+    return uint64_t{32} * static_cast<unsigned>(k) +
+           static_cast<unsigned>(k < n ? trailing_zeros(x->_mp_d[k]) : 0);
+}
+
 // x with room for n limbs: value kept, fresh limbs zero. The limbs, wherever they are now.
-inline limb_t* grow(vor_mpz* x, uint64_t n, const char* function = __builtin_FUNCTION()) {
-    if (n > static_cast<uint64_t>(x->_mp_alloc)) move_limbs(x, n, x->_mp_alloc, function);
+inline limb_t* grow(vor_mpz* x, uint64_t n) {
+    if (n > static_cast<uint64_t>(x->_mp_alloc)) move_limbs(x, n, x->_mp_alloc);
     return x->_mp_d;
-}
-
-inline void copy_limbs(limb_t* d, const limb_t* s, int n) {
-    for (int i = 0; i < n; ++i) d[i] = s[i];
-}
-
-inline void clear_limbs(limb_t* d, int n) {
-    for (int i = 0; i < n; ++i) d[i] = 0;
 }
 
 // Zeros in x from limb `from` to the end of its allocation.
 inline void clear_above(vor_mpz* x, int from) {
-    clear_limbs(x->_mp_d + from, x->_mp_alloc - from);
+    limb::clear(x->_mp_d + from, x->_mp_alloc - from);
 }
 
 // Gives x the magnitude in its n low limbs.
 inline void finish(vor_mpz* x, int n, bool minus) {
-    x->_mp_size = with_sign(normal_size(x->_mp_d, n), minus);
+    x->_mp_size = with_sign(limb::normal_size(x->_mp_d, n), minus);
 }
-
-// Scratch of n limbs for one call: on the stack up to `Local` limbs, else allocated.
-template <int Local>
-class Limbs {
-public:
-    explicit Limbs(uint64_t n, const char* function = __builtin_FUNCTION()) {
-        if (n <= Local) return;
-        size_ = static_cast<int>(n);
-        limbs_ = allocate_limbs(n, function);
-    }
-    ~Limbs() {
-        if (limbs_ != local_) free_limbs(limbs_, size_);
-    }
-    Limbs(const Limbs&) = delete;
-    Limbs& operator=(const Limbs&) = delete;
-    operator limb_t*() { return limbs_; }
-
-private:
-    limb_t local_[Local];
-    limb_t* limbs_ = local_;
-    int size_ = 0;
-};
-
-// Scratch that is always allocated.
-template <>
-class Limbs<0> {
-public:
-    explicit Limbs(uint64_t n, const char* function = __builtin_FUNCTION())
-        : size_(static_cast<int>(n)), limbs_(allocate_limbs(n, function)) {}
-    ~Limbs() { free_limbs(limbs_, size_); }
-    Limbs(const Limbs&) = delete;
-    Limbs& operator=(const Limbs&) = delete;
-    operator limb_t*() { return limbs_; }
-
-private:
-    int size_;
-    limb_t* limbs_;
-};
 
 // A temporary record.
 class Temporary {
 public:
-    explicit Temporary(uint64_t limbs = kMinimumLimbs, const char* function = __builtin_FUNCTION())
-        : x_{0, 0, nullptr} {
-        move_limbs(&x_, limbs < kMinimumLimbs ? kMinimumLimbs : limbs, 0, function);
+    explicit Temporary(uint64_t limbs = kMinimumLimbs) : x_{0, 0, nullptr} {
+        move_limbs(&x_, limbs < kMinimumLimbs ? kMinimumLimbs : limbs, 0);
     }
-    ~Temporary() { vor_gmp___gmpz_clear(&x_); }
+    ~Temporary() { limb::deallocate(x_._mp_d, x_._mp_alloc); }
     Temporary(const Temporary&) = delete;
     Temporary& operator=(const Temporary&) = delete;
     operator vor_mpz*() { return &x_; }

@@ -1,5 +1,6 @@
 // Copies and fills of n bytes or words, ascending.
 #include "gmp/integer.h"
+#include "vor_bignum.h"
 
 extern "C" {
 void _impMemcpy(void* d, const void* s, int n) {

@@ -24,15 +24,14 @@ private:
 };
 
 template <class F>
-void combine(vor_mpz* r, const vor_mpz* a, const vor_mpz* b, F f,
-             const char* function = __builtin_FUNCTION()) {
+void combine(vor_mpz* r, const vor_mpz* a, const vor_mpz* b, F f) {
     const int an = limbs_of(a), bn = limbs_of(b);
     // One bit more than the longer magnitude holds the sign of every result.
     const uint64_t abits = bit_length(a), bbits = bit_length(b);
     const int n = bits_to_limbs((abits > bbits ? abits : bbits) + 1);
     const bool minus = f(limb_t{negative(a)}, limb_t{negative(b)}) & 1;
     Complement from_a(negative(a)), from_b(negative(b)), to_r(minus);
-    limb_t* const d = grow(r, n, function);
+    limb_t* const d = grow(r, n);
     const limb_t *const x = a->_mp_d, *const y = b->_mp_d;
     for (int i = 0; i < n; ++i) {
         const limb_t xi = from_a(i < an ? x[i] : 0), yi = from_b(i < bn ? y[i] : 0);
@@ -43,22 +42,22 @@ void combine(vor_mpz* r, const vor_mpz* a, const vor_mpz* b, F f,
 
 } // namespace
 
-VOR_ENGINE void vor_gmp___gmpz_and PARAMS_RAB {
-    combine(
-        r, a, b, [](limb_t x, limb_t y) { return x & y; }, __builtin_FUNCTION());
+VOR_GMP(void, __gmpz_and, __GMPZ_AND, vor_gmp___gmpz_and,
+        (vor_mpz * r, const vor_mpz* a, const vor_mpz* b), (r, a, b)) {
+    combine(r, a, b, [](limb_t x, limb_t y) { return x & y; });
 }
 
-VOR_ENGINE void vor_gmp___gmpz_ior PARAMS_RAB {
-    combine(
-        r, a, b, [](limb_t x, limb_t y) { return x | y; }, __builtin_FUNCTION());
+VOR_GMP(void, __gmpz_ior, __GMPZ_IOR, vor_gmp___gmpz_ior,
+        (vor_mpz * r, const vor_mpz* a, const vor_mpz* b), (r, a, b)) {
+    combine(r, a, b, [](limb_t x, limb_t y) { return x | y; });
 }
 
-VOR_ENGINE void vor_gmp___gmpz_xor PARAMS_RAB {
-    combine(
-        r, a, b, [](limb_t x, limb_t y) { return x ^ y; }, __builtin_FUNCTION());
+VOR_GMP(void, __gmpz_xor, __GMPZ_XOR, vor_gmp___gmpz_xor,
+        (vor_mpz * r, const vor_mpz* a, const vor_mpz* b), (r, a, b)) {
+    combine(r, a, b, [](limb_t x, limb_t y) { return x ^ y; });
 }
 
-VOR_ENGINE void vor_gmp___gmpz_com PARAMS_RA {
+VOR_GMP(void, __gmpz_com, __GMPZ_COM, vor_gmp___gmpz_com, (vor_mpz * r, const vor_mpz* a), (r, a)) {
     vor_gmp___gmpz_add_ui(r, a, 1);
     r->_mp_size = -r->_mp_size;
     if (r->_mp_size == 0) clear_above(r, 0);

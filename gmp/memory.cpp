@@ -6,6 +6,8 @@
 #include "serv/memory.h"
 #include "gmp/integer.h"
 
+#include <string.h>
+
 #include <stdio.h>
 #include <stdlib.h>
 
@@ -51,6 +53,13 @@ void* reallocate(void* old, unsigned size) {
     memcpy(block, old, old_size < size ? old_size : size);
     deallocate(old);
     return block;
+}
+
+// Reports that `bytes` bytes could not be had, and aborts.
+[[noreturn]] void out_of_memory(uint64_t bytes) {
+    fprintf(stderr, "vor: integers: out of memory, %llu bytes\n",
+            static_cast<unsigned long long>(bytes));
+    abort();
 }
 
 constexpr unsigned kGuardBelow = 0x27182818, kGuardAbove = 0x31415926;
@@ -112,67 +121,76 @@ void* vor_gmp___imp_tmp_storage;
 unsigned vor_gmp___imp_tmp_storage_size;
 }
 
-VOR_ENGINE vor_gmp_allocator vor_gmp___gmp_allocate_func_ptr() {
+VOR_GMP(vor_gmp_allocator, __gmp_allocate_func_ptr, __GMP_ALLOCATE_FUNC_PTR,
+        vor_gmp___gmp_allocate_func_ptr, (), ()) {
     return vor_gmp_vor_gmp_allocate;
 }
 
-VOR_ENGINE vor_gmp_reallocator vor_gmp___gmp_reallocate_func_ptr() {
+VOR_GMP(vor_gmp_reallocator, __gmp_reallocate_func_ptr, __GMP_REALLOCATE_FUNC_PTR,
+        vor_gmp___gmp_reallocate_func_ptr, (), ()) {
     return vor_gmp_vor_gmp_reallocate;
 }
 
-VOR_ENGINE vor_gmp_deallocator vor_gmp___gmp_free_func_ptr() {
+VOR_GMP(vor_gmp_deallocator, __gmp_free_func_ptr, __GMP_FREE_FUNC_PTR, vor_gmp___gmp_free_func_ptr,
+        (), ()) {
     return vor_gmp_vor_gmp_free;
 }
 
-VOR_ENGINE void vor_gmp___gmp_set_memory_functions PARAMS_MEMORY {
+VOR_GMP(void, __gmp_set_memory_functions, __GMP_SET_MEMORY_FUNCTIONS,
+        vor_gmp___gmp_set_memory_functions,
+        (vor_gmp_allocator allocate, vor_gmp_reallocator reallocate,
+         vor_gmp_deallocator deallocate),
+        (allocate, reallocate, deallocate)) {
     vor_gmp_vor_gmp_allocate = allocate;
     vor_gmp_vor_gmp_reallocate = reallocate;
     vor_gmp_vor_gmp_free = deallocate;
 }
 
-VOR_ENGINE void vor_gmp__imptmpmark() {
+VOR_GMP_MIXED(void, _impTmpMark, _imptmpmark, _IMPTMPMARK, vor_gmp__imptmpmark, (), ()) {
     deallocate(vor_gmp___imp_tmp_storage);
     vor_gmp___imp_tmp_storage = nullptr;
 }
 
-VOR_ENGINE void* vor_gmp__imptmpmalloc(unsigned bits) {
+VOR_GMP_MIXED(void*, _impTmpMalloc, _imptmpmalloc, _IMPTMPMALLOC, vor_gmp__imptmpmalloc,
+              (unsigned bits), (bits)) {
     vor_gmp___imp_tmp_storage_size = bits;
     vor_gmp___imp_tmp_storage = allocate(bits);
-    if (!vor_gmp___imp_tmp_storage) vor::gmp::out_of_memory("_impTmpMalloc", bits);
+    if (!vor_gmp___imp_tmp_storage) out_of_memory(bits);
     return vor_gmp___imp_tmp_storage;
 }
 
-VOR_ENGINE void vor_gmp__imptmpfree() {
+VOR_GMP_MIXED(void, _impTmpFree, _imptmpfree, _IMPTMPFREE, vor_gmp__imptmpfree, (), ()) {
     vor_gmp__imptmpmark();
 }
 
+namespace vor::limb {
+
+word* try_allocate(uint64_t n) {
+    constexpr uint64_t kLargest = (UINT32_MAX - kBlockOverhead) / sizeof(word);
+    static_assert(kLargest < INT32_MAX); // so every limb count that gets memory fits an int
+    if (n > kLargest) return nullptr;
+    return static_cast<word*>(vor_gmp_vor_gmp_allocate(static_cast<unsigned>(n * sizeof(word))));
+}
+
+word* allocate(uint64_t n) {
+    word* const limbs = try_allocate(n);
+    if (!limbs) out_of_memory(n * sizeof(word));
+    return limbs;
+}
+
+void deallocate(word* limbs, int n) {
+    vor_gmp_vor_gmp_free(limbs, static_cast<unsigned>(n) * sizeof(word));
+}
+
+} // namespace vor::limb
+
 namespace vor::gmp {
 
-void out_of_memory(const char* function, uint64_t bytes) {
-    fprintf(stderr, "vor: %s: out of memory, %llu bytes\n", function,
-            static_cast<unsigned long long>(bytes));
-    abort();
-}
-
-limb_t* allocate_limbs(uint64_t n, const char* function) {
-    constexpr uint64_t kLargest = (UINT32_MAX - kBlockOverhead) / sizeof(limb_t);
-    static_assert(kLargest < INT32_MAX); // so every limb count that gets memory fits an int
-    const uint64_t bytes = n * sizeof(limb_t);
-    void* const block =
-        n <= kLargest ? vor_gmp_vor_gmp_allocate(static_cast<unsigned>(bytes)) : nullptr;
-    if (!block) out_of_memory(function, bytes);
-    return static_cast<limb_t*>(block);
-}
-
-void free_limbs(limb_t* limbs, int n) {
-    vor_gmp_vor_gmp_free(limbs, static_cast<unsigned>(n) * sizeof(limb_t));
-}
-
-void move_limbs(vor_mpz* x, uint64_t n, int kept, const char* function) {
-    limb_t* const limbs = allocate_limbs(n, function);
-    copy_limbs(limbs, x->_mp_d, kept);
-    clear_limbs(limbs + kept, static_cast<int>(n) - kept);
-    if (x->_mp_d) free_limbs(x->_mp_d, x->_mp_alloc);
+void move_limbs(vor_mpz* x, uint64_t n, int kept) {
+    limb_t* const limbs = limb::allocate(n);
+    limb::copy(limbs, x->_mp_d, kept);
+    limb::clear(limbs + kept, static_cast<int>(n) - kept);
+    if (x->_mp_d) limb::deallocate(x->_mp_d, x->_mp_alloc);
     x->_mp_d = limbs;
     x->_mp_alloc = static_cast<int>(n);
 }

@@ -3,7 +3,8 @@
 
 using namespace vor::gmp;
 
-VOR_ENGINE void vor_gmp___gmpz_pow_ui PARAMS_RAV {
+VOR_GMP(void, __gmpz_pow_ui, __GMPZ_POW_UI, vor_gmp___gmpz_pow_ui,
+        (vor_mpz * r, const vor_mpz* a, unsigned v), (r, a, v)) {
     if (v == 0) return vor_gmp___gmpz_set_ui(r, 1);
     if (v == 1) return vor_gmp___gmpz_set(r, a);
     Temporary square, result; // square = a^(2^i)
@@ -17,6 +18,7 @@ VOR_ENGINE void vor_gmp___gmpz_pow_ui PARAMS_RAV {
     vor_gmp___gmpz_swap(r, result);
 }
 
-VOR_ENGINE void vor_gmp___gmpz_ui_pow_ui PARAMS_RVE {
+VOR_GMP(void, __gmpz_ui_pow_ui, __GMPZ_UI_POW_UI, vor_gmp___gmpz_ui_pow_ui,
+        (vor_mpz * r, unsigned v, unsigned e), (r, v, e)) {
     vor_gmp___gmpz_pow_ui(r, WordValue(v), e);
 }

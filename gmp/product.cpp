@@ -23,7 +23,8 @@ void accumulate(vor_mpz* r, const vor_mpz* a, const vor_mpz* b, Combine combine)
 
 } // namespace
 
-VOR_ENGINE void vor_gmp___gmpz_mul PARAMS_RAB {
+VOR_GMP(void, __gmpz_mul, __GMPZ_MUL, vor_gmp___gmpz_mul,
+        (vor_mpz * r, const vor_mpz* a, const vor_mpz* b), (r, a, b)) {
     if (limbs_of(a) < limbs_of(b)) return vor_gmp___gmpz_mul(r, b, a);
     const int an = value_size(a), bn = value_size(b);
     const bool minus = negative(a) != negative(b);
@@ -35,14 +36,15 @@ VOR_ENGINE void vor_gmp___gmpz_mul PARAMS_RAB {
     if (r == a || r == b) {
         Limbs<kLocalProduct> product(n);
         vor_gmp___gmpn_mul(product, a->_mp_d, an, b->_mp_d, bn);
-        copy_limbs(grow(r, n), product, n);
+        limb::copy(grow(r, n), product, n);
     } else {
         vor_gmp___gmpn_mul(grow(r, n), a->_mp_d, an, b->_mp_d, bn);
     }
     finish(r, n, minus);
 }
 
-VOR_ENGINE void vor_gmp___gmpz_mul_ui PARAMS_RAV {
+VOR_GMP(void, __gmpz_mul_ui, __GMPZ_MUL_UI, vor_gmp___gmpz_mul_ui,
+        (vor_mpz * r, const vor_mpz* a, unsigned v), (r, a, v)) {
     const int n = value_size(a);
     if (n == 0 || v == 0) {
         r->_mp_size = 0;
@@ -54,44 +56,41 @@ VOR_ENGINE void vor_gmp___gmpz_mul_ui PARAMS_RAV {
     finish(r, n + 1, minus);
 }
 
-VOR_ENGINE void vor_gmp___gmpz_mul_si PARAMS_RAI {
+VOR_GMP(void, __gmpz_mul_si, __GMPZ_MUL_SI, vor_gmp___gmpz_mul_si,
+        (vor_mpz * r, const vor_mpz* a, int v), (r, a, v)) {
     vor_gmp___gmpz_mul_ui(r, a, magnitude(v));
     if (v < 0) r->_mp_size = -r->_mp_size;
 }
 
-VOR_ENGINE void vor_gmp___gmpz_addmul PARAMS_RAB {
+VOR_GMP(void, __gmpz_addmul, __GMPZ_ADDMUL, vor_gmp___gmpz_addmul,
+        (vor_mpz * r, const vor_mpz* a, const vor_mpz* b), (r, a, b)) {
     accumulate(r, a, b, vor_gmp___gmpz_add);
 }
 
-VOR_ENGINE void vor_gmp___gmpz_submul PARAMS_RAB {
+VOR_GMP(void, __gmpz_submul, __GMPZ_SUBMUL, vor_gmp___gmpz_submul,
+        (vor_mpz * r, const vor_mpz* a, const vor_mpz* b), (r, a, b)) {
     accumulate(r, a, b, vor_gmp___gmpz_sub);
 }
 
-VOR_ENGINE void vor_gmp___gmpz_addmul_ui PARAMS_RAV {
+VOR_GMP(void, __gmpz_addmul_ui, __GMPZ_ADDMUL_UI, vor_gmp___gmpz_addmul_ui,
+        (vor_mpz * r, const vor_mpz* a, unsigned v), (r, a, v)) {
     accumulate(r, a, WordValue(v), vor_gmp___gmpz_add);
 }
 
-VOR_ENGINE void vor_gmp___gmpz_submul_ui PARAMS_RAV {
+VOR_GMP(void, __gmpz_submul_ui, __GMPZ_SUBMUL_UI, vor_gmp___gmpz_submul_ui,
+        (vor_mpz * r, const vor_mpz* a, unsigned v), (r, a, v)) {
     accumulate(r, a, WordValue(v), vor_gmp___gmpz_sub);
 }
 
-VOR_ENGINE void vor_gmp___gmpz_mul_2exp PARAMS_RAV {
+VOR_GMP(void, __gmpz_mul_2exp, __GMPZ_MUL_2EXP, vor_gmp___gmpz_mul_2exp,
+        (vor_mpz * r, const vor_mpz* a, unsigned v), (r, a, v)) {
     const int n = value_size(a);
     if (v == 0 || n == 0) return vor_gmp___gmpz_set(r, a);
     const bool minus = negative(a);
     const int whole = static_cast<int>(v / 32);
     limb_t* const d = grow(r, uint64_t{1} + n + whole);
-    // From the top down, since r may be a.
-    const limb_t* const s = a->_mp_d;
-    const unsigned bits = v % 32;
-    limb_t above = 0;
-    for (int i = n - 1; i >= 0; --i) {
-        const limb_t x = s[i];
-        d[whole + i + 1] = static_cast<limb_t>((dlimb_t{above} << 32 | x) << bits >> 32);
-        above = x;
-    }
-    d[whole] = above << bits;
-    clear_limbs(d, whole);
+    d[whole + n] = limb::lshift(d + whole, a->_mp_d, n, v % 32);
+    limb::clear(d, whole);
     finish(r, n + whole + 1, minus);
     clear_above(r, n + whole + 1);
 }

@@ -2,13 +2,14 @@
 //
 // State, process-wide and without a lock: the two words below. Two threads that initialise at once
 // may get the same seed, with no other harm.
-#include "gmp/divide_limb.h"
+#include "gmp/divide.h"
 #include "gmp/generator.h"
 #include "gmp/integer.h"
 
 #include <stdlib.h>
 #include <time.h>
 
+using namespace vor;
 using namespace vor::gmp;
 
 namespace {
@@ -29,10 +30,9 @@ void draw(limb_t* limbs, const vor_randstate* state, int n, uint64_t bits) {
     if (bits % 32) limbs[bits / 32] &= (limb_t{1} << bits % 32) - 1;
 }
 
-void uniform(vor_mpz* r, const vor_randstate* state, uint64_t bits,
-             const char* function = __builtin_FUNCTION()) {
+void uniform(vor_mpz* r, const vor_randstate* state, uint64_t bits) {
     const int n = bits_to_limbs(bits);
-    draw(grow(r, n, function), state, n, bits);
+    draw(grow(r, n), state, n, bits);
     finish(r, n, false);
     clear_above(r, n);
 }
@@ -62,30 +62,30 @@ private:
     uint64_t bits_;
 };
 
-void runs(vor_mpz* r, const vor_randstate* state, uint64_t bits,
-          const char* function = __builtin_FUNCTION()) {
+void runs(vor_mpz* r, const vor_randstate* state, uint64_t bits) {
     const int n = bits_to_limbs(bits);
-    draw(grow(r, n, function), state, n, bits);
+    draw(grow(r, n), state, n, bits);
     Runs(r->_mp_d, bits).spread();
     finish(r, n, false);
     clear_above(r, n);
 }
 
-using Distribution = void (*)(vor_mpz*, const vor_randstate*, uint64_t, const char*);
+using Distribution = void (*)(vor_mpz*, const vor_randstate*, uint64_t);
 
 // From a state of its own, through the framed entries.
-void once(vor_mpz* r, int limbs, Distribution distribution, const char* function) {
+void once(vor_mpz* r, int limbs, Distribution distribution) {
     vor_randstate state;
     __gmp_randinit_default(&state);
-    distribution(r, &state, uint64_t{32} * (limbs < 0 ? 0 : limbs), function);
+    distribution(r, &state, uint64_t{32} * (limbs < 0 ? 0 : limbs));
     __gmp_randclear(&state);
 }
 
 } // namespace
 
-VOR_ENGINE void vor_gmp___gmp_randinit_default PARAMS_STATE {
+VOR_GMP(void, __gmp_randinit_default, __GMP_RANDINIT_DEFAULT, vor_gmp___gmp_randinit_default,
+        (vor_randstate * state), (state)) {
     // A cell is one pointer, as large as a limb.
-    state->cell = allocate_limbs(1);
+    state->cell = limb::allocate(1);
     if (!rnd_initialized) {
         srand(static_cast<unsigned>(time(nullptr)));
         rnd_initialized = 1;
@@ -94,44 +94,52 @@ VOR_ENGINE void vor_gmp___gmp_randinit_default PARAMS_STATE {
     rngNewStream(cell_of(state), kGenerator, rnd_seed + static_cast<unsigned>(rand()));
 }
 
-VOR_ENGINE void vor_gmp___gmp_randinit_lc_2exp PARAMS_STATE_LC {
+VOR_GMP(void, __gmp_randinit_lc_2exp, __GMP_RANDINIT_LC_2EXP, vor_gmp___gmp_randinit_lc_2exp,
+        (vor_randstate * state, const vor_mpz* a, unsigned c, unsigned bits), (state, a, c, bits)) {
     (void)a, (void)c, (void)bits;
     vor_gmp___gmp_randinit_default(state);
 }
 
-VOR_ENGINE int vor_gmp___gmp_randinit_lc_2exp_size PARAMS_STATE_WORD {
+VOR_GMP(int, __gmp_randinit_lc_2exp_size, __GMP_RANDINIT_LC_2EXP_SIZE,
+        vor_gmp___gmp_randinit_lc_2exp_size, (vor_randstate * state, unsigned v), (state, v)) {
     (void)v;
     vor_gmp___gmp_randinit_default(state);
     return 0;
 }
 
-VOR_ENGINE void vor_gmp___gmp_randseed_ui PARAMS_STATE_WORD {
+VOR_GMP(void, __gmp_randseed_ui, __GMP_RANDSEED_UI, vor_gmp___gmp_randseed_ui,
+        (vor_randstate * state, unsigned v), (state, v)) {
     (void)state, (void)v;
 }
 
-VOR_ENGINE void vor_gmp___gmp_randclear PARAMS_STATE {
+VOR_GMP(void, __gmp_randclear, __GMP_RANDCLEAR, vor_gmp___gmp_randclear, (vor_randstate * state),
+        (state)) {
     rngDeleteStream(cell_of(state));
-    free_limbs(static_cast<limb_t*>(state->cell), 1);
+    limb::deallocate(static_cast<limb_t*>(state->cell), 1);
 }
 
 extern "C" void __gmp_randinit(vor_randstate* state, ...) {
     __gmp_randinit_default(state);
 }
 
-VOR_ENGINE void vor_gmp__gmp_rand PARAMS_RAND {
+VOR_GMP(void, _gmp_rand, _GMP_RAND, vor_gmp__gmp_rand,
+        (unsigned* limbs, vor_randstate* state, unsigned bits), (limbs, state, bits)) {
     draw(limbs, state, bits_to_limbs(bits), bits);
 }
 
-VOR_ENGINE void vor_gmp___gmpz_urandomb PARAMS_RANDOM_BITS {
+VOR_GMP(void, __gmpz_urandomb, __GMPZ_URANDOMB, vor_gmp___gmpz_urandomb,
+        (vor_mpz * r, vor_randstate* state, unsigned bits), (r, state, bits)) {
     uniform(r, state, bits);
 }
 
-VOR_ENGINE void vor_gmp___gmpz_rrandomb PARAMS_RANDOM_BITS {
+VOR_GMP(void, __gmpz_rrandomb, __GMPZ_RRANDOMB, vor_gmp___gmpz_rrandomb,
+        (vor_mpz * r, vor_randstate* state, unsigned bits), (r, state, bits)) {
     runs(r, state, bits);
 }
 
-VOR_ENGINE void vor_gmp___gmpz_urandomm PARAMS_RANDOM_BELOW {
-    if (value_size(n) == 0) divide_by_zero();
+VOR_GMP(void, __gmpz_urandomm, __GMPZ_URANDOMM, vor_gmp___gmpz_urandomm,
+        (vor_mpz * r, vor_randstate* state, const vor_mpz* n), (r, state, n)) {
+    if (value_size(n) == 0) limb::divide_by_zero();
     Temporary bound;
     vor_gmp___gmpz_abs(bound, n);
     const uint64_t bits = bit_length(bound);
@@ -139,17 +147,18 @@ VOR_ENGINE void vor_gmp___gmpz_urandomm PARAMS_RANDOM_BELOW {
     while (vor_gmp___gmpz_cmp(r, bound) >= 0);
 }
 
-VOR_ENGINE unsigned vor_gmp_mpl_rand_ui PARAMS_STATE_WORD {
-    if (v == 0) divide_by_zero();
+VOR_GMP(unsigned, mpl_rand_ui, MPL_RAND_UI, vor_gmp_mpl_rand_ui,
+        (vor_randstate * state, unsigned v), (state, v)) {
+    if (v == 0) limb::divide_by_zero();
     limb_t limb;
     draw(&limb, state, 1, 32);
     return limb % v;
 }
 
 extern "C" void __gmpz_random(vor_mpz* r, int limbs) {
-    once(r, limbs, uniform, __builtin_FUNCTION());
+    once(r, limbs, uniform);
 }
 
 extern "C" void __gmpz_random2(vor_mpz* r, int limbs) {
-    once(r, limbs, runs, __builtin_FUNCTION());
+    once(r, limbs, runs);
 }

@@ -11,4 +11,6 @@ constexpr int kSchoolbookDivisor = 32; // divisors up to here go by schoolbook
 constexpr int kShortQuotient = 8;      // of longer divisors: quotients found from the top limbs
 constexpr int kBaseDivisor = 16;       // where the recursion of division ends in schoolbook
 
+constexpr int kLocal = 256; // limbs of scratch that an operation takes on the stack
+
 } // namespace vor::gmp

@@ -13,7 +13,7 @@
  *
  * Failures. A division by zero raises SIGFPE, as the processor's own division does, before any
  * result has changed. When memory runs out, or a result would be larger than the address space, one
- * line on stderr names the function and the size, and the process aborts. Nothing else is reported.
+ * line on stderr names the size, and the process aborts. Nothing else is reported.
  *
  * Spellings. Each function of a VOR_SPELLINGS line stands under four names at one address.
  *

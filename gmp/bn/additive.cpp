@@ -15,10 +15,8 @@ void cpSub_BNU(const word* a, const word* b, word* r, int n, word* borrow) {
 
 int cpAdd_BNUs(const word* a, int an, const word* b, int bn, word* r, int* rn, int room) {
     if (an < bn) return cpAdd_BNUs(b, bn, a, an, r, rn, room);
-    const word carry = limb::add_n(r, a, b, bn);
-    if (r != a) Cpy_BNU(a + bn, r + bn, an - bn);
     *rn = an;
-    if (add_1(r + bn, an - bn, carry) == 0) return 1;
+    if (limb::add(r, a, an, b, bn) == 0) return 1;
     if (an == room) return 0;
     r[(*rn)++] = 1;
     return 1;
@@ -34,9 +32,7 @@ void cpSub_BNUs(const word* a, int an, const word* b, int bn, word* r, int* rn, 
         a = larger;
         an = n;
     }
-    const word borrow = limb::sub_n(r, a, b, bn);
-    if (r != a) Cpy_BNU(a + bn, r + bn, an - bn);
-    sub_1(r + bn, an - bn, borrow);
+    limb::sub(r, a, an, b, bn);
     *rn = trimmed(r, an);
 }
 

@@ -1,7 +1,7 @@
 // What the files of the big-number layer share: argument checks, trimming, room.
 #pragma once
 
-#include "gmp/bn/limb_kernels.h"
+#include "gmp/limb/limb.h"
 #include "vor_bignum.h"
 
 namespace vor::bn {
@@ -40,8 +40,8 @@ template <class... S>
 
 // n without top zeros, at least 1.
 inline int trimmed(const word* a, int n) {
-    while (n > 1 && a[n - 1] == 0) --n;
-    return n;
+    const int size = limb::normal_size(a, n);
+    return size ? size : 1;
 }
 
 inline bool is_zero(const BigNumState* a) {
@@ -56,17 +56,6 @@ inline bool is_negative(const BigNumState* a) {
 inline void finish(BigNumState* r, int size, unsigned sgn) {
     r->size = size;
     r->sgn = is_zero(r) ? unsigned{TavsBigNumPOS} : sgn;
-}
-
-// carry added at r[0 .. n); what falls off.
-inline word add_1(word* r, int n, word carry) {
-    for (int i = 0; i < n && carry; ++i) carry = __builtin_add_overflow(r[i], carry, &r[i]);
-    return carry;
-}
-
-inline word sub_1(word* r, int n, word borrow) {
-    for (int i = 0; i < n && borrow; ++i) borrow = __builtin_sub_overflow(r[i], borrow, &r[i]);
-    return borrow;
 }
 
 } // namespace vor::bn

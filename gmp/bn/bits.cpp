@@ -14,23 +14,15 @@ int NTZ32u(word w) {
 }
 
 int LSL_BNU(const word* a, word* r, int n, unsigned bits) {
-    bits &= 31;
-    // From the top down, so that r may be a.
-    const word out = static_cast<word>(dword{a[n - 1]} << bits >> 32);
-    for (int i = n - 1; i > 0; --i)
-        r[i] = static_cast<word>(((dword{a[i]} << 32 | a[i - 1]) << bits) >> 32);
-    r[0] = a[0] << bits;
+    const word out = vor::limb::lshift(r, a, n, bits & 31);
     if (out == 0) return n;
     r[n] = out;
     return n + 1;
 }
 
 int LSR_BNU(const word* a, word* r, int n, unsigned bits) {
-    bits &= 31;
-    for (int i = 0; i < n - 1; ++i)
-        r[i] = static_cast<word>((dword{a[i + 1]} << 32 | a[i]) >> bits);
     const word top = a[n - 1];
-    r[n - 1] = top >> bits;
+    vor::limb::rshift(r, a, n, bits & 31);
     return n > 1 && top != 0 && r[n - 1] == 0 ? n - 1 : n;
 }
 

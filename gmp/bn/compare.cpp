@@ -5,8 +5,7 @@ using namespace vor::bn;
 
 extern "C" {
 int Tst_BNU(const word* a, int n) {
-    while (n > 0 && a[n - 1] == 0) --n;
-    return n;
+    return vor::limb::normal_size(a, n);
 }
 
 int MSD_BNU(const word* a, int n) {
@@ -14,14 +13,11 @@ int MSD_BNU(const word* a, int n) {
 }
 
 int cpCmp_BNU(const word* a, const word* b, int n) {
-    while (--n >= 0)
-        if (a[n] != b[n]) return a[n] > b[n] ? 1 : -1;
-    return 0;
+    return vor::limb::compare(a, b, n);
 }
 
 int cpCompare_BNUs(const word* a, int an, const word* b, int bn) {
-    if (an != bn) return an > bn ? 1 : -1;
-    return cpCmp_BNU(a, b, an);
+    return vor::limb::compare(a, an, b, bn);
 }
 
 int Cmp_BNU(const word* a, int an, const word* b, int bn) {

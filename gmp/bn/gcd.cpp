@@ -43,8 +43,7 @@ void combine(word* r, const word* x, int64_t p, const word* y, int64_t s, int n)
     if (r == y && y != x) { // the subtrahend is overwritten last: r = p x - s y = -(s y - p x)
         limb::mul_1(r, y, n, static_cast<word>(-s));
         limb::submul_1(r, x, n, static_cast<word>(p));
-        for (int i = 0; i < n; ++i) r[i] = ~r[i];
-        add_1(r, n, 1);
+        limb::negate(r, r, n);
         return;
     }
     limb::mul_1(r, x, n, static_cast<word>(p));

@@ -1,45 +1,35 @@
 // Copies and fills of words and bytes, ascending.
 #include "gmp/bn/bignum.h"
 
-using vor::bn::word;
-
-namespace {
-
-template <class T>
-void copy(T* d, const T* s, int n) {
-    for (int i = 0; i < n; ++i) d[i] = s[i];
-}
-
-template <class T>
-void fill(T* d, T v, int n) {
-    for (int i = 0; i < n; ++i) d[i] = v;
-}
-
-} // namespace
+using namespace vor;
+using bn::word;
 
 extern "C" {
 void Cpy_BNU(const word* a, word* r, int n) {
-    copy(r, a, n);
+    limb::copy(r, a, n);
 }
 
 void Set_BNU(word w, word* r, int n) {
-    fill(r, w, n);
+    limb::fill(r, n, w);
 }
 
 void cpMemcpy(void* d, const void* s, int n) {
-    copy(static_cast<unsigned char*>(d), static_cast<const unsigned char*>(s), n);
+    auto* const to = static_cast<unsigned char*>(d);
+    const auto* const from = static_cast<const unsigned char*>(s);
+    for (int i = 0; i < n; ++i) to[i] = from[i];
 }
 
 void cpMemcpy32u(word* d, const word* s, int n) {
-    copy(d, s, n);
+    limb::copy(d, s, n);
 }
 
 void cpMemset(void* d, int v, int n) {
-    fill(static_cast<unsigned char*>(d), static_cast<unsigned char>(v), n);
+    auto* const to = static_cast<unsigned char*>(d);
+    for (int i = 0; i < n; ++i) to[i] = static_cast<unsigned char>(v);
 }
 
 void cpMemset32u(word* d, word v, int n) {
-    fill(d, v, n);
+    limb::fill(d, n, v);
 }
 
 void cpEndianChange(word* a, int n) {

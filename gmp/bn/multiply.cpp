@@ -1,24 +1,9 @@
 // Products of word arrays, by schoolbook.
 #include "gmp/bn/bignum.h"
-#include "gmp/bn/fixed_product.h"
+#include "gmp/limb/kernel/fixed_product.h"
 
 using namespace vor;
 using namespace vor::bn;
-
-namespace {
-
-// b in blocks of as many words as a strip of the kernel has; an >= bn.
-void mul_basecase(word* r, const word* a, int an, const word* b, int bn) {
-    int n = bn < limb::kMostColumns ? bn : limb::kMostColumns;
-    limb::mul_columns(r, a, an, b, n);
-    for (int j = n; j < bn; j += n) {
-        n = bn - j < limb::kMostColumns ? bn - j : limb::kMostColumns;
-        Set_BNU(0, r + j + an, n);
-        limb::addmul_columns(r + j, a, an, b + j, n);
-    }
-}
-
-} // namespace
 
 extern "C" {
 void cpMulDgt_BNU(const word* a, word* r, int n, word w, word* carry) {
@@ -49,22 +34,8 @@ void cpSqr_BNU8(const word* a, word* r) {
     limb::sqr_fixed<8>(r, a);
 }
 
-// The lengths at which most products arrive, the leaves of the recursive multiplication among them,
-// go without the bookkeeping of columns.
 void cpMul_BNU_FullSize(const word* a, int an, const word* b, int bn, word* r) {
-    if (an < bn) return cpMul_BNU_FullSize(b, bn, a, an, r);
-    if (bn == 0) return Set_BNU(0, r, an);
-    if (bn == 1) {
-        r[an] = limb::mul_1(r, a, an, b[0]);
-        return;
-    }
-    if (an == bn) {
-        if (an == 2) return limb::mul_fixed<2>(r, a, b);
-        if (an == 4) return limb::mul_fixed<4>(r, a, b);
-        if (an == 8) return limb::mul_fixed<8>(r, a, b);
-        if (an == 16) return limb::mul_fixed<16>(r, a, b);
-    }
-    mul_basecase(r, a, an, b, bn);
+    limb::mul_basecase(r, a, an, b, bn);
 }
 
 // Where the room ends below the top word, that word is formed apart: the last row by itself.
@@ -90,7 +61,7 @@ int cpMAC_BNU(const word* a, int an, const word* b, int bn, word* r, int* rn, in
     Set_BNU(0, r + *rn, room - *rn);
     for (int j = 0; j < bn; ++j) {
         const word carry = limb::addmul_1(r + j, a, an, b[j]);
-        if (add_1(r + j + an, room - j - an, carry) != 0) return 0;
+        if (limb::increment(r + j + an, room - j - an, carry) != 0) return 0;
     }
     *rn = trimmed(r, room);
     return 1;

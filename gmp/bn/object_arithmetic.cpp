@@ -49,18 +49,17 @@ const word* outside(const BigNumState* operand, const BigNumState* r) {
 // r += x * B^j * w over r's whole room, or r -= ...; what falls off.
 word add_row(const BigNumState* r, const word* x, int n, int j, word w) {
     const word carry = limb::addmul_1(r->number + j, x, n, w);
-    return add_1(r->number + j + n, r->room - j - n, carry);
+    return limb::increment(r->number + j + n, r->room - j - n, carry);
 }
 
 word subtract_row(const BigNumState* r, const word* x, int n, int j, word w) {
     const word borrow = limb::submul_1(r->number + j, x, n, w);
-    return sub_1(r->number + j + n, r->room - j - n, borrow);
+    return limb::decrement(r->number + j + n, r->room - j - n, borrow);
 }
 
 // r = -r over its whole room.
 void complement(const BigNumState* r) {
-    for (int i = 0; i < r->room; ++i) r->number[i] = ~r->number[i];
-    add_1(r->number, r->room, 1);
+    limb::negate(r->number, r->number, r->room);
 }
 
 } // namespace

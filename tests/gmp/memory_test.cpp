@@ -169,19 +169,19 @@ TEST(Blocks, ReplacedFunctions) {
     __gmp_set_memory_functions(allocate, reallocate, deallocate);
 }
 
-// One line names the function and the size, and the process aborts.
+// One line names the size, and the process aborts.
 using MemoryDeathTest = ::testing::Test;
 
-TEST(MemoryDeathTest, NamesFunctionAndSize) {
+TEST(MemoryDeathTest, NamesTheSize) {
     Z a(Int("ones(320)"));
     mpz_t x;
     const std::pair<const char*, std::function<void()>> cases[] = {
-        {"^vor: vor_gmp___gmpz_init2: out of memory, 32 bytes\n$", [&] { __gmpz_init(x); }},
-        {"__gmpz_init2: .* 536870912 bytes", [&] { __gmpz_init2(x, ~0u); }},
-        {"__gmpz_add: .* 44 bytes", [&] { __gmpz_add(a, a, a); }},
-        {"__gmpz_mul_2exp: .* 536870952 bytes", [&] { __gmpz_mul_2exp(a, a, ~0u); }},
-        {"__gmpz_realloc: .* 8589934588 bytes", [&] { __gmpz_realloc(a, INT32_MAX); }},
-        {"_impTmpMalloc: .* 77 bytes", [&] { _impTmpMalloc(77); }},
+        {"^vor: integers: out of memory, 32 bytes\n$", [&] { __gmpz_init(x); }},
+        {" 536870912 bytes", [&] { __gmpz_init2(x, ~0u); }},
+        {" 44 bytes", [&] { __gmpz_add(a, a, a); }},
+        {" 536870952 bytes", [&] { __gmpz_mul_2exp(a, a, ~0u); }},
+        {" 8589934588 bytes", [&] { __gmpz_realloc(a, INT32_MAX); }},
+        {" 77 bytes", [&] { _impTmpMalloc(77); }},
     };
     for (const auto& [message, call] : cases) {
         const auto without_memory = [&, &f = call] {
@@ -192,7 +192,7 @@ TEST(MemoryDeathTest, NamesFunctionAndSize) {
         EXPECT_EXIT(without_memory(), ::testing::KilledBySignal(SIGABRT), message);
     }
     EXPECT_EXIT(__gmpz_random(a, INT32_MAX), ::testing::KilledBySignal(SIGABRT),
-                "__gmpz_random: out of memory, 8589934588 bytes");
+                " 8589934588 bytes");
 }
 
 // Whichever allocation of an operation fails, the process ends by the report, not by a fault.

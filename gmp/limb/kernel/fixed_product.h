@@ -2,7 +2,7 @@
 // in three words. The compiler is left no register: keep these out of line.
 #pragma once
 
-#include "gmp/bn/limb_kernels.h"
+#include "gmp/limb/word.h"
 
 namespace vor::limb {
 

@@ -1,9 +1,9 @@
-// Two words by one, as the processor divides them.
+// Two limbs by one, as the processor divides them.
 #pragma once
 
-#include "gmp/bn/bignum.h"
+#include "gmp/limb/word.h"
 
-namespace vor::bn {
+namespace vor::limb {
 
 struct QuotientRemainder {
     word quotient, remainder;
@@ -19,4 +19,10 @@ inline QuotientRemainder divide_2_by_1(word high, word low, word d) {
     return result;
 }
 
-} // namespace vor::bn
+// Divides by zero on the processor: SIGFPE.
+[[noreturn]] inline void divide_by_zero() {
+    word quotient, rest;
+    for (;;) asm volatile("divl %[d]" : "=a"(quotient), "=d"(rest) : "0"(1), "1"(0), [d] "r"(0));
+}
+
+} // namespace vor::limb

@@ -9,11 +9,14 @@
 //
 // stays below 0.45 with 16 bits for all operands of up to 8800 limbs; for longer ones it is evaluated
 // with the digits at hand, and w taken as wide as it allows.
-#include "gmp/fourier.h"
+#include "gmp/limb/fourier.h"
 #include "dft/signatures.h"
+#include "gmp/limb/kernel/nearest.h"
+#include "gmp/limb/scratch.h"
 #include "vor_dfti.h"
 
 #include <math.h>
+#include <string.h>
 
 extern "C" {
 int vor_dft_create_descriptor_highd PARAMS_DFTI_CREATE;
@@ -24,7 +27,7 @@ int vor_dft_compute_backward_d PARAMS_DFTI_IN_PLACE;
 int vor_dft_free_descriptor_external PARAMS_DFTI_HANDLE;
 }
 
-namespace vor::gmp {
+namespace vor::limb {
 
 namespace {
 
@@ -50,16 +53,16 @@ int64_t transform_length(int64_t n) {
 }
 
 // The balanced digits of a into x, zeros above up to x[length).
-void split(double* x, int length, const limb_t* a, int n, int width) {
+void split(double* x, int length, const word* a, int n, int width) {
     const unsigned count = static_cast<unsigned>(digits_in(n, width));
     const int32_t base = int32_t{1} << width;
-    const limb_t mask = static_cast<limb_t>(base - 1);
+    const word mask = static_cast<word>(base - 1);
     int32_t carry = 0;
     unsigned bit = 0; // n < 2^27, since the transform is not too long
     for (unsigned i = 0; i < count; ++i, bit += static_cast<unsigned>(width)) {
         const int k = static_cast<int>(bit / 32);
-        const dlimb_t above = k + 1 < n ? a[k + 1] : 0;
-        const limb_t window = static_cast<limb_t>((above << 32 | a[k]) >> bit % 32);
+        const dword above = k + 1 < n ? a[k + 1] : 0;
+        const word window = static_cast<word>((above << 32 | a[k]) >> bit % 32);
         const int32_t digit = static_cast<int32_t>(window & mask) + carry;
         carry = (digit + base / 2) >> width;
         x[i] = digit - carry * base;
@@ -92,26 +95,21 @@ long double nearest_integer(long double x) {
 // r = sum of round(x[i]) 2^(width i) over n limbs, two coefficients at a time. They are below |x| |y|,
 // which the bound on the error keeps below 2^46: two of them and a carry stay below 2^63. Behind the
 // last one x goes on with zeros, as far as a pair reaches.
-void join(limb_t* r, int n, const double* x, int digits, int width) {
+void join(word* r, int n, const double* x, int digits, int width) {
     const long double base = static_cast<long double>(1 << width);
-    const limb_t mask = ~limb_t{0} >> (32 - 2 * width);
+    const word mask = ~word{0} >> (32 - 2 * width);
     int64_t carry = 0;
-    dlimb_t bits = 0;
+    dword bits = 0;
     int held = 0, next = 0;
     for (int i = 0; next < n; i += 2) {
         if (i < digits) {
-            int64_t pair;
-            asm("fistpll %0"
-                : "=m"(pair)
-                : "t"(nearest_integer(x[i + 1]) * base + nearest_integer(x[i]))
-                : "st");
-            carry += pair;
+            carry += nearest(nearest_integer(x[i + 1]) * base + nearest_integer(x[i]));
         }
-        bits |= dlimb_t{static_cast<limb_t>(carry) & mask} << held;
+        bits |= dword{static_cast<word>(carry) & mask} << held;
         carry >>= 2 * width;
         held += 2 * width;
         if (held < 32) continue;
-        r[next++] = static_cast<limb_t>(bits);
+        r[next++] = static_cast<word>(bits);
         bits >>= 32;
         held -= 32;
     }
@@ -147,20 +145,21 @@ private:
 // Two arrays for a transform of length n in its packed format.
 class Samples {
 public:
-    explicit Samples(int n) : bytes_(2 * (static_cast<unsigned>(n) + 2) * sizeof(double)) {
-        x = static_cast<double*>(vor_gmp_vor_gmp_allocate(bytes_));
+    explicit Samples(int n)
+        : limbs_(4 * (n + 2)), x(reinterpret_cast<double*>(try_allocate(limbs_))) {
         if (x) y = x + n + 2;
     }
     ~Samples() {
-        if (x) vor_gmp_vor_gmp_free(x, bytes_);
+        if (x) deallocate(reinterpret_cast<word*>(x), limbs_);
     }
     Samples(const Samples&) = delete;
     Samples& operator=(const Samples&) = delete;
 
-    double *x = nullptr, *y = nullptr;
-
 private:
-    unsigned bytes_;
+    int limbs_;
+
+public:
+    double *x, *y = nullptr;
 };
 
 // x[k] *= y[k], n / 2 + 1 complex numbers; y may be x.
@@ -205,7 +204,7 @@ struct Plan {
 
 } // namespace
 
-bool fourier_product(limb_t* r, const limb_t* a, int an, const limb_t* b, int bn) {
+bool fourier_product(word* r, const word* a, int an, const word* b, int bn) {
     const Plan plan{an, bn};
     const bool square = a == b && an == bn;
     for (int width = plan.promising(kWidestDigit);; width = plan.promising(width - 1)) {
@@ -226,4 +225,4 @@ bool fourier_product(limb_t* r, const limb_t* a, int an, const limb_t* b, int bn
     }
 }
 
-} // namespace vor::gmp
+} // namespace vor::limb

@@ -1,0 +1,39 @@
+// The product of limb arrays by a ladder of methods: schoolbook, Karatsuba's, Fourier transforms.
+#include "gmp/limb/fourier.h"
+#include "gmp/limb/limb.h"
+#include "gmp/limb/scratch.h"
+#include "gmp/thresholds.h"
+
+namespace vor::limb {
+
+using namespace vor::gmp; // thresholds
+
+void multiply_n(word* r, const word* a, const word* b, int n) {
+    if (n < kFourierLength || !fourier_product(r, a, n, b, n)) multiply_karatsuba(r, a, b, n);
+}
+
+void square(word* r, const word* a, int n) {
+    multiply_n(r, a, a, n);
+}
+
+// A longer operand is cut into pieces as long as the shorter one. The products of the even pieces
+// do not overlap and go into r, those of the odd ones into scratch; one addition joins them.
+void multiply(word* r, const word* a, int an, const word* b, int bn) {
+    if (an < bn) return multiply(r, b, bn, a, an);
+    if (bn == 0) return clear(r, an);
+    if (an + bn <= kSchoolbookSum) return mul_basecase(r, a, an, b, bn);
+    if (an == bn) return multiply_n(r, a, b, an);
+    const int whole = (an - 1) / bn; // pieces
+    const int rest = an - whole * bn;
+    Limbs<0> odd(an);
+    for (int j = 0; j < whole; ++j) {
+        word* const place = j % 2 == 0 ? r + j * bn : odd + (j - 1) * bn;
+        multiply_n(place, a + j * bn, b, bn);
+    }
+    word* const last = whole % 2 == 0 ? r + whole * bn : odd + (whole - 1) * bn;
+    multiply(last, b, bn, a + whole * bn, rest);
+    const word carry = add_n(r + bn, r + bn, odd, whole * bn);
+    add_1(r + (whole + 1) * bn, last + bn, rest, carry);
+}
+
+} // namespace vor::limb
