@@ -3,94 +3,120 @@
 #include "dft/columns.h"
 #include "dft/row_copy.h"
 
+namespace vor::dfti {
+
 namespace {
 
 // A group of n adjacent columns from `first` on: in, n transforms, out.
-template <class R, class In, class Out>
-int transform_group(const vor::ColumnSide<const In>& in, const vor::ColumnSide<Out>& out,
-                    vor::Transform* function, DftiRecord* record, int first, int n, R* buffer,
-                    int distance, void* workspace) {
-    constexpr int in_reals = sizeof(In) / sizeof(R), out_reals = sizeof(Out) / sizeof(R);
-    vor::gather_for<In, In>(n)(in.data + first, in.stride, in.count, reinterpret_cast<In*>(buffer),
-                               distance / in_reals);
-    for (int j = 0; j < n; ++j) {
-        R* vector = buffer + static_cast<ptrdiff_t>(j) * distance;
-        if (const int status = function(vector, vector, record, workspace)) return status;
-    }
-    vor::scatter_for<Out, Out>(n)(out.data + first, out.stride, out.count,
-                                  reinterpret_cast<const Out*>(buffer), distance / out_reals);
+template <class R, class U, class S, class V, class T>
+int transform_group(const ColumnSide<U, S>& in, const ColumnSide<V, T>& out, int first, int n,
+                    const VectorTransform& transform, const VectorGroup<R>& group) {
+    constexpr int in_reals = sizeof(U) / sizeof(R), out_reals = sizeof(V) / sizeof(R);
+    gather_for<U, std::remove_const_t<S>>(n)(in.data + first * in.kSteps, in.stride, in.count,
+                                             reinterpret_cast<U*>(group.data),
+                                             group.distance / in_reals);
+    for (int j = 0; j < n; ++j)
+        if (const int status = transform(group.vector(j), group.vector(j))) return status;
+    scatter_for<V, T>(n)(out.data + first * out.kSteps, out.stride, out.count,
+                         reinterpret_cast<const V*>(group.data), group.distance / out_reals);
     return DFTI_NO_ERROR;
 }
 
-template <class R, class In, class Out>
-int transform_single(const vor::ColumnSide<const In>& in, const vor::ColumnSide<Out>& out,
-                     vor::Transform* function, DftiRecord* record, int column, R* buffer,
-                     void* workspace) {
-    using P = vor::Precision<R>;
-    const ptrdiff_t j = column;
-    P::copy(in.count, in.data + j * in.step, in.stride, reinterpret_cast<In*>(buffer), 1);
-    if (const int status = function(buffer, buffer, record, workspace)) return status;
-    P::copy(out.count, reinterpret_cast<const Out*>(buffer), 1, out.data + j * out.step,
-            out.stride);
+// Column j alone, part by part if its elements are pairs of reals.
+template <class R, class U, class S, class V, class T>
+int transform_single(const ColumnSide<U, S>& in, const ColumnSide<V, T>& out, int j,
+                     const VectorTransform& transform, R* vector) {
+    using Routine = Routines<R>;
+    const S* source = in.data + static_cast<ptrdiff_t>(j) * in.step;
+    for (int part = 0; part < in.kSteps; ++part)
+        Routine::copy(in.count, source + part * in.part(), in.stride,
+                      reinterpret_cast<std::remove_const_t<S>*>(vector) + part, in.kSteps);
+    if (const int status = transform(vector, vector)) return status;
+    T* destination = out.data + static_cast<ptrdiff_t>(j) * out.step;
+    for (int part = 0; part < out.kSteps; ++part)
+        Routine::copy(out.count, reinterpret_cast<const T*>(vector) + part, out.kSteps,
+                      destination + part * out.part(), out.stride);
     return DFTI_NO_ERROR;
 }
 
 } // namespace
 
 template <class R, class In, class Out>
-int vor::transform_columns(const ColumnSide<const In>& in, const ColumnSide<Out>& out,
-                           Transform* function, DftiRecord* record, int columns, R* buffer,
-                           int distance, int e, void* workspace) {
-    const bool adjacent = in.step == 1 && out.step == 1;
-    const int group = adjacent ? group_size<R>(e) : 1;
+int transform_columns(const In& in, const Out& out, int columns, const VectorTransform& transform,
+                      const VectorGroup<R>& group) {
+    const int size = in.adjacent() && out.adjacent() ? group.size : 1;
     int status = DFTI_NO_ERROR;
-    for (int first = 0; first < columns && status == DFTI_NO_ERROR; first += group) {
-        const int n = columns - first < group ? columns - first : group;
-        status = n == 1 ? transform_single(in, out, function, record, first, buffer, workspace)
-                        : transform_group(in, out, function, record, first, n, buffer, distance,
-                                          workspace);
+    for (int first = 0; first < columns && status == DFTI_NO_ERROR; first += size) {
+        const int n = columns - first < size ? columns - first : size;
+        status = n == 1 ? transform_single(in, out, first, transform, group.data)
+                        : transform_group(in, out, first, n, transform, group);
     }
     return status;
 }
 
 #define INSTANTIATE(R, In, Out)                                                                    \
-    template int vor::transform_columns(const ColumnSide<const In>&, const ColumnSide<Out>&,       \
-                                        Transform*, DftiRecord*, int, R*, int, int, void*);
-INSTANTIATE(float, float, vor::cfloat)
-INSTANTIATE(float, vor::cfloat, float)
-INSTANTIATE(double, double, vor::cdouble)
-INSTANTIATE(double, vor::cdouble, double)
+    template int transform_columns(const In&, const Out&, int, const VectorTransform&,             \
+                                   const VectorGroup<R>&);
+#define INSTANTIATE_ALL(R, C)                                                                      \
+    INSTANTIATE(R, PlainColumns<const C>, PlainColumns<C>)                                         \
+    INSTANTIATE(R, PlainColumns<const R>, PlainColumns<R>)                                         \
+    INSTANTIATE(R, PlainColumns<const R>, PlainColumns<C>)                                         \
+    INSTANTIATE(R, PlainColumns<const C>, PlainColumns<R>)                                         \
+    INSTANTIATE(R, PairColumns<const R>, PairColumns<R>)                                           \
+    INSTANTIATE(R, PlainColumns<const C>, PairColumns<R>)
+INSTANTIATE_ALL(float, cfloat)
+INSTANTIATE_ALL(double, cdouble)
 
-#define COMPLEX_COLUMNS(c, R, C)                                                                   \
-    INSTANTIATE(R, C, C)                                                                           \
-    extern "C" int vor_dft_x##c##dft1d_copy(C* data, int stride, vor::Transform* function,         \
-                                            DftiRecord* record, int columns, int step, C* buffer,  \
-                                            int e, void* workspace) {                              \
-        const int length = record->length;                                                         \
-        return vor::transform_columns<R, C, C>(                                                    \
-            {data, stride, step, length}, {data, stride, step, length}, function, record, columns, \
-            reinterpret_cast<R*>(buffer), 2 * length, e, workspace);                               \
+namespace {
+
+// Complex columns of a record, the vectors of the buffer one behind the other.
+template <class C>
+int complex_columns(const C* in, int in_stride, C* out, int out_stride, int step, int columns,
+                    const VectorTransform& transform, C* buffer, int e) {
+    using R = real_t<C>;
+    const int length = transform.record->length;
+    return transform_columns(
+        PlainColumns<const C>{in, in_stride, step, length},
+        PlainColumns<C>{out, out_stride, step, length}, columns, transform,
+        VectorGroup<R>{reinterpret_cast<R*>(buffer), 2 * length, group_size<R>(e)});
+}
+
+template <class R>
+int real_columns(const PlainColumns<const R>& in, const PlainColumns<R>& out, int columns,
+                 const VectorTransform& transform, R* buffer, int e) {
+    const int distance = half_spectrum(transform.record->length);
+    return transform_columns(in, out, columns, transform,
+                             VectorGroup<R>{buffer, distance, group_size<R>(e)});
+}
+
+} // namespace
+
+} // namespace vor::dfti
+
+using namespace vor::dfti;
+
+#define COMPLEX_COLUMNS(in_place, out_of_place, C)                                                 \
+    extern "C" int in_place(C* data, int stride, Transform* function, DftiRecord* record,          \
+                            int columns, int step, C* buffer, int e, void* workspace) {            \
+        return complex_columns<C>(data, stride, data, stride, step, columns,                       \
+                                  {function, record, workspace}, buffer, e);                       \
     }                                                                                              \
-    extern "C" int vor_dft_x##c##dft1d_out_copy(                                                   \
-        const C* input, int input_stride, C* output, int output_stride, vor::Transform* function,  \
-        DftiRecord* record, int columns, C* buffer, int e, void* workspace) {                      \
-        const int length = record->length;                                                         \
-        return vor::transform_columns<R, C, C>(                                                    \
-            {input, input_stride, 1, length}, {output, output_stride, 1, length}, function,        \
-            record, columns, reinterpret_cast<R*>(buffer), 2 * length, e, workspace);              \
+    extern "C" int out_of_place(const C* input, int input_stride, C* output, int output_stride,    \
+                                Transform* function, DftiRecord* record, int columns, C* buffer,   \
+                                int e, void* workspace) {                                          \
+        return complex_columns<C>(input, input_stride, output, output_stride, 1, columns,          \
+                                  {function, record, workspace}, buffer, e);                       \
     }
-COMPLEX_COLUMNS(c, float, vor::cfloat)
-COMPLEX_COLUMNS(z, double, vor::cdouble)
+COMPLEX_COLUMNS(vor_dft_xcdft1d_copy, vor_dft_xcdft1d_out_copy, vor::cfloat)
+COMPLEX_COLUMNS(vor_dft_xzdft1d_copy, vor_dft_xzdft1d_out_copy, vor::cdouble)
 
-#define REAL_COLUMNS(s, R)                                                                         \
-    INSTANTIATE(R, R, R)                                                                           \
-    extern "C" int vor_dft_x##s##dft1d_out_copy(const R* input, int input_stride, int input_count, \
-                                                R* output, int output_stride, int output_count,    \
-                                                vor::Transform* function, DftiRecord* record,      \
-                                                int columns, R* buffer, int e, void* workspace) {  \
-        return vor::transform_columns<R, R, R>(                                                    \
-            {input, input_stride, 1, input_count}, {output, output_stride, 1, output_count},       \
-            function, record, columns, buffer, vor::half_spectrum(record->length), e, workspace);  \
+#define REAL_COLUMNS(name, R)                                                                      \
+    extern "C" int name(const R* input, int input_stride, int input_count, R* output,              \
+                        int output_stride, int output_count, Transform* function,                  \
+                        DftiRecord* record, int columns, R* buffer, int e, void* workspace) {      \
+        return real_columns<R>({input, input_stride, 1, input_count},                              \
+                               {output, output_stride, 1, output_count}, columns,                  \
+                               {function, record, workspace}, buffer, e);                          \
     }
-REAL_COLUMNS(s, float)
-REAL_COLUMNS(d, double)
+REAL_COLUMNS(vor_dft_xsdft1d_out_copy, float)
+REAL_COLUMNS(vor_dft_xddft1d_out_copy, double)

@@ -3,34 +3,19 @@
 // It settles the number of threads and the direct flags, chooses the engine of each dimension, builds
 // its objects and sizes the work buffer. A commit starts from nothing: what an earlier one built is
 // released first. A failed commit leaves an uncommitted descriptor that holds no table.
-#include "dft/adapters.h"
+#include "dft/engines.h"
 #include "dft/pending.h"
-#include "dft/precision.h"
-#include "dft/signatures.h"
+#include "dft/routines.h"
 #include "serv/entry.h"
 #include "serv/memory.h"
-#include "serv/threads.h"
+#include "serv/team.h"
 
 #include <initializer_list>
-#include <omp.h>
 #include <string.h>
 
-using vor::Directed;
-using vor::Direction;
-using vor::Precision;
+namespace vor::dfti {
 
 namespace {
-
-// Powers of two above these lengths belong to the radix engine where commit has the choice.
-template <class R>
-constexpr int kLongestObject = sizeof(R) == sizeof(float) ? 32768 : 8192;
-// Longest vectors that may be transformed by one direct call.
-template <class R>
-constexpr int kDirectComplex = sizeof(R) == sizeof(float) ? 1023 : 511;
-template <class R>
-constexpr int kDirectCcs = sizeof(R) == sizeof(float) ? 8192 : 4096;
-// Elements of two dimensions from which on they are no job for one direct call.
-constexpr int kDirectTwoD = 2048;
 
 bool is_single(const DftiRecord& record) {
     return record.precision == DFTI_SINGLE;
@@ -44,39 +29,171 @@ bool unit_strides(const DftiRecord& record) {
     return record.input_stride == 1 && record.output_stride == 1;
 }
 
+// ---- The engine of a dimension -------------------------------------------------------------------
+
+enum class Engine { objects, radix, both };
+
+// Powers of two above these lengths belong to the radix engine where commit has the choice.
+constexpr int kLongestSingleObject = 32768, kLongestDoubleObject = 8192;
+
+// Where such lengths do not run on the objects. Of real data this concerns the dimensions behind the
+// first, where the data are complex.
+struct Rule {
+    int domain, precision, ordering;
+    bool also_contiguous; // out of place with unit strides as well
+    bool also_alone;      // on one thread, or as one of several dimensions as well
+    Engine engine;
+};
+constexpr Rule kRules[] = {
+    {DFTI_REAL, DFTI_SINGLE, DFTI_ORDERED, false, true, Engine::radix},
+    {DFTI_COMPLEX, DFTI_SINGLE, DFTI_BACKWARD_SCRAMBLED, true, true, Engine::radix},
+    {DFTI_COMPLEX, DFTI_DOUBLE, DFTI_BACKWARD_SCRAMBLED, true, true, Engine::radix},
+    {DFTI_COMPLEX, DFTI_DOUBLE, DFTI_ORDERED, false, false, Engine::both},
+};
+
+Engine choose_engine(const DftiRecord& record, const DftiRecord& head) {
+    const int longest = is_single(head) ? kLongestSingleObject : kLongestDoubleObject;
+    if (!is_power_of_two(record) || record.length <= longest) return Engine::objects;
+    const bool contiguous = head.placement == DFTI_NOT_INPLACE && unit_strides(head);
+    const bool alone = head.threads < 2 || head.dimension > 1;
+    for (const Rule& rule : kRules)
+        if (rule.domain == head.forward_domain && rule.precision == head.precision &&
+            rule.ordering == head.ordering && (rule.also_contiguous || !contiguous) &&
+            (rule.also_alone || !alone))
+            return rule.engine;
+    return Engine::objects;
+}
+
+// Clears the object and table fields of a record before its engine is built.
+void clear_engine(DftiRecord& record) {
+    record.dft_spec_c = record.dft_spec_z = nullptr;
+    record.out_ord_spec_c = record.out_ord_spec_z = nullptr;
+    record.dft_spec_real_s = record.dft_spec_real_d = nullptr;
+    record.table_c = record.table_z = nullptr;
+    record.buffer_size = 0;
+}
+
+// Objects are built without scaling: the adapters scale. The record's work buffer serves all of its
+// objects.
+template <class Init, class Size>
+int build_object(DftiRecord& record, DftCtx* DftiRecord::*spec, Init init, Size size) {
+    int bytes = 0;
+    TavStatus status = init(&(record.*spec), record.length, TAV_FFT_NODIV_BY_ANY, 0);
+    if (status == tavStsNoErr) status = size(record.*spec, &bytes);
+    if (bytes > record.buffer_size) record.buffer_size = bytes;
+    return vor_dft_transfer_tav_vor_error(status);
+}
+
+template <class R>
+int init_complex(DftiRecord& record, const DftiRecord& head) {
+    using Routine = Routines<R>;
+    clear_engine(record);
+    const bool scrambled =
+        head.forward_domain == DFTI_COMPLEX && head.ordering == DFTI_BACKWARD_SCRAMBLED;
+    return scrambled ? build_object(record, Routine::out_ord_spec, Routine::out_ord_init,
+                                    Routine::out_ord_size)
+                     : build_object(record, Routine::spec, Routine::init, Routine::size);
+}
+
+int init_radix(DftiRecord& record) {
+    clear_engine(record);
+    return engine_pending();
+}
+
+// The complex object that a dimension above 0 has by then stays.
+template <class R>
+int init_real(DftiRecord& record, int index) {
+    using Routine = Routines<R>;
+    if (index == 0) clear_engine(record);
+    return build_object(record, Routine::real_spec, Routine::real_init, Routine::real_size);
+}
+
+template <class R, Direction D>
+void set_adapter(DftiRecord& record) {
+    using Call = Directed<R, D>;
+    record.*Call::function =
+        record.ordering == DFTI_ORDERED ? Call::adapter : Call::scrambled_adapter;
+}
+
+template <class R>
+int commit_complex(DftiRecord& record, const DftiRecord& head) {
+    const Engine engine = choose_engine(record, head);
+    if (engine == Engine::radix) return engine_pending();
+    // The object serves a direction of scale 1, the radix engine's team the other one.
+    const bool scaled = record.forward_scale_d != 1 || record.backward_scale_d != 1;
+    if (engine == Engine::both && scaled) return engine_pending();
+    record.on_primitives = 1;
+    set_adapter<R, Direction::forward>(record);
+    set_adapter<R, Direction::backward>(record);
+    return init_complex<R>(record, head);
+}
+
+// ---- Real data -----------------------------------------------------------------------------------
+
+template <class R, Direction D>
+bool set_real_functions(DftiRecord& record) {
+    using Call = Directed<R, D>;
+    record.*Call::real_function = Call::real_adapter;
+    auto& primitive = record.*real_primitive<R>(D);
+    if (has_half_spectrum(record))
+        primitive = Call::ccs;
+    else if (record.packed_format == DFTI_PACK_FORMAT)
+        primitive = Call::pack;
+    else if (record.packed_format == DFTI_PERM_FORMAT)
+        primitive = Call::perm;
+    else
+        return false;
+    return true;
+}
+
+template <class R>
+int commit_real(DftiRecord& record, const DftiRecord& head) {
+    const bool as_complex = record.conjugate_even_storage == DFTI_COMPLEX_COMPLEX;
+    if (as_complex ? record.placement == DFTI_INPLACE : head.dimension == 3)
+        return DFTI_UNIMPLEMENTED;
+    if (!set_real_functions<R, Direction::forward>(record) ||
+        !set_real_functions<R, Direction::backward>(record))
+        return DFTI_UNIMPLEMENTED;
+    record.on_primitives = !is_power_of_two(record);
+    return init_real<R>(record, record.dimension_index);
+}
+
+// ---- The whole descriptor ------------------------------------------------------------------------
+
 int settle_threads(DftiRecord& head) {
-    if (head.user_threads > 1) {
-        head.threads = 1;
-        unsigned bytes;
-        if (!vor::byte_count(static_cast<size_t>(head.user_threads), sizeof(int), 0, &bytes))
-            return DFTI_MEMORY_ERROR;
-        head.thread_slots = static_cast<int*>(vor_serv_allocate(bytes));
-        if (!head.thread_slots) return DFTI_MEMORY_ERROR;
-        memset(head.thread_slots, 0, bytes);
-    } else {
-        const bool serial = vor_serv_in_serial() == 1 || omp_in_parallel();
-        head.threads = serial ? 1 : omp_get_max_threads();
+    head.threads = 1;
+    if (head.user_threads <= 1) {
+        const int threads = team_size();
+        if (threads > 1) head.threads = threads;
+        return DFTI_NO_ERROR;
     }
+    unsigned bytes;
+    if (!byte_count(static_cast<size_t>(head.user_threads), sizeof(int), 0, &bytes))
+        return DFTI_MEMORY_ERROR;
+    head.thread_slots = static_cast<int*>(vor_serv_allocate(bytes));
+    if (!head.thread_slots) return DFTI_MEMORY_ERROR;
+    memset(head.thread_slots, 0, bytes);
     return DFTI_NO_ERROR;
 }
 
 // How many transforms of this descriptor are single vectors short enough for direct calls.
-template <class R>
 int count_single_vectors(const DftiRecord& head) {
+    const int longest_complex = is_single(head) ? 1023 : 511;
+    const int longest_ccs = is_single(head) ? 8192 : 4096;
     if (head.dimension != 1 || !unit_strides(head)) return 0;
     if (head.forward_domain == DFTI_COMPLEX)
-        return head.number_of_transforms == 1 && head.length <= kDirectComplex<R>;
-    if (head.packed_format == DFTI_CCS_FORMAT && head.length > kDirectCcs<R>) return 0;
+        return head.number_of_transforms == 1 && head.length <= longest_complex;
+    if (head.packed_format == DFTI_CCS_FORMAT && head.length > longest_ccs) return 0;
     return head.number_of_transforms;
 }
 
 void settle_direct_flags(DftiRecord& head) {
-    head.single_vector =
-        is_single(head) ? count_single_vectors<float>(head) : count_single_vectors<double>(head);
+    constexpr int kLargePlane = 2048; // elements that are no job for one direct call
+    head.single_vector = count_single_vectors(head);
     const bool direct = head.user_threads <= 1;
     head.direct_vector = direct && head.single_vector == 1;
     head.direct_two_d = direct && head.number_of_transforms == 1 && head.dimension == 2 &&
-                        head.size_so_far < kDirectTwoD;
+                        head.size_so_far < kLargePlane;
 }
 
 // The settings of the head, in each record.
@@ -92,122 +209,18 @@ void copy_settings(const DftiRecord& head, DftiRecord& record, int index) {
     record.commit_status = DFTI_COMMITTED;
 }
 
-// Objects are built without scaling: the adapters scale.
-template <class Init, class Size>
-int build_object(DftiRecord& record, DftCtx* DftiRecord::*spec, Init init, Size size) {
-    TavStatus status = init(&(record.*spec), record.length, TAV_FFT_NODIV_BY_ANY, 0);
-    if (status == tavStsNoErr) status = size(record.*spec, &record.buffer_size);
-    return vor_dft_transfer_tav_vor_error(status);
-}
-
-// Clears the object and table fields of a record before its engine is built.
-void clear_engine(DftiRecord& record) {
-    record.dft_spec_c = record.dft_spec_z = nullptr;
-    record.out_ord_spec_c = record.out_ord_spec_z = nullptr;
-    record.dft_spec_real_s = record.dft_spec_real_d = nullptr;
-    record.table_c = record.table_z = nullptr;
-    record.buffer_size = 0;
-}
-
 template <class R>
-int init_complex(DftiRecord& record, const DftiRecord& head) {
-    using P = Precision<R>;
-    clear_engine(record);
-    const bool scrambled =
-        head.forward_domain == DFTI_COMPLEX && head.ordering == DFTI_BACKWARD_SCRAMBLED;
-    return scrambled ? build_object(record, P::out_ord_spec, P::out_ord_init, P::out_ord_size)
-                     : build_object(record, P::spec, P::init, P::size);
-}
-
-int init_radix(DftiRecord& record) {
-    clear_engine(record);
-    return vor::engine_pending();
-}
-
-// The complex object that a dimension above 0 has by then stays.
-template <class R>
-int init_real(DftiRecord& record, int index) {
-    using P = Precision<R>;
-    if (index == 0) clear_engine(record);
-    return build_object(record, P::real_spec, P::real_init, P::real_size);
-}
-
-template <class R>
-void set_complex_functions(DftiRecord& record) {
-    constexpr bool single = sizeof(R) == sizeof(float);
-    record.*Directed<R, Direction::forward>::function =
-        record.ordering == DFTI_ORDERED
-            ? (single ? vor_dft_xtavs_fwd_32fc : vor_dft_xtavs_fwd_64fc)
-            : (single ? vor_dft_xtavs_fwd_rev_32fc : vor_dft_xtavs_fwd_rev_64fc);
-    record.*Directed<R, Direction::backward>::function =
-        record.ordering == DFTI_ORDERED
-            ? (single ? vor_dft_xtavs_inv_32fc : vor_dft_xtavs_inv_64fc)
-            : (single ? vor_dft_xtavs_inv_rev_32fc : vor_dft_xtavs_inv_rev_64fc);
-}
-
-template <class R>
-int commit_complex(DftiRecord& record, const DftiRecord& head) {
-    const bool scrambled = record.ordering == DFTI_BACKWARD_SCRAMBLED;
-    const bool longer = is_power_of_two(record) && record.length > kLongestObject<R>;
-    if (longer && scrambled) return vor::engine_pending();
-    // One long ordered double transform on several threads: the object serves a direction of scale 1,
-    // the radix engine's team the other one.
-    const bool team = longer && sizeof(R) == sizeof(double) && head.threads > 1 &&
-                      head.dimension == 1 &&
-                      !(record.placement == DFTI_NOT_INPLACE && unit_strides(record));
-    const bool scaled = record.forward_scale_d != 1 || record.backward_scale_d != 1;
-    if (team && scaled) return vor::engine_pending();
-    record.on_primitives = 1;
-    set_complex_functions<R>(record);
-    return init_complex<R>(record, head);
-}
-
-template <class R, Direction D>
-bool choose_primitive(DftiRecord& record) {
-    using Call = Directed<R, D>;
-    auto& primitive = record.*vor::real_primitive<R>(D);
-    if (vor::has_half_spectrum(record))
-        primitive = Call::ccs;
-    else if (record.packed_format == DFTI_PACK_FORMAT)
-        primitive = Call::pack;
-    else if (record.packed_format == DFTI_PERM_FORMAT)
-        primitive = Call::perm;
-    else
-        return false;
-    return true;
-}
-
-template <class R>
-int commit_real(DftiRecord& record, const DftiRecord& head) {
-    constexpr bool single = sizeof(R) == sizeof(float);
-    const bool as_complex = record.conjugate_even_storage == DFTI_COMPLEX_COMPLEX;
-    if (as_complex ? record.placement == DFTI_INPLACE : head.dimension == 3)
-        return DFTI_UNIMPLEMENTED;
-    record.*Directed<R, Direction::backward>::real_function =
-        single ? vor_dft_xtavs_inv_complextor_32f : vor_dft_xtavs_inv_complextor_64f;
-    record.*Directed<R, Direction::forward>::real_function =
-        single ? vor_dft_xtavs_fwd_rtocomplex_32f : vor_dft_xtavs_fwd_rtocomplex_64f;
-    if (!choose_primitive<R, Direction::forward>(record) ||
-        !choose_primitive<R, Direction::backward>(record))
-        return DFTI_UNIMPLEMENTED;
-    record.on_primitives = !is_power_of_two(record);
-    return init_real<R>(record, record.dimension_index);
-}
-
 int commit_record(DftiRecord& record, const DftiRecord& head) {
-    if (head.forward_domain == DFTI_REAL)
-        return is_single(head) ? commit_real<float>(record, head)
-                               : commit_real<double>(record, head);
-    return is_single(head) ? commit_complex<float>(record, head)
-                           : commit_complex<double>(record, head);
+    return head.forward_domain == DFTI_REAL ? commit_real<R>(record, head)
+                                            : commit_complex<R>(record, head);
 }
 
 int allocate_workspace(DftiRecord& head) {
     if (head.max_buffer_size < 1) return DFTI_NO_ERROR;
     const int regions = head.user_threads > 1 ? head.user_threads : head.threads;
     unsigned bytes;
-    if (!vor::byte_count(static_cast<size_t>(head.max_buffer_size), static_cast<size_t>(regions), 0,
-                         &bytes))
+    if (!byte_count(static_cast<size_t>(head.max_buffer_size), static_cast<size_t>(regions), 0,
+                    &bytes))
         return DFTI_MEMORY_ERROR;
     head.workspace = vor_serv_allocate(bytes);
     return head.workspace ? DFTI_NO_ERROR : DFTI_MEMORY_ERROR;
@@ -216,11 +229,13 @@ int allocate_workspace(DftiRecord& head) {
 int build(DftiRecord* head) {
     if (const int status = settle_threads(*head)) return status;
     settle_direct_flags(*head);
-    if (head->dimension > 1) return vor::engine_pending();
+    if (head->dimension > 1) return engine_pending();
     head->max_buffer_size = 0;
     for (DftiRecord* record = head; record; record = record->next) {
         copy_settings(*head, *record, static_cast<int>(record - head));
-        if (const int status = commit_record(*record, *head)) return status;
+        const int status = is_single(*head) ? commit_record<float>(*record, *head)
+                                            : commit_record<double>(*record, *head);
+        if (status != DFTI_NO_ERROR) return status;
         if (record->buffer_size > head->max_buffer_size)
             head->max_buffer_size = record->buffer_size;
     }
@@ -229,28 +244,32 @@ int build(DftiRecord* head) {
 
 } // namespace
 
+} // namespace vor::dfti
+
+using namespace vor::dfti;
+
 // The initialisers by name: of a record, given the head. The fft ones fill the radix engine's table.
-#define INITIALISERS(R, c)                                                                         \
-    extern "C" int vor_dft_##c##_tav_init(DftiRecord* record, DftiRecord* head) {                  \
+#define INITIALISERS(complex, real, radix, R)                                                      \
+    extern "C" int complex(DftiRecord* record, DftiRecord* head) {                                 \
         return init_complex<R>(*record, *head);                                                    \
     }                                                                                              \
-    extern "C" int vor_dft_##c##_tav_real_init(DftiRecord* record, DftiRecord*, int index) {       \
+    extern "C" int real(DftiRecord* record, DftiRecord*, int index) {                              \
         return init_real<R>(*record, index);                                                       \
     }                                                                                              \
-    extern "C" int vor_dft_##c##_fft_init(DftiRecord* record, DftiRecord*) {                       \
+    extern "C" int radix(DftiRecord* record, DftiRecord*) {                                        \
         return init_radix(*record);                                                                \
     }
-INITIALISERS(float, c)
-INITIALISERS(double, z)
+INITIALISERS(vor_dft_c_tav_init, vor_dft_c_tav_real_init, vor_dft_c_fft_init, float)
+INITIALISERS(vor_dft_z_tav_init, vor_dft_z_tav_real_init, vor_dft_z_fft_init, double)
 
 // Both engines on one record, double precision.
 extern "C" int vor_dft_z_tav_fft_init(DftiRecord* record, DftiRecord* head) {
     const int status = init_complex<double>(*record, *head);
-    return status == DFTI_NO_ERROR ? vor::engine_pending() : status;
+    return status == DFTI_NO_ERROR ? engine_pending() : status;
 }
 
 VOR_ENGINE int vor_dft_commit_descriptor_external PARAMS_DFTI_HANDLE {
-    int status = handle ? vor::check_handle(*handle) : DFTI_INCONSISTENT_CONFIGURATION;
+    int status = handle ? check_handle(*handle) : DFTI_INCONSISTENT_CONFIGURATION;
     if (status != DFTI_NO_ERROR) return status;
     DftiRecord* head = *handle;
     vor_dft_free_allocated_buffers(head);

@@ -7,6 +7,8 @@
 #include <stdarg.h>
 #include <string.h>
 
+namespace vor::dfti {
+
 namespace {
 
 constexpr const char* kMessages[] = {
@@ -27,7 +29,7 @@ const char* message(int status) {
 }
 
 bool legal_dimension(int dimension) {
-    return dimension >= 1 && dimension <= vor::kMaxDimension;
+    return dimension >= 1 && dimension <= kMaxDimension;
 }
 
 // The status of a domain and a precision.
@@ -61,7 +63,7 @@ void set_records(DftiRecord* head, int dimension, const int* lengths) {
     for (int d = 0; d < dimension; ++d) {
         DftiRecord& record = head[d];
         const int length = lengths[d];
-        memcpy(record.tag, vor::kTag, vor::kTagLength);
+        memcpy(record.tag, kTag, kTagLength);
         record.forward_scale_s = record.backward_scale_s = 1;
         record.forward_scale_d = record.backward_scale_d = 1;
         record.input_stride = record.output_stride = product;
@@ -94,6 +96,10 @@ void release(T*& block) {
 
 } // namespace
 
+} // namespace vor::dfti
+
+using namespace vor::dfti;
+
 extern "C" int vor_dft_transfer_tav_vor_error(TavStatus status) {
     if (status == tavStsNoErr) return DFTI_NO_ERROR;
     return status == tavStsMemAllocErr ? DFTI_MEMORY_ERROR : DFTI_VOR_INTERNAL_ERROR;
@@ -121,7 +127,7 @@ VOR_ENGINE int vor_dft_create_descriptor_highd PARAMS_DFTI_CREATE {
     for (int d = 0; d < *dimension; ++d)
         if (lengths[d] < 1) return DFTI_INCONSISTENT_CONFIGURATION;
     *handle = nullptr;
-    const unsigned bytes = static_cast<unsigned>(*dimension) * vor::kRecordBytes;
+    const unsigned bytes = static_cast<unsigned>(*dimension) * kRecordBytes;
     void* block = vor_serv_allocate(bytes);
     if (!block) return DFTI_MEMORY_ERROR;
     const int status = check_kind(*domain, *precision, *dimension);
@@ -142,10 +148,10 @@ VOR_ENGINE int vor_dft_create_descriptor_1d PARAMS_DFTI_CREATE {
 }
 
 VOR_ENGINE int vor_dft_free_descriptor_external PARAMS_DFTI_HANDLE {
-    const int status = handle ? vor::check_handle(*handle) : DFTI_INCONSISTENT_CONFIGURATION;
+    const int status = handle ? check_handle(*handle) : DFTI_INCONSISTENT_CONFIGURATION;
     if (status != DFTI_NO_ERROR) return status;
     vor_dft_free_allocated_buffers(*handle);
-    memset((*handle)->tag, 0, vor::kTagLength); // a copy of the handle is no descriptor any more
+    memset((*handle)->tag, 0, kTagLength); // a copy of the handle is no descriptor any more
     vor_serv_deallocate(*handle);
     *handle = nullptr;
     return DFTI_NO_ERROR;
@@ -177,7 +183,7 @@ VOR_ENTRY(void, dfti_error_message_external, DFTI_ERROR_MESSAGE_EXTERNAL,
 extern "C" int DftiCreateDescriptor(DftiRecord** handle, int precision, int domain, int dimension,
                                     ...) {
     if (!legal_dimension(dimension)) return DFTI_INCONSISTENT_CONFIGURATION;
-    int lengths[vor::kMaxDimension];
+    int lengths[kMaxDimension];
     va_list arguments;
     va_start(arguments, dimension);
     if (dimension == 1) {

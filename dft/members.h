@@ -1,26 +1,30 @@
 // The members of the compute family: data kind, direction and placement of one transform.
 #pragma once
 
-#include "dft/columns.h"
-#include "dft/precision.h"
+#include "dft/member_list.h"
+#include "dft/routines.h"
 
-namespace vor {
+namespace vor::dfti {
 
 // complex: complex data. packed: real data, the spectrum in CCS, Pack or Perm, both sides counted in
 // reals. half: real data, the first half of the spectrum as complex numbers, out of place only.
 enum class Data { complex, packed, half };
 
-template <class Real, Data kind, Direction direction, bool in_place>
+template <class Real, Data data, Direction direction, bool in_place>
 struct Member {
     using R = Real;
-    using C = typename Precision<R>::Complex;
-    static constexpr Data kKind = kind;
+    using C = complex_t<R>;
+    static constexpr Data kData = data;
+    static constexpr Direction kDirection = direction;
     static constexpr bool kForward = direction == Direction::forward;
     static constexpr bool kInPlace = in_place;
-    static constexpr bool kComplex = kind == Data::complex;
+    static constexpr bool kComplex = data == Data::complex;
     // Elements of the sides: what strides, distances and offsets count.
-    using In = std::conditional_t<kComplex || (kind == Data::half && !kForward), C, R>;
-    using Out = std::conditional_t<kComplex || (kind == Data::half && kForward), C, R>;
+    using In = std::conditional_t<kComplex || (data == Data::half && !kForward), C, R>;
+    using Out = std::conditional_t<kComplex || (data == Data::half && kForward), C, R>;
+    // The fields of the sides. In place both are the input's.
+    static constexpr Side kIn = kInput;
+    static constexpr Side kOut = in_place ? kInput : kOutput;
 
     static Transform* function(const DftiRecord& record) {
         if constexpr (kComplex)
@@ -33,14 +37,13 @@ struct Member {
     }
     static int two_d(DftiRecord* head, In* in, Out* out) {
         DftiRecord* second = head->next;
-        const int *is0 = &head->input_stride, *is1 = &second->input_stride;
-        const int* os0 = in_place ? is0 : &head->output_stride;
-        const int* os1 = in_place ? is1 : &second->output_stride;
+        const int *in0 = &(head->*kIn.stride), *in1 = &(second->*kIn.stride);
+        const int *out0 = &(head->*kOut.stride), *out1 = &(second->*kOut.stride);
         if constexpr (kComplex)
-            return (head->*Precision<R>::two_d)(out, os0, os1, function(*head), function(*second),
-                                                head, head->workspace);
+            return (head->*Routines<R>::two_d)(out, out0, out1, function(*head), function(*second),
+                                               head, head->workspace);
         else
-            return (head->*Directed<R, direction>::two_d_real)(in, out, is0, is1, os0, os1, head,
+            return (head->*Directed<R, direction>::two_d_real)(in, out, in0, in1, out0, out1, head,
                                                                head->workspace);
     }
 
@@ -50,7 +53,7 @@ struct Member {
     }
     static int values_out(const DftiRecord& record) {
         // The backward transform clears the first value behind the reals of CCS in place.
-        const bool clears = in_place && kind == Data::packed && !kForward &&
+        const bool clears = in_place && data == Data::packed && !kForward &&
                             record.packed_format == DFTI_CCS_FORMAT;
         return values(record, !kForward, sizeof(Out) / sizeof(R)) + (clears ? 1 : 0);
     }
@@ -66,4 +69,4 @@ private:
     }
 };
 
-} // namespace vor
+} // namespace vor::dfti

@@ -5,10 +5,10 @@
 
 #include "dft/record.h"
 
-namespace vor {
+namespace vor::dfti {
 
 inline int engine_pending() {
     return DFTI_UNIMPLEMENTED;
 }
 
-} // namespace vor
+} // namespace vor::dfti

@@ -10,7 +10,7 @@
 
 #include <stddef.h>
 
-namespace vor {
+namespace vor::dfti {
 
 // The 1-D transform of a record: one vector of unit stride, the record's scale applied. In place if
 // input and output are the same. The result is a status.
@@ -32,10 +32,10 @@ inline constexpr char kTag[] = "DFT_Desc"; // its first three characters mark a 
 inline constexpr size_t kTagLength = 3;
 inline constexpr size_t kRecordBytes = 464; // of the block, for each dimension
 
-} // namespace vor
+} // namespace vor::dfti
 
 struct DftiRecord {
-    char tag[vor::kTagLength];
+    char tag[vor::dfti::kTagLength];
     char name[DFTI_MAX_NAME_LENGTH];
     char name_end; // the terminator of a name of full length
     int forward_domain;
@@ -68,17 +68,17 @@ struct DftiRecord {
     int size_so_far;   // product of the lengths up to here; in the head of all of them
     DftiRecord* previous;
     DftiRecord* next;
-    vor::Transform *backward_c, *forward_c;
-    vor::Transform *backward_z, *forward_z;
-    vor::Transform *backward_real_s, *forward_real_s;
-    vor::Transform *backward_real_d, *forward_real_d;
-    vor::ParallelTransform *parallel_backward_c, *parallel_forward_c;
-    vor::ParallelTransform *parallel_backward_z, *parallel_forward_z;
-    vor::TwoDComplex *two_d_c, *two_d_z;
-    vor::TwoDReal *two_d_forward_real_s, *two_d_forward_real_d;
-    vor::TwoDReal *two_d_backward_real_s, *two_d_backward_real_d;
-    vor::RealPrimitive<float>*primitive_inverse_real_s, *primitive_forward_real_s;
-    vor::RealPrimitive<double>*primitive_inverse_real_d, *primitive_forward_real_d;
+    vor::dfti::Transform *backward_c, *forward_c;
+    vor::dfti::Transform *backward_z, *forward_z;
+    vor::dfti::Transform *backward_real_s, *forward_real_s;
+    vor::dfti::Transform *backward_real_d, *forward_real_d;
+    vor::dfti::ParallelTransform *parallel_backward_c, *parallel_forward_c;
+    vor::dfti::ParallelTransform *parallel_backward_z, *parallel_forward_z;
+    vor::dfti::TwoDComplex *two_d_c, *two_d_z;
+    vor::dfti::TwoDReal *two_d_forward_real_s, *two_d_forward_real_d;
+    vor::dfti::TwoDReal *two_d_backward_real_s, *two_d_backward_real_d;
+    vor::dfti::RealPrimitive<float>*primitive_inverse_real_s, *primitive_forward_real_s;
+    vor::dfti::RealPrimitive<double>*primitive_inverse_real_d, *primitive_forward_real_d;
     int max_length;
     int commit_status;
     DftCtx *dft_spec_c, *dft_spec_z; // objects, owned
@@ -94,9 +94,31 @@ struct DftiRecord {
     int direct_vector; // the whole transform is one call of a 1-D function
     int* thread_slots; // one word for each user thread, 0 free and 1 taken, owned
 };
-static_assert(sizeof(DftiRecord) <= vor::kRecordBytes);
+static_assert(sizeof(DftiRecord) <= vor::dfti::kRecordBytes);
 
-namespace vor {
+namespace vor::dfti {
+
+// What the strides, offsets and distances of a side are called in a record.
+struct Side {
+    int DftiRecord::*offset;
+    int DftiRecord::*stride;
+    int DftiRecord::*distance;
+};
+inline constexpr Side kInput = {&DftiRecord::input_offset, &DftiRecord::input_stride,
+                                &DftiRecord::input_distance};
+inline constexpr Side kOutput = {&DftiRecord::output_offset, &DftiRecord::output_stride,
+                                 &DftiRecord::output_distance};
+
+// A 1-D transform of a record, ready to be called on vectors of unit stride.
+struct VectorTransform {
+    Transform* function;
+    DftiRecord* record;
+    void* workspace;
+
+    int operator()(void* input, void* output) const {
+        return function(input, output, record, workspace);
+    }
+};
 
 // The status of a handle for the value, commit and free calls.
 inline int check_handle(const DftiRecord* head) {
@@ -106,7 +128,7 @@ inline int check_handle(const DftiRecord* head) {
     return DFTI_NO_ERROR;
 }
 
-} // namespace vor
+} // namespace vor::dfti
 
 extern "C" {
 // The DFTI status of a status of the signal primitives.

@@ -1,10 +1,11 @@
 // The row copies, one function for each number of columns: the loop over the columns is unrolled by
 // the compiler and four rows go to a pass, so that no index arithmetic on N is left inside.
 #include "dft/row_copy.h"
-#include "serv/entry.h"
+#include "arith/prefetch.h"
 
 #include <utility>
-#include <xmmintrin.h>
+
+namespace vor::dfti {
 
 namespace {
 
@@ -22,7 +23,7 @@ void gather(const Step* source, int stride, int length, Unit* buffer, int distan
     const auto fetch_ahead = [&](int i) {
         const Step* ahead = source + static_cast<ptrdiff_t>(i + kRowsAhead) * stride;
         for (int bytes = 0; bytes < N * static_cast<int>(sizeof(Unit)); bytes += kLine)
-            _mm_prefetch(reinterpret_cast<const char*>(ahead) + bytes, _MM_HINT_T0);
+            prefetch(ahead, bytes);
     };
     int i = 0;
     for (; i + 4 <= length; i += 4) {
@@ -56,14 +57,14 @@ void scatter(Step* destination, int stride, int length, const Unit* buffer, int 
 }
 
 template <class Unit, class Step, int... n>
-vor::Gather<Unit, Step>* pick_gather(int columns, std::integer_sequence<int, n...>) {
-    static constexpr vor::Gather<Unit, Step>* table[] = {gather<n + 1, Unit, Step>...};
+Gather<Unit, Step>* pick_gather(int columns, std::integer_sequence<int, n...>) {
+    static constexpr Gather<Unit, Step>* table[] = {gather<n + 1, Unit, Step>...};
     return table[columns - 1];
 }
 
 template <class Unit, class Step, int... n>
-vor::Scatter<Unit, Step>* pick_scatter(int columns, std::integer_sequence<int, n...>) {
-    static constexpr vor::Scatter<Unit, Step>* table[] = {scatter<n + 1, Unit, Step>...};
+Scatter<Unit, Step>* pick_scatter(int columns, std::integer_sequence<int, n...>) {
+    static constexpr Scatter<Unit, Step>* table[] = {scatter<n + 1, Unit, Step>...};
     return table[columns - 1];
 }
 
@@ -73,81 +74,127 @@ using Columns = std::make_integer_sequence<int, kMostColumns>;
 } // namespace
 
 template <class Unit, class Step>
-vor::Gather<Unit, Step>* vor::gather_for(int n) {
+Gather<Unit, Step>* gather_for(int n) {
     return pick_gather<Unit, Step>(n, Columns{});
 }
 
 template <class Unit, class Step>
-vor::Scatter<Unit, Step>* vor::scatter_for(int n) {
+Scatter<Unit, Step>* scatter_for(int n) {
     return pick_scatter<Unit, Step>(n, Columns{});
 }
 
-#define INSTANTIATE(Unit)                                                                          \
-    template vor::Gather<Unit, Unit>* vor::gather_for<Unit, Unit>(int);                            \
-    template vor::Scatter<Unit, Unit>* vor::scatter_for<Unit, Unit>(int);
-INSTANTIATE(vor::cfloat)
-INSTANTIATE(vor::cdouble)
-INSTANTIATE(float)
-INSTANTIATE(double)
+#define INSTANTIATE(Unit, Step)                                                                    \
+    template Gather<Unit, Step>* gather_for<Unit, Step>(int);                                      \
+    template Scatter<Unit, Step>* scatter_for<Unit, Step>(int);
+INSTANTIATE(cfloat, cfloat)
+INSTANTIATE(cdouble, cdouble)
+INSTANTIATE(float, float)
+INSTANTIATE(double, double)
+INSTANTIATE(cfloat, float)
+INSTANTIATE(cdouble, double)
+
+} // namespace vor::dfti
+
+using namespace vor;
+using namespace vor::dfti;
 
 // The same by name. Complex columns and pairs of reals lie without gaps in the buffer; for columns of
 // reals the last argument is the distance of the buffer's vectors. A column of one element needs no
 // transform: the copies into the buffer do nothing below two rows, but for cscopy and zdcopy.
 #define COPY(name, N, Unit, Step, least)                                                           \
-    extern "C" void vor_dft_row_##name##_##N(const Step* source, int stride, int length,           \
-                                             Unit* buffer) {                                       \
+    extern "C" void name(const Step* source, int stride, int length, Unit* buffer) {               \
         if (length >= least) gather<N>(source, stride, length, buffer, length);                    \
     }
 #define BACK(name, N, Unit, Step)                                                                  \
-    extern "C" void vor_dft_row_##name##_back_##N(Step* destination, int stride, int length,       \
-                                                  const Unit* buffer) {                            \
+    extern "C" void name(Step* destination, int stride, int length, const Unit* buffer) {          \
         scatter<N>(destination, stride, length, buffer, length);                                   \
     }
-#define REAL_COPY(name, N, Real)                                                                   \
-    extern "C" void vor_dft_row_##name##_##N(const Real* source, int stride, int length,           \
-                                             Real* buffer, int distance) {                         \
+#define REALS(name, name_back, N, Real)                                                            \
+    extern "C" void name(const Real* source, int stride, int length, Real* buffer, int distance) { \
         if (length >= 2) gather<N>(source, stride, length, buffer, distance);                      \
     }                                                                                              \
-    extern "C" void vor_dft_row_##name##_back_##N(Real* destination, int stride, int length,       \
-                                                  const Real* buffer, int distance) {              \
+    extern "C" void name_back(Real* destination, int stride, int length, const Real* buffer,       \
+                              int distance) {                                                      \
         scatter<N>(destination, stride, length, buffer, distance);                                 \
     }
+// One column is copied by name only as a pair of reals, and on the way back.
+#define ONE(pairs, pairs_back, columns_back, C, R)                                                 \
+    COPY(pairs, 1, C, R, 2)                                                                        \
+    BACK(pairs_back, 1, C, R)                                                                      \
+    BACK(columns_back, 1, C, C)
+#define COLUMNS(N, C, R, columns, columns_back, pairs, pairs_back, always, reals, reals_back)      \
+    COPY(columns, N, C, C, 2)                                                                      \
+    BACK(columns_back, N, C, C)                                                                    \
+    COPY(pairs, N, C, R, 2)                                                                        \
+    BACK(pairs_back, N, C, R)                                                                      \
+    COPY(always, N, C, C, 0)                                                                       \
+    REALS(reals, reals_back, N, R)
 
-#define SINGLE(N)                                                                                  \
-    COPY(ccopy, N, vor::cfloat, vor::cfloat, 2)                                                    \
-    COPY(scopy, N, vor::cfloat, float, 2)                                                          \
-    COPY(cscopy, N, vor::cfloat, vor::cfloat, 0)                                                   \
-    BACK(ccopy, N, vor::cfloat, vor::cfloat)                                                       \
-    BACK(scopy, N, vor::cfloat, float)                                                             \
-    REAL_COPY(sscopy, N, float)
-#define DOUBLE(N)                                                                                  \
-    COPY(zcopy, N, vor::cdouble, vor::cdouble, 2)                                                  \
-    COPY(dcopy, N, vor::cdouble, double, 2)                                                        \
-    COPY(zdcopy, N, vor::cdouble, vor::cdouble, 0)                                                 \
-    BACK(zcopy, N, vor::cdouble, vor::cdouble)                                                     \
-    BACK(dcopy, N, vor::cdouble, double)                                                           \
-    REAL_COPY(ddcopy, N, double)
-#define BOTH(N) SINGLE(N) DOUBLE(N)
-
-// One column: no copy of columns by name is needed but for pairs of reals and the way back.
-COPY(scopy, 1, vor::cfloat, float, 2)
-COPY(dcopy, 1, vor::cdouble, double, 2)
-BACK(ccopy, 1, vor::cfloat, vor::cfloat)
-BACK(zcopy, 1, vor::cdouble, vor::cdouble)
-BACK(scopy, 1, vor::cfloat, float)
-BACK(dcopy, 1, vor::cdouble, double)
-BOTH(2)
-BOTH(3)
-BOTH(4)
-BOTH(5)
-BOTH(6)
-BOTH(7)
-BOTH(8)
-SINGLE(9)
-SINGLE(10)
-SINGLE(11)
-SINGLE(12)
-SINGLE(13)
-SINGLE(14)
-SINGLE(15)
-SINGLE(16)
+ONE(vor_dft_row_scopy_1, vor_dft_row_scopy_back_1, vor_dft_row_ccopy_back_1, cfloat, float)
+ONE(vor_dft_row_dcopy_1, vor_dft_row_dcopy_back_1, vor_dft_row_zcopy_back_1, cdouble, double)
+COLUMNS(2, cfloat, float, vor_dft_row_ccopy_2, vor_dft_row_ccopy_back_2, vor_dft_row_scopy_2,
+        vor_dft_row_scopy_back_2, vor_dft_row_cscopy_2, vor_dft_row_sscopy_2,
+        vor_dft_row_sscopy_back_2)
+COLUMNS(3, cfloat, float, vor_dft_row_ccopy_3, vor_dft_row_ccopy_back_3, vor_dft_row_scopy_3,
+        vor_dft_row_scopy_back_3, vor_dft_row_cscopy_3, vor_dft_row_sscopy_3,
+        vor_dft_row_sscopy_back_3)
+COLUMNS(4, cfloat, float, vor_dft_row_ccopy_4, vor_dft_row_ccopy_back_4, vor_dft_row_scopy_4,
+        vor_dft_row_scopy_back_4, vor_dft_row_cscopy_4, vor_dft_row_sscopy_4,
+        vor_dft_row_sscopy_back_4)
+COLUMNS(5, cfloat, float, vor_dft_row_ccopy_5, vor_dft_row_ccopy_back_5, vor_dft_row_scopy_5,
+        vor_dft_row_scopy_back_5, vor_dft_row_cscopy_5, vor_dft_row_sscopy_5,
+        vor_dft_row_sscopy_back_5)
+COLUMNS(6, cfloat, float, vor_dft_row_ccopy_6, vor_dft_row_ccopy_back_6, vor_dft_row_scopy_6,
+        vor_dft_row_scopy_back_6, vor_dft_row_cscopy_6, vor_dft_row_sscopy_6,
+        vor_dft_row_sscopy_back_6)
+COLUMNS(7, cfloat, float, vor_dft_row_ccopy_7, vor_dft_row_ccopy_back_7, vor_dft_row_scopy_7,
+        vor_dft_row_scopy_back_7, vor_dft_row_cscopy_7, vor_dft_row_sscopy_7,
+        vor_dft_row_sscopy_back_7)
+COLUMNS(8, cfloat, float, vor_dft_row_ccopy_8, vor_dft_row_ccopy_back_8, vor_dft_row_scopy_8,
+        vor_dft_row_scopy_back_8, vor_dft_row_cscopy_8, vor_dft_row_sscopy_8,
+        vor_dft_row_sscopy_back_8)
+COLUMNS(9, cfloat, float, vor_dft_row_ccopy_9, vor_dft_row_ccopy_back_9, vor_dft_row_scopy_9,
+        vor_dft_row_scopy_back_9, vor_dft_row_cscopy_9, vor_dft_row_sscopy_9,
+        vor_dft_row_sscopy_back_9)
+COLUMNS(10, cfloat, float, vor_dft_row_ccopy_10, vor_dft_row_ccopy_back_10, vor_dft_row_scopy_10,
+        vor_dft_row_scopy_back_10, vor_dft_row_cscopy_10, vor_dft_row_sscopy_10,
+        vor_dft_row_sscopy_back_10)
+COLUMNS(11, cfloat, float, vor_dft_row_ccopy_11, vor_dft_row_ccopy_back_11, vor_dft_row_scopy_11,
+        vor_dft_row_scopy_back_11, vor_dft_row_cscopy_11, vor_dft_row_sscopy_11,
+        vor_dft_row_sscopy_back_11)
+COLUMNS(12, cfloat, float, vor_dft_row_ccopy_12, vor_dft_row_ccopy_back_12, vor_dft_row_scopy_12,
+        vor_dft_row_scopy_back_12, vor_dft_row_cscopy_12, vor_dft_row_sscopy_12,
+        vor_dft_row_sscopy_back_12)
+COLUMNS(13, cfloat, float, vor_dft_row_ccopy_13, vor_dft_row_ccopy_back_13, vor_dft_row_scopy_13,
+        vor_dft_row_scopy_back_13, vor_dft_row_cscopy_13, vor_dft_row_sscopy_13,
+        vor_dft_row_sscopy_back_13)
+COLUMNS(14, cfloat, float, vor_dft_row_ccopy_14, vor_dft_row_ccopy_back_14, vor_dft_row_scopy_14,
+        vor_dft_row_scopy_back_14, vor_dft_row_cscopy_14, vor_dft_row_sscopy_14,
+        vor_dft_row_sscopy_back_14)
+COLUMNS(15, cfloat, float, vor_dft_row_ccopy_15, vor_dft_row_ccopy_back_15, vor_dft_row_scopy_15,
+        vor_dft_row_scopy_back_15, vor_dft_row_cscopy_15, vor_dft_row_sscopy_15,
+        vor_dft_row_sscopy_back_15)
+COLUMNS(16, cfloat, float, vor_dft_row_ccopy_16, vor_dft_row_ccopy_back_16, vor_dft_row_scopy_16,
+        vor_dft_row_scopy_back_16, vor_dft_row_cscopy_16, vor_dft_row_sscopy_16,
+        vor_dft_row_sscopy_back_16)
+COLUMNS(2, cdouble, double, vor_dft_row_zcopy_2, vor_dft_row_zcopy_back_2, vor_dft_row_dcopy_2,
+        vor_dft_row_dcopy_back_2, vor_dft_row_zdcopy_2, vor_dft_row_ddcopy_2,
+        vor_dft_row_ddcopy_back_2)
+COLUMNS(3, cdouble, double, vor_dft_row_zcopy_3, vor_dft_row_zcopy_back_3, vor_dft_row_dcopy_3,
+        vor_dft_row_dcopy_back_3, vor_dft_row_zdcopy_3, vor_dft_row_ddcopy_3,
+        vor_dft_row_ddcopy_back_3)
+COLUMNS(4, cdouble, double, vor_dft_row_zcopy_4, vor_dft_row_zcopy_back_4, vor_dft_row_dcopy_4,
+        vor_dft_row_dcopy_back_4, vor_dft_row_zdcopy_4, vor_dft_row_ddcopy_4,
+        vor_dft_row_ddcopy_back_4)
+COLUMNS(5, cdouble, double, vor_dft_row_zcopy_5, vor_dft_row_zcopy_back_5, vor_dft_row_dcopy_5,
+        vor_dft_row_dcopy_back_5, vor_dft_row_zdcopy_5, vor_dft_row_ddcopy_5,
+        vor_dft_row_ddcopy_back_5)
+COLUMNS(6, cdouble, double, vor_dft_row_zcopy_6, vor_dft_row_zcopy_back_6, vor_dft_row_dcopy_6,
+        vor_dft_row_dcopy_back_6, vor_dft_row_zdcopy_6, vor_dft_row_ddcopy_6,
+        vor_dft_row_ddcopy_back_6)
+COLUMNS(7, cdouble, double, vor_dft_row_zcopy_7, vor_dft_row_zcopy_back_7, vor_dft_row_dcopy_7,
+        vor_dft_row_dcopy_back_7, vor_dft_row_zdcopy_7, vor_dft_row_ddcopy_7,
+        vor_dft_row_ddcopy_back_7)
+COLUMNS(8, cdouble, double, vor_dft_row_zcopy_8, vor_dft_row_zcopy_back_8, vor_dft_row_dcopy_8,
+        vor_dft_row_dcopy_back_8, vor_dft_row_zdcopy_8, vor_dft_row_ddcopy_8,
+        vor_dft_row_ddcopy_back_8)

@@ -8,7 +8,7 @@
 
 #include <stddef.h>
 
-namespace vor {
+namespace vor::dfti {
 
 template <class Unit, class Step>
 using Gather = void(const Step* source, int stride, int length, Unit* buffer, int distance);
@@ -21,4 +21,4 @@ Gather<Unit, Step>* gather_for(int n);
 template <class Unit, class Step>
 Scatter<Unit, Step>* scatter_for(int n);
 
-} // namespace vor
+} // namespace vor::dfti

@@ -21,7 +21,7 @@
     (DftiRecord * *handle, const int* parameter, char* text, int text_length)
 #define ARGS_DFTI_CHARS (handle, parameter, text, text_length)
 
-#define PARAMS_DFTI_IN_PLACE (DftiRecord * *handle, void* data)
-#define ARGS_DFTI_IN_PLACE (handle, data)
+#define PARAMS_DFTI_IN_PLACE (DftiRecord * *handle, void* vectors)
+#define ARGS_DFTI_IN_PLACE (handle, vectors)
 #define PARAMS_DFTI_OUT (DftiRecord * *handle, void* input, void* output)
 #define ARGS_DFTI_OUT (handle, input, output)

@@ -10,6 +10,8 @@
 #include <stdarg.h>
 #include <string.h>
 
+namespace vor::dfti {
+
 namespace {
 
 using Field = int DftiRecord::*;
@@ -95,13 +97,13 @@ void store(DftiRecord* head, Field field, int value) {
 
 // A set call begins here: the handle's status, and with a good handle the descriptor uncommitted.
 int begin_set(DftiRecord** handle) {
-    const int status = handle ? vor::check_handle(*handle) : DFTI_INCONSISTENT_CONFIGURATION;
+    const int status = handle ? check_handle(*handle) : DFTI_INCONSISTENT_CONFIGURATION;
     if (status == DFTI_NO_ERROR) (*handle)->commit_status = DFTI_UNCOMMITTED;
     return status;
 }
 
 int begin_get(DftiRecord** handle) {
-    return handle ? vor::check_handle(*handle) : DFTI_INCONSISTENT_CONFIGURATION;
+    return handle ? check_handle(*handle) : DFTI_INCONSISTENT_CONFIGURATION;
 }
 
 // Both widths of one scale factor.
@@ -155,18 +157,10 @@ int get_scale(DftiRecord** handle, int number, R* value) {
     return DFTI_NO_ERROR;
 }
 
-struct Strides {
-    Field offset, stride;
-};
-
-bool find_strides(int number, Strides* strides) {
-    if (number == DFTI_INPUT_STRIDES)
-        *strides = {&DftiRecord::input_offset, &DftiRecord::input_stride};
-    else if (number == DFTI_OUTPUT_STRIDES)
-        *strides = {&DftiRecord::output_offset, &DftiRecord::output_stride};
-    else
-        return false;
-    return true;
+// The fields of the side that a stride parameter is about.
+const Side* find_side(int number) {
+    if (number == DFTI_INPUT_STRIDES) return &kInput;
+    return number == DFTI_OUTPUT_STRIDES ? &kOutput : nullptr;
 }
 
 // A stride vector between C order (slowest dimension first) and record order; the offset stays in
@@ -177,6 +171,10 @@ void reverse_strides(const int* from, int* to, int dimension) {
 }
 
 } // namespace
+
+} // namespace vor::dfti
+
+using namespace vor::dfti;
 
 VOR_ENGINE int vor_dft_set_value_intval PARAMS_DFTI_SET(int) {
     if (const int status = begin_set(handle)) return status;
@@ -202,21 +200,20 @@ VOR_ENGINE int vor_dft_get_value_intval PARAMS_DFTI_GET(int) {
 
 VOR_ENGINE int vor_dft_set_value_intvec PARAMS_DFTI_SET(int) {
     if (const int status = begin_set(handle)) return status;
-    Strides strides;
-    if (!find_strides(*parameter, &strides)) return DFTI_INCONSISTENT_CONFIGURATION;
-    store(*handle, strides.offset, value[0]);
+    const Side* side = find_side(*parameter);
+    if (!side) return DFTI_INCONSISTENT_CONFIGURATION;
+    store(*handle, side->offset, value[0]);
     for (DftiRecord* record = *handle; record; record = record->next)
-        record->*strides.stride = *++value;
+        record->*side->stride = *++value;
     return DFTI_NO_ERROR;
 }
 
 VOR_ENGINE int vor_dft_get_value_intvec PARAMS_DFTI_GET(int) {
     if (const int status = begin_get(handle)) return status;
-    Strides strides;
     Field field = &DftiRecord::length;
-    if (find_strides(*parameter, &strides)) {
-        *value++ = (*handle)->*strides.offset;
-        field = strides.stride;
+    if (const Side* side = find_side(*parameter)) {
+        *value++ = (*handle)->*side->offset;
+        field = side->stride;
     } else if (*parameter != DFTI_LENGTHS) {
         return DFTI_INCONSISTENT_CONFIGURATION;
     }
@@ -260,26 +257,34 @@ VOR_ENGINE int vor_dft_get_value_chars PARAMS_DFTI_GET_CHARS {
     return DFTI_NO_ERROR;
 }
 
-#define VALUE_ENTRY(name, NAME, PARAMS, ARGS)                                                      \
-    VOR_ENTRY(int, dfti_##name, DFTI_##NAME, vor_dft_##name, PARAMS, ARGS)
-VALUE_ENTRY(set_value_intval, SET_VALUE_INTVAL, PARAMS_DFTI_SET(int), ARGS_DFTI_VALUE)
-VALUE_ENTRY(set_value_sglval, SET_VALUE_SGLVAL, PARAMS_DFTI_SET(float), ARGS_DFTI_VALUE)
-VALUE_ENTRY(set_value_dblval, SET_VALUE_DBLVAL, PARAMS_DFTI_SET(double), ARGS_DFTI_VALUE)
-VALUE_ENTRY(set_value_intvec, SET_VALUE_INTVEC, PARAMS_DFTI_SET(int), ARGS_DFTI_VALUE)
-VALUE_ENTRY(set_value_chars, SET_VALUE_CHARS, PARAMS_DFTI_SET_CHARS, ARGS_DFTI_CHARS)
-VALUE_ENTRY(get_value_intval, GET_VALUE_INTVAL, PARAMS_DFTI_GET(int), ARGS_DFTI_VALUE)
-VALUE_ENTRY(get_value_sglval, GET_VALUE_SGLVAL, PARAMS_DFTI_GET(float), ARGS_DFTI_VALUE)
-VALUE_ENTRY(get_value_dblval, GET_VALUE_DBLVAL, PARAMS_DFTI_GET(double), ARGS_DFTI_VALUE)
-VALUE_ENTRY(get_value_intvec, GET_VALUE_INTVEC, PARAMS_DFTI_GET(int), ARGS_DFTI_VALUE)
-VALUE_ENTRY(get_value_chars, GET_VALUE_CHARS, PARAMS_DFTI_GET_CHARS, ARGS_DFTI_CHARS)
+VOR_ENTRY(int, dfti_set_value_intval, DFTI_SET_VALUE_INTVAL, vor_dft_set_value_intval,
+          PARAMS_DFTI_SET(int), ARGS_DFTI_VALUE)
+VOR_ENTRY(int, dfti_set_value_sglval, DFTI_SET_VALUE_SGLVAL, vor_dft_set_value_sglval,
+          PARAMS_DFTI_SET(float), ARGS_DFTI_VALUE)
+VOR_ENTRY(int, dfti_set_value_dblval, DFTI_SET_VALUE_DBLVAL, vor_dft_set_value_dblval,
+          PARAMS_DFTI_SET(double), ARGS_DFTI_VALUE)
+VOR_ENTRY(int, dfti_set_value_intvec, DFTI_SET_VALUE_INTVEC, vor_dft_set_value_intvec,
+          PARAMS_DFTI_SET(int), ARGS_DFTI_VALUE)
+VOR_ENTRY(int, dfti_set_value_chars, DFTI_SET_VALUE_CHARS, vor_dft_set_value_chars,
+          PARAMS_DFTI_SET_CHARS, ARGS_DFTI_CHARS)
+VOR_ENTRY(int, dfti_get_value_intval, DFTI_GET_VALUE_INTVAL, vor_dft_get_value_intval,
+          PARAMS_DFTI_GET(int), ARGS_DFTI_VALUE)
+VOR_ENTRY(int, dfti_get_value_sglval, DFTI_GET_VALUE_SGLVAL, vor_dft_get_value_sglval,
+          PARAMS_DFTI_GET(float), ARGS_DFTI_VALUE)
+VOR_ENTRY(int, dfti_get_value_dblval, DFTI_GET_VALUE_DBLVAL, vor_dft_get_value_dblval,
+          PARAMS_DFTI_GET(double), ARGS_DFTI_VALUE)
+VOR_ENTRY(int, dfti_get_value_intvec, DFTI_GET_VALUE_INTVEC, vor_dft_get_value_intvec,
+          PARAMS_DFTI_GET(int), ARGS_DFTI_VALUE)
+VOR_ENTRY(int, dfti_get_value_chars, DFTI_GET_VALUE_CHARS, vor_dft_get_value_chars,
+          PARAMS_DFTI_GET_CHARS, ARGS_DFTI_CHARS)
 
 extern "C" int DftiSetValue(DftiRecord* handle, int parameter, ...) {
-    if (const int status = vor::check_handle(handle)) return status;
+    if (const int status = check_handle(handle)) return status;
     // Refused here already: the descriptor stays committed.
     if (parameter == DFTI_DIMENSION || parameter == DFTI_LENGTHS) return DFTI_UNIMPLEMENTED;
     va_list arguments;
     va_start(arguments, parameter);
-    int status, value, strides[vor::kMaxDimension + 1];
+    int status, value, strides[kMaxDimension + 1];
     switch (parameter) {
     case DFTI_FORWARD_SCALE:
     case DFTI_BACKWARD_SCALE: {
@@ -308,7 +313,7 @@ extern "C" int DftiSetValue(DftiRecord* handle, int parameter, ...) {
 }
 
 extern "C" int DftiGetValue(DftiRecord* handle, int parameter, ...) {
-    if (const int status = vor::check_handle(handle)) return status;
+    if (const int status = check_handle(handle)) return status;
     va_list arguments;
     va_start(arguments, parameter);
     void* place = va_arg(arguments, void*);
@@ -322,7 +327,7 @@ extern "C" int DftiGetValue(DftiRecord* handle, int parameter, ...) {
                    : dfti_get_value_dblval(&handle, &parameter, static_cast<double*>(place));
     case DFTI_INPUT_STRIDES:
     case DFTI_OUTPUT_STRIDES: {
-        int strides[vor::kMaxDimension + 1];
+        int strides[kMaxDimension + 1];
         const int status = dfti_get_value_intvec(&handle, &parameter, strides);
         if (status == DFTI_NO_ERROR) reverse_strides(strides, integers, handle->dimension);
         return status;

@@ -10,22 +10,12 @@
 // stays below 0.45 with 16 bits for all operands of up to 8800 limbs; for longer ones it is evaluated
 // with the digits at hand, and w taken as wide as it allows.
 #include "gmp/limb/fourier.h"
-#include "dft/signatures.h"
+#include "dft/engines.h"
 #include "gmp/limb/kernel/nearest.h"
 #include "gmp/limb/scratch.h"
-#include "vor_dfti.h"
 
 #include <math.h>
 #include <string.h>
-
-extern "C" {
-int vor_dft_create_descriptor_highd PARAMS_DFTI_CREATE;
-int vor_dft_commit_descriptor_external PARAMS_DFTI_HANDLE;
-int vor_dft_set_value_dblval PARAMS_DFTI_SET(double);
-int vor_dft_compute_forward_d PARAMS_DFTI_IN_PLACE;
-int vor_dft_compute_backward_d PARAMS_DFTI_IN_PLACE;
-int vor_dft_free_descriptor_external PARAMS_DFTI_HANDLE;
-}
 
 namespace vor::limb {
 

@@ -1,25 +1,25 @@
-// What the descriptor engines need to know of a precision: record fields, objects, copies, scales.
+// The routines of a precision: record fields, objects, copies, scales.
 #pragma once
 
 #include "arith/element.h"
 #include "blas/level1/engines.h"
-#include "dft/record.h"
+#include "dft/adapters.h"
 #include "signal/direction.h"
 
-namespace vor {
+namespace vor::dfti {
 
 template <class R>
-struct Precision;
+struct Routines;
 // Fields and calls that come in a forward and a backward form.
 template <class R, Direction D>
 struct Directed;
 
 // The precisions and the directions differ in names only.
 //   R, C  element types   c, s  letters of the complex and the real type   bits  of a real
-#define VOR_DFT_PRECISION(R, C, c, s, bits)                                                        \
+#define VOR_DFT_ROUTINES(R, C, c, s, bits)                                                         \
     template <>                                                                                    \
-    struct Precision<R> {                                                                          \
-        using Complex = C;                                                                         \
+    struct Routines<R> {                                                                           \
+                                                                                                   \
         static constexpr auto spec = &DftiRecord::dft_spec_##c;                                    \
         static constexpr auto out_ord_spec = &DftiRecord::out_ord_spec_##c;                        \
         static constexpr auto real_spec = &DftiRecord::dft_spec_real_##s;                          \
@@ -38,10 +38,10 @@ struct Directed;
             vor_blas_##s##copy(&n, x, &incx, y, &incy);                                            \
         }                                                                                          \
     };                                                                                             \
-    VOR_DFT_DIRECTED(R, c, s, bits, forward, Fwd, RToCCS, RToPack, RToPerm)                        \
-    VOR_DFT_DIRECTED(R, c, s, bits, backward, Inv, CCSToR, PackToR, PermToR)
+    VOR_DFT_DIRECTED(R, c, s, bits, forward, Fwd, RToCCS, RToPack, RToPerm, fwd, rtocomplex)       \
+    VOR_DFT_DIRECTED(R, c, s, bits, backward, Inv, CCSToR, PackToR, PermToR, inv, complextor)
 
-#define VOR_DFT_DIRECTED(R, c, s, bits, direction, Fwd, Ccs, Pack, Perm)                           \
+#define VOR_DFT_DIRECTED(R, c, s, bits, direction, Fwd, Ccs, Pack, Perm, fwd, toother)             \
     template <>                                                                                    \
     struct Directed<R, Direction::direction> {                                                     \
         static constexpr auto function = &DftiRecord::direction##_##c;                             \
@@ -54,12 +54,15 @@ struct Directed;
         static constexpr auto ccs = tavsDFT##Fwd##_##Ccs##_##bits##f;                              \
         static constexpr auto pack = tavsDFT##Fwd##_##Pack##_##bits##f;                            \
         static constexpr auto perm = tavsDFT##Fwd##_##Perm##_##bits##f;                            \
+        static constexpr auto adapter = vor_dft_xtavs_##fwd##_##bits##fc;                          \
+        static constexpr auto scrambled_adapter = vor_dft_xtavs_##fwd##_rev_##bits##fc;            \
+        static constexpr auto real_adapter = vor_dft_xtavs_##fwd##_##toother##_##bits##f;          \
     };
 
-VOR_DFT_PRECISION(float, cfloat, c, s, 32)
-VOR_DFT_PRECISION(double, cdouble, z, d, 64)
+VOR_DFT_ROUTINES(float, cfloat, c, s, 32)
+VOR_DFT_ROUTINES(double, cdouble, z, d, 64)
 #undef VOR_DFT_DIRECTED
-#undef VOR_DFT_PRECISION
+#undef VOR_DFT_ROUTINES
 
 // The real primitive has one name for each direction in the record.
 template <class R>
@@ -83,4 +86,4 @@ inline bool has_half_spectrum(const DftiRecord& record) {
            record.packed_format == DFTI_CCS_FORMAT;
 }
 
-} // namespace vor
+} // namespace vor::dfti
