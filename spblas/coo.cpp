@@ -144,20 +144,22 @@ void solve(const CooMatrix& a, const Descriptor& d, const Solve& s) {
     if (s.alpha != 1) for_columns([&](const double*, double* c) { scale(s.m, s.alpha, c); });
 }
 
-// count integers from malloc, freed at the end of the scope.
+// count integers from malloc, freed at the end of the scope; 0 take none.
 class Integers {
 public:
-    explicit Integers(int count) {
+    explicit Integers(int count) : wanted_(count > 0) {
         unsigned bytes;
-        if (byte_count(static_cast<size_t>(count), sizeof(int), 1, &bytes))
+        if (wanted_ && byte_count(static_cast<size_t>(count), sizeof(int), 0, &bytes))
             integers_ = static_cast<int*>(malloc(bytes));
     }
     ~Integers() { free(integers_); }
     Integers(const Integers&) = delete;
     Integers& operator=(const Integers&) = delete;
     operator int*() const { return integers_; }
+    bool missing() const { return wanted_ && !integers_; }
 
 private:
+    bool wanted_;
     int* integers_ = nullptr;
 };
 
@@ -201,7 +203,7 @@ bool solve_triangle(const int* descriptor, int m, int n, const CooMatrix& a, con
     const bool nonunit = descriptor[2] != 1;
     const Integers diag_pos(nonunit ? m : 0), row_count(m), off_list(*a.nnz);
     int off_count = -1;
-    if (diag_pos && row_count && off_list) {
+    if (!diag_pos.missing() && !row_count.missing() && !off_list.missing()) {
         memset(row_count, 0, sizeof(int) * static_cast<size_t>(m));
         if (nonunit) memset(diag_pos, 0, sizeof(int) * static_cast<size_t>(m));
         vor_spblas_selection(descriptor, &m, a.rowind, a.colind, a.nnz, diag_pos, row_count,
@@ -293,7 +295,7 @@ VOR_ENGINE void vor_spblas_selection(const int* descriptor, const int* m, const 
     const bool lower = descriptor[1] == 1, unit = descriptor[2] == 1;
     const Integers list(*nnz), next(*m);
     *off_count = -1;
-    if (!list || !next) return;
+    if (list.missing() || next.missing()) return;
     int count = 0;
     for (int e = 1; e <= *nnz; ++e) {
         const int i = row[e - 1], k = col[e - 1];

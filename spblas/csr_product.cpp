@@ -102,11 +102,11 @@ template <class Unwanted>
     return sum;
 }
 
-// The product of the last entry on the diagonal of row i with b, 0 without one.
+// What the diagonal of row i brought: one entry, or none, as a rule.
 extended diagonal_term(const CsrRow& row, int i, extended alpha, double b) {
     extended term = 0;
     for (int p = 0; p < row.count; ++p)
-        if (row.column[p] == i + 1) term = row.val[p] * alpha * b;
+        if (row.column[p] == i + 1) term += row.val[p] * alpha * b;
     return term;
 }
 
