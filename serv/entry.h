@@ -16,6 +16,9 @@ namespace vor {
 
 } // namespace vor
 
+// The hidden length of a character argument: handed on, read by nobody.
+#define VOR_HIDDEN(name) [[maybe_unused]] int name##_length
+
 // An engine: exported under its own name, called directly by other engines. It is kept out of line
 // so that an entry jumps to it with the caller's own argument words.
 #define VOR_ENGINE extern "C" __attribute__((noinline))

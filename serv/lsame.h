@@ -16,3 +16,14 @@ extern "C" {
 int vor_serv_lsame(const char* ca, const char* cb, int ca_length, int cb_length);
 int vor_serv_lsamen(const int* n, const char* ca, const char* cb, int ca_length, int cb_length);
 }
+
+namespace vor {
+inline namespace serv {
+
+// Whether an option begins with the letter `upper`, in either case.
+inline bool begins_with(const char* option, char upper) {
+    return vor_serv_lsame(option, &upper, 1, 1) != 0;
+}
+
+} // namespace serv
+} // namespace vor

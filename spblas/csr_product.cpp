@@ -1,0 +1,239 @@
+// The products of compressed rows: C += alpha * op(A) * B.
+//
+// A structured matrix is not filtered on the way into the product. A first sweep adds all entries of a row,
+// with no test in its loop; a second one takes back what lies on the wrong side of the diagonal and adds what
+// the structure implies. A term is (val * alpha) * b in extended precision; sums of a row run in the order of
+// its entries and are rounded where they reach C.
+//
+// Threads share out the rows of A where each row writes its own row of C, and the columns of C otherwise.
+#include "arith/x87.h"
+#include "serv/team.h"
+#include "spblas/csr.h"
+#include "spblas/driver.h"
+
+#include <type_traits>
+
+namespace vor::spblas {
+namespace {
+
+struct Operands {
+    int m, n;
+    CsrMatrix a;
+    extended alpha;
+    const double* b;
+    int ldb;
+    double* c;
+    int ldc;
+
+    const double* b_column(int j) const { return column(b, ldb, j); }
+    double* c_column(int j) const { return column(c, ldc, j); }
+};
+
+#define OPERANDS                                                                                   \
+    Operands {                                                                                     \
+        *m, *n, {val, indx, pntrb, pntre}, *alpha, b, *ldb, c, *ldc                                \
+    }
+
+// f(i) for i from 0 to n - 1, on a team if `threads` are more than one.
+template <class F>
+void for_all(int n, int threads, F f) {
+    if (threads > 1) return team_loop(n, threads, f);
+    for (int i = 0; i < n; ++i) f(i);
+}
+
+// ---- The first sweep
+
+// `columns` elements of row i of C at once: each entry is loaded once for all of them.
+template <int columns>
+[[gnu::always_inline]] inline void add_row_to(const CsrRow& row, extended alpha, const double* b,
+                                              int ldb, double* c, int ldc) {
+    extended sum[columns];
+#pragma GCC unroll 4
+    for (int j = 0; j < columns; ++j) sum[j] = c[j * ldc];
+    --b;
+    for (int p = 0; p < row.count; ++p) {
+        const extended factor = row.val[p] * alpha;
+        const double* const x = b + row.column[p];
+#pragma GCC unroll 4
+        for (int j = 0; j < columns; ++j) sum[j] += factor * x[j * ldb];
+    }
+#pragma GCC unroll 4
+    for (int j = 0; j < columns; ++j) c[j * ldc] = static_cast<double>(sum[j]);
+}
+
+// Row i of C, all columns.
+void add_row(const Operands& o, int i) {
+    const CsrRow row = o.a.row(i);
+    if (row.count < 1) return;
+    int j = 0;
+    for (; j + 4 <= o.n; j += 4)
+        add_row_to<4>(row, o.alpha, o.b_column(j), o.ldb, o.c_column(j) + i, o.ldc);
+    for (; j < o.n; ++j)
+        add_row_to<1>(row, o.alpha, o.b_column(j), o.ldb, o.c_column(j) + i, o.ldc);
+}
+
+// What row i scatters over column j of C, each term rounded there.
+template <int sign = 1>
+[[gnu::always_inline]] inline void scatter_row(const CsrRow& row, extended alpha, double t,
+                                               double* c) {
+    --c;
+#pragma GCC unroll 2
+    for (int p = 0; p < row.count; ++p) {
+        const extended term = row.val[p] * alpha * t;
+        double& to = c[row.column[p]];
+        to = static_cast<double>(sign > 0 ? to + term : to - term);
+    }
+}
+
+// ---- The second sweep of a triangle
+
+// Whether an entry lies on the side of the diagonal that is not wanted.
+inline bool on_wrong_side(bool lower, int entry_column, int row_number) {
+    return lower ? entry_column > row_number : entry_column < row_number;
+}
+
+// The sum over the entries of row i that `unwanted` names, of their products with column j of B.
+template <class Unwanted>
+[[gnu::always_inline]] inline extended sum_of(const CsrRow& row, extended alpha, const double* b,
+                                              Unwanted unwanted) {
+    extended sum = 0;
+    for (int p = 0; p < row.count; ++p)
+        if (unwanted(row.column[p])) sum += row.val[p] * alpha * b[row.column[p] - 1];
+    return sum;
+}
+
+// What the diagonal of row i brought: one entry, or none, as a rule.
+extended diagonal_term(const CsrRow& row, int i, extended alpha, double b) {
+    extended term = 0;
+    for (int p = 0; p < row.count; ++p)
+        if (row.column[p] == i + 1) term += row.val[p] * alpha * b;
+    return term;
+}
+
+struct Triangle {
+    bool lower, nonunit;
+};
+
+// No transpose: row i of C loses what its wrong side brought, and a diagonal that counts as ones.
+void take_back_row(const Operands& o, Triangle t, int i) {
+    const CsrRow row = o.a.row(i);
+    for (int j = 0; j < o.n; ++j) {
+        const double* const b = o.b_column(j);
+        double& c = o.c_column(j)[i];
+        const extended sum = sum_of(
+            row, o.alpha, b, [&](int column) { return on_wrong_side(t.lower, column, i + 1); });
+        c = static_cast<double>(c - sum);
+        if (!t.nonunit) c = static_cast<double>(c - diagonal_term(row, i, o.alpha, b[i]));
+    }
+}
+
+// Transposed: the same for what row i scattered over column j.
+void take_back_scattered(const Operands& o, Triangle t, int i, const double* b, double* c) {
+    const CsrRow row = o.a.row(i);
+    for (int p = 0; p < row.count; ++p)
+        if (on_wrong_side(t.lower, row.column[p], i + 1)) {
+            double& to = c[row.column[p] - 1];
+            to = static_cast<double>(to - row.val[p] * o.alpha * b[i]);
+        }
+    if (!t.nonunit) c[i] = static_cast<double>(c[i] - diagonal_term(row, i, o.alpha, b[i]));
+}
+
+// ---- The second stage of a symmetric or skew matrix
+
+// Row i over column j: entries of the named triangle are mirrored, with `sign`; all others are taken back,
+// but for the diagonal of a symmetric matrix that is not unit.
+template <int sign>
+void mirror_row(const Operands& o, Triangle t, int i, int j) {
+    const CsrRow row = o.a.row(i);
+    const double* const b = o.b_column(j);
+    double* const c = o.c_column(j);
+    if (sign > 0 && !t.nonunit) c[i] = static_cast<double>(c[i] + o.alpha * b[i]);
+    extended taken = 0;
+    for (int p = 0; p < row.count; ++p) {
+        const int k = row.column[p] - 1;
+        const extended factor = row.val[p] * o.alpha;
+        if (t.lower ? k < i : k > i)
+            c[k] = static_cast<double>(sign > 0 ? c[k] + factor * b[i] : c[k] - factor * b[i]);
+        else if (k != i || sign < 0 || !t.nonunit)
+            taken += factor * b[k];
+    }
+    c[i] = static_cast<double>(c[i] - taken);
+}
+
+// Both stages; row by row for a single column.
+template <int sign>
+void multiply_mirrored(const Operands& o, Triangle t, int threads) {
+    if (o.n == 1) {
+        for (int i = 0; i < o.m; ++i) {
+            add_row(o, i);
+            mirror_row<sign>(o, t, i, 0);
+        }
+        return;
+    }
+    for_all(o.m, threads, [&](int i) { add_row(o, i); });
+    for_all(o.n, threads, [&](int j) {
+        for (int i = 0; i < o.m; ++i) mirror_row<sign>(o, t, i, j);
+    });
+}
+
+} // namespace
+} // namespace vor::spblas
+
+using namespace vor;
+using namespace vor::spblas;
+
+VOR_ENGINE void vor_spblas_dcsrmmgen(const int* notrans, LIST_CSR_KERNEL) {
+    const Operands o = OPERANDS;
+    const int threads = team_size();
+    if (is_set(notrans)) return for_all(o.m, threads, [&](int i) { add_row(o, i); });
+    for_all(o.n, threads, [&](int j) {
+        for (int i = 0; i < o.m; ++i)
+            scatter_row(o.a.row(i), o.alpha, o.b_column(j)[i], o.c_column(j));
+    });
+}
+
+VOR_ENGINE void vor_spblas_dcsrmmtr(const int* notrans, const int* lower, const int* nonunit,
+                                    LIST_CSR_KERNEL) {
+    const Operands o = OPERANDS;
+    const Triangle t{is_set(lower), is_set(nonunit)};
+    const int threads = team_size();
+    if (is_set(notrans))
+        return for_all(o.m, threads, [&](int i) {
+            add_row(o, i);
+            take_back_row(o, t, i);
+        });
+    for_all(o.n, o.n < 2 ? 1 : threads, [&](int j) {
+        const double* const x = o.b_column(j);
+        double* const y = o.c_column(j);
+        for (int i = 0; i < o.m; ++i) {
+            scatter_row(o.a.row(i), o.alpha, x[i], y);
+            take_back_scattered(o, t, i, x, y);
+        }
+    });
+}
+
+VOR_ENGINE void vor_spblas_dcsrmmsym(const int* lower, const int* nonunit, LIST_CSR_KERNEL) {
+    multiply_mirrored<1>(OPERANDS, {is_set(lower), is_set(nonunit)}, team_size());
+}
+
+VOR_ENGINE void vor_spblas_dcsrmmskew(const int* lower, LIST_CSR_KERNEL) {
+    multiply_mirrored<-1>(OPERANDS, {is_set(lower), true}, team_size());
+}
+
+VOR_ENGINE void vor_spblas_dcsrmmdiag(const int* nonunit, LIST_CSR_KERNEL) {
+    const Operands o = OPERANDS;
+    for (int j = 0; j < o.n; ++j) {
+        const double* const x = o.b_column(j);
+        double* const y = o.c_column(j);
+        if (!is_set(nonunit)) {
+            add_scaled(o.m, *alpha, x, y);
+            continue;
+        }
+        for (int i = 0; i < o.m; ++i) {
+            const CsrRow row = o.a.row(i);
+            for (int p = 0; p < row.count; ++p)
+                if (row.column[p] == i + 1)
+                    y[i] = static_cast<double>(y[i] + row.val[p] * o.alpha * x[i]);
+        }
+    }
+}
