@@ -2,6 +2,7 @@
 #pragma once
 
 namespace vor {
+inline namespace serv {
 
 constexpr int kUnknownCache = -1;
 
@@ -30,4 +31,5 @@ inline int cache_class(const unsigned (&words)[4]) {
     return found;
 }
 
+} // namespace serv
 } // namespace vor

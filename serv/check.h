@@ -25,50 +25,80 @@ inline char option(Arguments arguments, int number) {
 }
 
 struct Test {
-    enum Kind : char { letter, count, step, leading, leading_by, leading_band, predicate } kind;
-    char argument;        // its number, which is reported
-    char letters[4] = {}; // letter: the allowed ones; leading_by: the one that chooses `first`
-    char first = 0;       // leading: numbers of the arguments that bound it
-    char second = 0;
-    char choice = 0; // leading_by: number of the letter that decides
+    enum Kind : char { letter, count, leading, by_letter, step, by_value, band, value, predicate };
+
+    Kind kind;
+    char argument;   // its number, which is reported
+    char first = 0;  // leading dimensions: numbers of the arguments that bound it
+    char second = 0; // by_letter, by_value: bounds it instead where the option is not in the set
+    char choice = 0; // by_letter, by_value: number of the option
+    int lowest = 0;  // the set of values: what bit 0 stands for
+    unsigned members = 0; // the set: bit i is letter i of the alphabet, or the value lowest + i
     bool (*fits)(Arguments arguments) = nullptr;
 };
 
-// One of up to three letters.
+constexpr unsigned member(char letter) {
+    return 1u << (letter - 'A');
+}
+
+// One of the letters, which are capitals here, in either case.
 template <int n>
 constexpr Test letter(char argument, const char (&allowed)[n]) {
-    Test test = {Test::letter, argument};
-    for (int i = 0; i < n; ++i) test.letters[i] = allowed[i];
+    Test test = {.kind = Test::letter, .argument = argument};
+    for (int i = 0; i < n - 1; ++i) test.members |= member(allowed[i]);
     return test;
+}
+// One of the values of an enumeration: `lowest` or one of the others, which are less than 32 above it.
+template <class... Others>
+constexpr Test value(char argument, int lowest, Others... others) {
+    return {.kind = Test::value,
+            .argument = argument,
+            .lowest = lowest,
+            .members = 1u | (0u | ... | (1u << (others - lowest)))};
 }
 // Not negative.
 constexpr Test count(char argument) {
-    return {Test::count, argument};
+    return {.kind = Test::count, .argument = argument};
 }
 // Not zero.
 constexpr Test step(char argument) {
-    return {Test::step, argument};
+    return {.kind = Test::step, .argument = argument};
 }
 // A leading dimension: at least 1 and at least the argument `rows`.
 constexpr Test leading(char argument, char rows) {
-    return {Test::leading, argument, {}, rows};
+    return {.kind = Test::leading, .argument = argument, .first = rows};
 }
-// The same with `rows` if the letter `choice` is `letter`, with `others` if it is not.
+// The same with `rows` if the option `choice` is `letter`, with `others` if it is not.
 constexpr Test leading_by(char argument, char choice, char letter, char rows, char others) {
-    return {Test::leading_by, argument, {letter}, rows, others, choice};
+    return {.kind = Test::by_letter,
+            .argument = argument,
+            .first = rows,
+            .second = others,
+            .choice = choice,
+            .members = member(letter)};
+}
+// The same for an option that is an enumeration.
+constexpr Test leading_by_value(char argument, char choice, int value, char rows, char others) {
+    return {.kind = Test::by_value,
+            .argument = argument,
+            .first = rows,
+            .second = others,
+            .choice = choice,
+            .lowest = value};
 }
 // A leading dimension of a band: at least the diagonal and those below and above it.
 constexpr Test leading_band(char argument, char lower, char upper = 0) {
-    return {Test::leading_band, argument, {}, lower, upper};
+    return {.kind = Test::band, .argument = argument, .first = lower, .second = upper};
 }
 // Anything else that the arguments must satisfy.
 constexpr Test predicate(char argument, bool (*fits)(Arguments)) {
-    return {Test::predicate, argument, {}, 0, 0, 0, fits};
+    return {.kind = Test::predicate, .argument = argument, .fits = fits};
 }
 
-// The number of the first argument that fails its test; 0 if none does.
+// The number of the first argument that fails its test; 0 if none does. (Called before every product,
+// small ones included: its arguments go in registers.)
 #pragma GCC visibility push(hidden)
-int first_unfit(const Test* tests, size_t count, Arguments arguments);
+[[gnu::regparm(3)]] int first_unfit(const Test* tests, size_t count, Arguments arguments);
 #pragma GCC visibility pop
 
 // 1 if an argument is unfit, which is then reported under `name` (of `length` characters); 0 if none is.

@@ -6,6 +6,7 @@
 #include "vor_service.h"
 
 namespace vor {
+inline namespace serv {
 
 // The steps in front of every framed engine: read the configuration file (once), then push the mode
 // that it sets, if it sets one, into the environment. With the file read and no mode set there is
@@ -14,6 +15,7 @@ namespace vor {
     if (__builtin_expect(cfg_file_readed != 1 || cfg_serial != 2, 0)) apply_settings();
 }
 
+} // namespace serv
 } // namespace vor
 
 // The hidden length of a character argument: handed on, read by nobody.

@@ -2,12 +2,14 @@
 #pragma once
 
 namespace vor {
+inline namespace serv {
 
 // ASCII letters only, whatever the locale.
 constexpr char upper(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
 }
 
+} // namespace serv
 } // namespace vor
 
 extern "C" {

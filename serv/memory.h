@@ -17,6 +17,7 @@ void vor_free_extra_mem();
 }
 
 namespace vor {
+inline namespace serv {
 
 // count * size + extra in bytes; false if that does not fit 32 bits. Every size that depends on an
 // argument goes through here before it reaches an allocator.
@@ -54,4 +55,5 @@ private:
     void* block_ = nullptr;
 };
 
+} // namespace serv
 } // namespace vor

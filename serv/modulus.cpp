@@ -3,6 +3,7 @@
 // The modulus comes back in st(0) with its 64-bit significand, unrounded: a caller that stores it as
 // a double rounds it then. Two doubles squared stay far inside the extended range, so nothing needs
 // scaling.
+#include "serv/kernel/root_of_squares.h"
 #include "vor_service.h"
 
 #include <math.h>
@@ -18,27 +19,6 @@ int biased_exponent(double x) {
     unsigned long long bits;
     memcpy(&bits, &x, sizeof bits);
     return static_cast<int>(bits >> 52) & kExponentMask;
-}
-
-// sqrt(a*a + b*b) with the precision control at 64 bits; the caller's control word comes back.
-long double root_of_squares(double a, double b) {
-    constexpr unsigned short kPrecision64 = 0x300;
-    unsigned short caller, full;
-    asm volatile("fnstcw %0" : "=m"(caller));
-    full = caller | kPrecision64;
-    long double root;
-    asm volatile("fldcw %[full]\n\t"
-                 "fmul %%st(0), %%st\n\t"
-                 "fxch %%st(1)\n\t"
-                 "fmul %%st(0), %%st\n\t"
-                 "faddp\n\t"
-                 "fsqrt\n\t"
-                 "fldcw %[caller]"
-                 : "=t"(root)
-                 : "0"(static_cast<long double>(a)),
-                   "u"(static_cast<long double>(b)), [full] "m"(full), [caller] "m"(caller)
-                 : "st(1)");
-    return root;
 }
 
 // The overflow flag, by a product that no double holds.
@@ -58,7 +38,7 @@ extern "C" long double vor_serv_hypot(double a, double b) {
     }
     if (exponent_a - exponent_b > kFarApart || exponent_b - exponent_a > kFarApart)
         return fabsl(a) + fabsl(b);
-    const long double modulus = root_of_squares(a, b);
+    const long double modulus = vor::root_of_squares(a, b);
     if (modulus >= 0x1p1024L) raise_overflow();
     return modulus;
 }

@@ -8,6 +8,7 @@
 #include <stdlib.h>
 
 namespace vor {
+inline namespace serv {
 
 int cfg_file_readed = 0;
 int cfg_check = 1;
@@ -20,6 +21,7 @@ void apply_settings() {
     if (get_cfg_serial() == 0) VOR_SET_PARALLEL();
 }
 
+} // namespace serv
 } // namespace vor
 
 extern "C" int vor_cfg_file(int keep_defaults) {

@@ -2,6 +2,7 @@
 #pragma once
 
 namespace vor {
+inline namespace serv {
 
 // Owned by settings.cpp, changed only inside vor_cfg_file. No lock: two threads in a first call both
 // parse the file and store the same values, and the flag is set last.
@@ -19,6 +20,7 @@ int read_config_file(int keep_defaults);
 void apply_settings();
 #pragma GCC visibility pop
 
+} // namespace serv
 } // namespace vor
 
 extern "C" {

@@ -4,6 +4,7 @@
 #include <cpuid.h>
 
 namespace vor {
+inline namespace serv {
 
 struct CpuidWords {
     unsigned eax, ebx, ecx, edx;
@@ -20,4 +21,5 @@ inline long long time_stamp() {
     return static_cast<long long>(__builtin_ia32_rdtsc());
 }
 
+} // namespace serv
 } // namespace vor

@@ -48,10 +48,10 @@ auto caller(void (*routine)(P...)) {
 }
 
 std::vector<Both> routines_of(char type) {
-#define BOTH(p, P, T, op, OP, list, LIST)                                                          \
-    {{#p, #op, true, VOR_NAMES(ARGS_##LIST, true)},                                                \
-     caller<false>(p##op),                                                                         \
-     caller<true>(cblas_##p##op)},
+#define BOTH(letter, op, check, T, tests, LIST, report)                                            \
+    {{#letter, #op, true, VOR_NAMES(ARGS_##LIST, true)},                                           \
+     caller<false>(letter##op),                                                                    \
+     caller<true>(cblas_##letter##op)},
     static const std::vector<Both> all = {VOR_CHECKED_ROUTINES(BOTH)};
     std::vector<Both> some;
     for (const Both& routine : all)

@@ -70,10 +70,10 @@ auto caller(void (*routine)(A...)) {
 }
 
 const std::vector<Tested>& routines(bool for_c) {
-#define CHECK(p, P, T, op, OP, list, LIST)                                                         \
-    {{#p, #op, false, VOR_NAMES(ARGS_##LIST, false)}, caller(vor_blas_errchk_##p##op)},
-#define FOR_C(p, P, T, op, OP, list, LIST)                                                         \
-    {{#p, #op, true, VOR_NAMES(ARGS_##LIST, true)}, caller(cblas_##p##op)},
+#define CHECK(letter, op, check, T, tests, LIST, report)                                           \
+    {{#letter, #op, false, VOR_NAMES(ARGS_##LIST, false)}, caller(check)},
+#define FOR_C(letter, op, check, T, tests, LIST, report)                                           \
+    {{#letter, #op, true, VOR_NAMES(ARGS_##LIST, true)}, caller(cblas_##letter##op)},
     static const std::vector<Tested> checks = {VOR_CHECKED_ROUTINES(CHECK)};
     static const std::vector<Tested> all_for_c = {VOR_CHECKED_ROUTINES(FOR_C)};
     return for_c ? all_for_c : checks;
