@@ -6,6 +6,7 @@
 set -u
 cd "$(dirname "$0")/.."
 status=0
+strict=no # yes once every folder has come over to the rules that only report below
 
 mapfile -t sources < <(git ls-files -co --exclude-standard '*.cpp' '*.h' '*.c')
 if [ "${1:-}" = --format ]; then
@@ -16,6 +17,11 @@ fi
 fault() {
     echo "lint: $1" >&2
     status=1
+}
+
+# A fault of a rule that some folders have not come over to yet.
+later() {
+    if [ $strict = yes ]; then fault "$1"; else echo "lint, to come: $1" >&2; fi
 }
 
 clang-format --dry-run -Werror "${sources[@]}" || fault "formatting: run ./dev format"
@@ -29,5 +35,15 @@ if grep -nE '#include <(iostream|string|vector|memory|map|functional)>' \
     $(git ls-files -co --exclude-standard 'serv/*' 'blas/*' 'dft/*' 'spblas/*' 'signal/*' 'gmp/*'); then
     fault "the shared object does without the C++ runtime library"
 fi
+# What knows the processor, and what starts threads, keeps to its rooms.
+level=$(grep -nE '#include <[a-z]mmintrin|\basm\b|__asm__|\b_mm_|#pragma omp' \
+    $(git ls-files -co --exclude-standard '*.cpp' '*.h' |
+        grep -E '^(serv|blas|dft|spblas|signal|gmp)/' |
+        grep -vE '/kernel/|^serv/team\.h$'))
+if [ -n "$level" ]; then
+    cut -d: -f1 <<<"$level" | uniq -c >&2
+    later "vector code, assembler and parallel regions outside kernel/, arith/ and serv/team.h"
+fi
+tests/names.py missing || later "exported names that no line defines whole"
 for script in dev .ci/run tests/lint.sh; do bash -n "$script" || fault "$script"; done
 exit $status
