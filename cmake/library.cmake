@@ -31,12 +31,16 @@ target_compile_options(vor_k1 PRIVATE
     # The processor level. Callers may come with a stack aligned to 4 bytes only.
     -march=pentium3 -mfpmath=sse -mtune=generic -mstackrealign
     -O2 -ffp-contract=off -fno-math-errno -fopenmp
-    -fno-exceptions -fno-rtti -fno-threadsafe-statics -fno-asynchronous-unwind-tables
+    -fno-exceptions -fno-rtti -fno-threadsafe-statics
+    # No exceptions inside, but those of a program's own xerbla_ pass through, and so do backtraces.
+    -fasynchronous-unwind-tables
     -fno-semantic-interposition -fno-stack-protector)
 target_link_options(vor_k1 PRIVATE
     -nostartfiles -nostdlib -Wl,--version-script=${vor_version_script}
     -Wl,-Bsymbolic-functions -Wl,--dynamic-list=${PROJECT_BINARY_DIR}/interposable.list
-    -Wl,-z,defs -Wl,-z,noexecstack -Wl,-z,text -Wl,-z,relro -Wl,-z,now)
+    -Wl,-z,defs -Wl,-z,noexecstack -Wl,-z,text -Wl,-z,relro -Wl,-z,now
+    # Threads of the OpenMP runtime and blocks kept for reuse outlive a dlclose: so does the object.
+    -Wl,-z,nodelete)
 target_link_libraries(vor_k1 PRIVATE $<BUILD_INTERFACE:vor_warnings> gomp m c gcc)
 set_target_properties(vor_k1 PROPERTIES
     LINK_DEPENDS "${vor_version_script}"

@@ -5,6 +5,7 @@
 // and first characters are read, arrays never.
 #pragma once
 
+#include "serv/lsame.h"
 #include "vor_service.h"
 
 #include <stddef.h>
@@ -20,8 +21,7 @@ inline int integer(Arguments arguments, int number) {
 }
 // The upper-case first character of an option.
 inline char option(Arguments arguments, int number) {
-    const char c = *static_cast<const char*>(arguments[number - 1]);
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    return upper(*static_cast<const char*>(arguments[number - 1]));
 }
 
 struct Test {

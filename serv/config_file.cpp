@@ -2,16 +2,23 @@
 //
 // One key a line, `key = value`. Blanks, tabs and case do not matter, a line that matches no key is
 // passed over, a later line overrides an earlier one. The search order is $VOR_CFG_FILE (a file, or a
-// directory that holds vor.cfg), else "vor.cfg" in the same way, then the elements of $PATH.
+// directory that holds vor.cfg), else "vor.cfg" in the same way, then the elements of $PATH. The search
+// ends at the first thing that can be opened and is no directory; nothing is read from a pipe, terminal
+// or device, nor from beyond 64 KiB, so that no file can hold up the first call.
+//
+// A process with more rights than its caller (AT_SECURE) reads no file: it obeys nothing that the caller
+// could have chosen.
 #include "serv/config_file.h"
+#include "serv/lsame.h"
 #include "serv/settings.h"
 #include "vor_service.h"
 
-#include <ctype.h>
-#include <stdio.h>
+#include <fcntl.h>
 #include <stdlib.h>
 #include <string.h>
+#include <sys/auxv.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 // Kernel and sibling libraries of the product family, by processor level. The library loads none of
 // them: the names are data for whoever asks.
@@ -31,9 +38,10 @@ const char* dll_def_names_ias[1] = {"libvor_ias.so"};
 
 namespace {
 
-constexpr size_t kText = 4096; // paths, names and one piece of a line, terminator included
+constexpr size_t kText = 4096;  // paths, names and one piece of a line, terminator included
+constexpr size_t kFile = 65536; // what is read of a file
 
-// The names in force. Filled while the file is read (under the gate's one-shot flag), read by nobody.
+// The names in force. Filled by a reading that asks for them, read by nobody.
 char dll_cfg_names[5][kText];
 char dll_cfg_names_v[5][kText];
 char dll_cfg_names_l[2][kText];
@@ -58,35 +66,59 @@ void copy_names(char (&to)[n][kText], const char* const (&from)[n]) {
     for (size_t i = 0; i < n; ++i) strcpy(to[i], from[i]);
 }
 
-// The stream of a file; null for a directory and for what cannot be opened.
-FILE* open_file(const char* path) {
-    FILE* file = fopen(path, "rt");
+constexpr int kNone = -1; // no file
+
+// The descriptor of what is no directory; kNone for a directory and for what cannot be opened.
+int open_file(const char* path) {
+    const int file = open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
     struct stat status;
-    if (file && stat(path, &status) == 0 && S_ISDIR(status.st_mode)) {
-        fclose(file);
-        return nullptr;
-    }
-    return file;
+    if (file < 0 || fstat(file, &status) != 0 || !S_ISDIR(status.st_mode)) return file;
+    close(file);
+    return kNone;
 }
 
 // Text that the reader works on; too much for the stack of a small thread.
 struct Texts {
-    char path[kText], clean[kText], raw[kText];
+    char path[kText], clean[kText], raw[kText], file[kFile];
 };
 
-FILE* open_config(char (&path)[kText]) {
-    const char* from_environment = getenv("VOR_CFG_FILE");
+int open_config(char (&path)[kText]) {
+    const char* from_environment = secure_getenv("VOR_CFG_FILE");
     const bool given = from_environment && *from_environment;
     const char* start = given ? from_environment : "vor.cfg";
     static constexpr char kInside[] = "/vor.cfg";
     if (strlen(start) + sizeof kInside <= kText) { // a longer value is passed over
         strcpy(path, start);
-        if (FILE* file = open_file(path)) return file;
+        if (const int file = open_file(path); file >= 0) return file;
         strcat(path, kInside);
-        if (FILE* file = open_file(path)) return file;
+        if (const int file = open_file(path); file >= 0) return file;
     }
-    if (!SearchPath(nullptr, "vor.cfg", nullptr, kText, path, nullptr)) return nullptr;
-    return fopen(path, "rt");
+    if (!SearchPath(nullptr, "vor.cfg", nullptr, kText, path, nullptr)) return kNone;
+    return open_file(path);
+}
+
+// What a regular file holds, as far as there is room; the number of bytes.
+size_t contents(int file, char (&text)[kFile]) {
+    struct stat status;
+    if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode)) return 0;
+    size_t length = 0;
+    while (length < kFile) {
+        const ssize_t count = read(file, text + length, kFile - length);
+        if (count <= 0) break;
+        length += static_cast<size_t>(count);
+    }
+    return length;
+}
+
+// Copies the next line, or as much of a longer one as there is room for, terminated; returns its end.
+const char* take_line(const char* from, const char* end, char (&line)[kText]) {
+    size_t length = 0;
+    while (from < end && length < kText - 1) {
+        line[length++] = *from;
+        if (*from++ == '\n') break;
+    }
+    line[length] = '\0';
+    return from;
 }
 
 // The text behind `key` at the start of the cleaned line; null if the line has another key.
@@ -104,21 +136,23 @@ void take_names(const char* clean, const char* raw) {
     }
 }
 
-void take_settings(const char* clean) {
+void take_settings(const char* clean, vor::Settings& settings) {
     if (const char* value = value_of(clean, "vor_input_check=")) {
-        if (!strcmp(value, "on")) vor::cfg_check = 1;
-        if (!strcmp(value, "off")) vor::cfg_check = 0;
+        if (!strcmp(value, "on")) settings.check = 1;
+        if (!strcmp(value, "off")) settings.check = 0;
     }
     if (const char* value = value_of(clean, "vor_serial=")) {
-        if (!strcmp(value, "yes")) vor::cfg_serial = 1;
-        if (!strcmp(value, "no")) vor::cfg_serial = 0;
-        if (!strcmp(value, "omp")) vor::cfg_serial = 2;
+        if (!strcmp(value, "yes")) settings.serial = 1;
+        if (!strcmp(value, "no")) settings.serial = 0;
+        if (!strcmp(value, "omp")) settings.serial = 2;
     }
 }
 
-void read_lines(FILE* file, int keep_defaults, Texts& texts) {
+void read_lines(Texts& texts, size_t length, int keep_defaults, vor::Settings& settings) {
     char *clean = texts.clean, *raw = texts.raw;
-    while (fgets(clean, kText, file)) {
+    const char* const end = texts.file + length;
+    for (const char* next = texts.file; next < end;) {
+        next = take_line(next, end, texts.clean);
         strcpy(raw, clean);
         remove_cr(raw);
         remove_trailing_space(raw);
@@ -128,26 +162,35 @@ void read_lines(FILE* file, int keep_defaults, Texts& texts) {
         remove_cr(clean);
         strlwr_vor(clean);
         if (keep_defaults == 0) take_names(clean, raw);
-        take_settings(clean);
+        take_settings(clean, settings);
     }
 }
 
-} // namespace
-
-int vor::read_config_file(int keep_defaults) {
+void default_names() {
     copy_names(dll_cfg_names, dll_def_names);
     copy_names(dll_cfg_names_v, dll_def_names_v);
     copy_names(dll_cfg_names_l, dll_def_names_l);
     copy_names(dll_cfg_names_ias, dll_def_names_ias);
+}
+
+bool has_rights_of_its_own() {
+    return getauxval(AT_SECURE) != 0;
+}
+
+} // namespace
+
+int vor::read_config_file(int keep_defaults, Settings& settings) {
+    if (keep_defaults == 0) default_names();
+    if (has_rights_of_its_own()) return -1;
     Texts* texts = static_cast<Texts*>(malloc(sizeof(Texts)));
     if (!texts) return -1;
-    FILE* file = open_config(texts->path);
-    if (file) {
-        read_lines(file, keep_defaults, *texts);
-        fclose(file);
+    const int file = open_config(texts->path);
+    if (file >= 0) {
+        read_lines(*texts, contents(file, texts->file), keep_defaults, settings);
+        close(file);
     }
     free(texts);
-    return file ? 0 : -1;
+    return file >= 0 ? 0 : -1;
 }
 
 extern "C" int dll_cpu_version() {
@@ -156,7 +199,7 @@ extern "C" int dll_cpu_version() {
 
 extern "C" unsigned SearchPath(const char*, const char* name, const char*, unsigned, char* buffer,
                                char**) {
-    const char* path = getenv("PATH");
+    const char* path = secure_getenv("PATH");
     if (!path) path = "";
     static constexpr char kHere[] = ":./:"; // the current directory is the last element
     const size_t length_of_all = strlen(path) + sizeof kHere;
@@ -177,8 +220,8 @@ extern "C" unsigned SearchPath(const char*, const char* name, const char*, unsig
         strcpy(tried, element);
         if (element[end - 1] != '.' && element[end - 1] != '/') strcat(tried, "/");
         strcat(tried, name);
-        if (FILE* file = open_file(tried)) {
-            fclose(file);
+        if (const int file = open_file(tried); file >= 0) {
+            close(file);
             strcpy(buffer, tried);
             length = static_cast<unsigned>(strlen(buffer));
             break;
@@ -207,5 +250,5 @@ extern "C" void remove_space(char* text) {
 }
 
 extern "C" void strlwr_vor(char* text) {
-    for (; *text; ++text) *text = static_cast<char>(tolower(static_cast<unsigned char>(*text)));
+    for (; *text; ++text) *text = vor::lower(*text);
 }

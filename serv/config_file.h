@@ -6,5 +6,5 @@ extern "C" {
 void remove_cr(char* text);             // one LF or CR at the end
 void remove_trailing_space(char* text); // blanks and tabs at the end
 void remove_space(char* text);          // every blank and tab
-void strlwr_vor(char* text);            // tolower on each character
+void strlwr_vor(char* text);            // ASCII letters to lower case
 }

@@ -12,7 +12,13 @@ inline namespace serv {
 // that it sets, if it sets one, into the environment. With the file read and no mode set there is
 // nothing to do, and that is all that is tested here.
 [[gnu::always_inline]] inline void run_frame() {
-    if (__builtin_expect(cfg_file_readed != 1 || cfg_serial != 2, 0)) apply_settings();
+    const bool read = __atomic_load_n(&cfg_file_readed, __ATOMIC_ACQUIRE) == 1;
+    if (__builtin_expect(!read || __atomic_load_n(&cfg_serial, __ATOMIC_RELAXED) != 2, 0))
+        apply_settings();
+}
+
+inline bool checks_on() {
+    return __atomic_load_n(&cfg_check, __ATOMIC_RELAXED) == 1;
 }
 
 } // namespace serv
@@ -64,7 +70,7 @@ inline namespace serv {
 #define VOR_CHECKED_ENTRY(lower, UPPER, engine, check, PARAMS, ARGS)                               \
     extern "C" void lower PARAMS {                                                                 \
         ::vor::run_frame();                                                                        \
-        if (::vor::cfg_check == 1 && check ARGS != 0) return;                                      \
+        if (::vor::checks_on() && check ARGS != 0) return;                                         \
         engine ARGS;                                                                               \
     }                                                                                              \
     VOR_ALIASES(void, lower, UPPER, lower, PARAMS)

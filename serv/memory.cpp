@@ -8,6 +8,7 @@
 // block in front; all scans stop at mem_banks_used.
 #include "serv/memory.h"
 #include "serv/entry.h"
+#include "serv/fork.h"
 #include "serv/threads.h"
 
 #include <stdlib.h>
@@ -121,11 +122,12 @@ void* allocate_locked(unsigned size, unsigned thread) {
 } // namespace
 
 extern "C" void VOR_read_env() {
+    vor::survive_fork();
     vor_serv_lock();
     if (env_readed != 1) {
-        disable_fast_mm = getenv("VOR_DISABLE_FAST_MM") || getenv("VOR_MM_DISABLE");
-        NUMA = getenv("VOR_MM_NUMA_MODE") != nullptr;
-        if (const char* text = getenv("VOR_MM_MAX_THREADS")) {
+        disable_fast_mm = secure_getenv("VOR_DISABLE_FAST_MM") || secure_getenv("VOR_MM_DISABLE");
+        NUMA = secure_getenv("VOR_MM_NUMA_MODE") != nullptr;
+        if (const char* text = secure_getenv("VOR_MM_MAX_THREADS")) {
             const int threads = atoi(text);
             if (threads > 0)
                 max_mem_nonused = static_cast<unsigned>(

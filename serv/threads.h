@@ -10,3 +10,12 @@ void vor_serv_unlock();
 void vor_serv_dft_lock();
 void vor_serv_dft_unlock();
 }
+
+namespace vor {
+inline namespace serv {
+
+// From here on the answer is serial: in the child of a fork, before anything else runs there.
+[[gnu::visibility("hidden")]] void stay_serial();
+
+} // namespace serv
+} // namespace vor

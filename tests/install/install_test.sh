@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# install_test.sh CMAKE BUILD SOURCE: installs into a scratch folder, moves the tree, and is a user of
+# install_test.sh CMAKE BUILD SOURCE GENERATOR: installs into a scratch folder, moves the tree, and is a user of
 # it there: through pkg-config in C and Fortran, through find_package in C++, through the tool.
 set -eu
 cmake=$1 build=$2 source=$3
+export CMAKE_GENERATOR=$4 # what builds this tree is there; what CMake would choose may not be
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 prefix=$scratch/moved

@@ -5,8 +5,8 @@
 
 names         exactly the names of the list EXPORTS are exported, and all spellings of one routine
               (names that differ in case and closing underscores only) stand at one address
-needs         SONAME, and no library but libc, libm and the OpenMP runtime
-sections      no text relocation, no executable stack, nothing that runs at load
+needs         SONAME, no library but libc, libm and the OpenMP runtime, no answer from the locale
+sections      no text relocation, no executable stack, nothing that runs at load; stays loaded
 instructions  no instruction above the SSE level
 
 Every fault is one line; exit status 1 if there is one.
@@ -74,6 +74,9 @@ def needs(library, _):
     for name in re.findall(r"\(NEEDED\).*\[(.*)\]", dynamic):
         if not re.match(r"(libc\.so\.6|libm\.so\.6|libgomp\.so\.1)$", name):
             yield "needs " + name
+    for name in re.findall(r"UND (__ctype\w*|to(?:upp|low)er|is[a-z]+|strn?casecmp|strcoll)\b",
+                           run("readelf", "-W", "--dyn-syms", library)):
+        yield "depends on the locale: " + name
 
 
 def sections(library, _):
@@ -81,6 +84,8 @@ def sections(library, _):
     for tag in ("TEXTREL", "(INIT)", "(INIT_ARRAY)", "(PREINIT_ARRAY)", "(FINI)", "(FINI_ARRAY)"):
         if tag in dynamic:
             yield "dynamic section has " + tag
+    if not re.search(r"FLAGS_1.*NODELETE", dynamic):
+        yield "goes away with dlclose"
     stack = re.search(r"GNU_STACK.*", run("readelf", "-W", "-l", library))
     if not stack or re.search(r"\bR?WE\b", stack.group()):
         yield "the stack is executable"

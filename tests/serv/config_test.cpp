@@ -2,7 +2,10 @@
 // printed as: checks, mode, 0.
 #include "tests/serv/probe.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 using vor::test::expect_answers;
 using vor::test::Folder;
@@ -97,6 +100,62 @@ TEST(Config, ElementsOfThePath) {
     expect_answers(folder, {{"PATH=a", "search here", "6 ./here"},
                             {"PATH=", "search here", "6 ./here"},
                             {"", "search here", "6 ./here"}});
+}
+
+// What is no regular file is found, and nothing is read from it; of a large file the beginning counts.
+TEST(Config, NoFileHoldsUpTheFirstCall) {
+    const Folder folder;
+    folder.write("vor.cfg", yes);
+    ASSERT_EQ(mkfifo((folder.path() + "/pipe").c_str(), 0600), 0);
+    for (const std::string file : {"@/pipe", "/dev/zero", "/dev/null", "/dev/tty0"})
+        if (access(file[0] == '@' ? folder.path().c_str() : file.c_str(), R_OK) == 0)
+            expect_answers(folder, {{"VOR_CFG_FILE=" + file, "gate 1 settings", "0 " + kDefaults}});
+    const std::string lines(65536 - yes.size(), '\n');
+    folder.write("fits", lines + yes + no);
+    folder.write("ends", lines + "\n\n" + yes);
+    expect_answers(folder, {{"VOR_CFG_FILE=@/fits", "gate 1 settings", "0 " + kSerial},
+                            {"VOR_CFG_FILE=@/ends", "gate 1 settings", "0 " + kDefaults}});
+}
+
+TEST(Config, TheFirstCallKeepsErrno) {
+    const Folder folder;
+    expect_answers(folder, {{"VOR_CFG_FILE=missing", "errno_kept", "77"}});
+}
+
+// Threads in their first calls see the settings of the file, however many of them read it. The way to the
+// file is long, and so is the file behind its keys: some threads search while others have done.
+TEST(Config, FirstCallsOfManyThreadsAgree) {
+    const Folder folder;
+    folder.write("vor.cfg", no + "vor_input_check=off\n" + std::string(60000, '\n'));
+    std::string path;
+    for (int i = 0; i < 4000; ++i) path += "/none:";
+    for (int round = 0; round < 20; ++round)
+        expect_answers(folder, {{"VOR_CFG_FILE=missing;PATH=" + path + "@:", "first_calls", "0"}});
+}
+
+// A program with the rights of another user obeys neither file nor variables of its caller.
+TEST(Config, NothingIsObeyedWithForeignRights) {
+    constexpr unsigned kNobody = 65534;
+    const Folder folder;
+    const std::string program = folder.write("probe", "");
+    std::filesystem::copy_file(VOR_PROBE, program,
+                               std::filesystem::copy_options::overwrite_existing);
+    if (geteuid() != 0 || chown(program.c_str(), kNobody, kNobody) != 0 ||
+        chmod(program.c_str(), 04755) != 0 || chmod(folder.path().c_str(), 0755) != 0)
+        GTEST_SKIP() << "no rights to give away";
+    folder.write("vor.cfg", "vor_serial=no\nvor_input_check=off\n");
+    const std::vector<std::string> environment = {"VOR_CFG_FILE=" + folder.path() + "/vor.cfg",
+                                                  "PATH=" + folder.path(), "VOR_SERIAL=NO",
+                                                  "OMP_NUM_THREADS=2", "VOR_DISABLE_FAST_MM="};
+    const auto ask = [&](const char* question) {
+        return vor::test::run(
+                   {program, question, "gate", "1", "settings", "in_serial", "keep", "1000", "1"},
+                   environment, folder.path())
+            .out;
+    };
+    const std::string answer = ask("secure");
+    if (answer.substr(0, 2) != "1 ") GTEST_SKIP() << "the file system gives no rights: " << answer;
+    EXPECT_EQ(answer, "1 -1 " + kDefaults + " 1 1199 1 1 ");
 }
 
 TEST(Config, TheGateOpensOnce) {

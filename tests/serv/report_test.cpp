@@ -49,9 +49,10 @@ TEST(Report, Forms) {
     }
 }
 
-TEST(Interposition, OnlyTheReportsGoToTheProgram) {
+TEST(Interposition, OnlyTheReportsGoToTheProgramAndMayLeaveByAnException) {
     const Outcome o = run({VOR_INTERPOSER});
-    EXPECT_EQ(o.out, "report cblas_zsyr2k 9\nlsame -1\nin_serial 1\n");
+    EXPECT_EQ(o.out, "report cblas_zsyr2k 9\nlsame -1\nin_serial 1\nreport DGEMM  4\ncaught 4\n"
+                     "report cblas_dgemv 3\ncaught 3\n");
     EXPECT_EQ(o.err, "");
     EXPECT_EQ(o.status, 0);
 }

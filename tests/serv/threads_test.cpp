@@ -3,6 +3,7 @@
 #include "tests/serv/probe.h"
 #include "vor_service.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <pthread.h>
 #include <thread>
@@ -77,5 +78,33 @@ TEST(Locks, KeepThreadsApartAndAreTwo) {
         a.join();
         b.join();
         EXPECT_EQ(count, 2 * kRounds);
+    }
+}
+
+// A child finds no lock held, however busy the parent's other threads were, and stays on one thread: its
+// OpenMP runtime would wait for threads that are not there.
+TEST(Fork, ChildrenGoOnAlone) {
+    const Folder folder;
+    expect_answers(folder, {{"", "hammer forks 50", "50"},
+                            {"OMP_NUM_THREADS=2", "in_serial fork in_serial", "0 1"},
+                            {"OMP_NUM_THREADS=2", "fork in_serial", "0"}});
+    const std::string twice = vor::test::probe("products 37f 1f80 products 37f 1f80", {}, "/");
+    EXPECT_EQ(vor::test::probe("products 37f 1f80 fork products 37f 1f80", {"OMP_NUM_THREADS=2"}),
+              twice);
+}
+
+// The threads of a team compute as the caller's thread does: extended and double precision, rounding to
+// the nearest and upward, denormals kept and flushed to zero.
+TEST(Teams, ComputeUnderTheWordsOfTheCaller) {
+    std::vector<std::string> seen;
+    for (const std::string words : {"37f 1f80", "27f 1f80", "b7f 5f80", "37f 9f80"}) {
+        // Threads begin with the words of the one that starts them: a first product starts them all.
+        const std::string commands = "products 37f 1f80 products " + words;
+        const std::string alone = vor::test::probe(commands);
+        for (const std::string threads : {"2", "3"})
+            EXPECT_EQ(vor::test::probe(commands, {"OMP_NUM_THREADS=" + threads}), alone)
+                << words << ", " << threads << " threads";
+        EXPECT_EQ(std::count(seen.begin(), seen.end(), alone), 0) << words << " make no difference";
+        seen.push_back(alone);
     }
 }
