@@ -3,6 +3,7 @@
 #include "blas/kernel/gemm_lanes.h"
 #include "serv/entry.h"
 
+namespace vor::blas {
 namespace {
 
 constexpr int kPair = 2;
@@ -28,24 +29,26 @@ inline void pair(const float* a, const float* b, float* c) {
         im1 = _mm_add_ps(im1, _mm_mul_ps(_mm_load_ps(a + 16 * q + 8), x));
         re1 = _mm_sub_ps(re1, _mm_mul_ps(_mm_load_ps(a + 16 * q + 12), x));
     }
-    _mm_store_ps(c, _mm_add_ps(vor::sums_of_lanes(re0, im0, re1, im1), _mm_load_ps(c)));
+    _mm_store_ps(c, _mm_add_ps(sums_of_lanes(re0, im0, re1, im1), _mm_load_ps(c)));
 }
 
 template <int M, int K>
-void kernel(int n, const float* a, const float* b, int ldb, vor::cfloat* c, int step) {
+void kernel(int n, const float* a, const float* b, int ldb, cfloat* c, int step) {
     for (int j = 0; j < n; ++j, b += 2 * ldb, c += step)
         for (int i = 0; i < M; i += kPair) pair<K>(a + i * 2 * K, b, &c[i].re);
 }
 
 } // namespace
 
-#define KERNEL(M, K)                                                                               \
-    VOR_ENGINE void vor_blas_cin##M##_##K PARAMS_GEMM_KERNEL_C {                                   \
+#define KERNEL(name, M, K)                                                                         \
+    VOR_ENGINE void name PARAMS_GEMM_KERNEL_C {                                                    \
         static_cast<void>(k);                                                                      \
         kernel<M, K>(*n, apanel, bpanel, *ldbp, cblock, M + *ldc - *m);                            \
     }
-KERNEL(8, 64)
-KERNEL(4, 64)
-KERNEL(8, 48)
-KERNEL(8, 32)
-KERNEL(8, 16)
+KERNEL(vor_blas_cin8_64, 8, 64)
+KERNEL(vor_blas_cin4_64, 4, 64)
+KERNEL(vor_blas_cin8_48, 8, 48)
+KERNEL(vor_blas_cin8_32, 8, 32)
+KERNEL(vor_blas_cin8_16, 8, 16)
+
+} // namespace vor::blas

@@ -1,10 +1,10 @@
 // Inner kernels of sgemm: contract in gemm_kernels.h.
+#include "arith/lanes.h"
 #include "blas/kernel/gemm_columns.h"
 #include "blas/kernel/gemm_kernels.h"
 #include "serv/entry.h"
 
-#include <xmmintrin.h>
-
+namespace vor::blas {
 namespace {
 
 constexpr int kGroup = 16;
@@ -36,25 +36,27 @@ inline void group(const float* a, const float* b, float* c, __m128* spread) {
 template <int M, int K>
 inline void kernel(int n, const float* apanel, const float* b, int ldb, float* c, int ldc) {
     __m128 spread[K];
-    vor::by_columns<M, K, kGroup>(n, apanel, b, ldb, c, ldc,
-                                  [&](const float* a, const float* x, float* y) {
-                                      if (M == kGroup)
-                                          group<K, Spread::use>(a, x, y, spread);
-                                      else if (a == apanel)
-                                          group<K, Spread::keep>(a, x, y, spread);
-                                      else
-                                          group<K, Spread::load>(a, x, y, spread);
-                                  });
+    column_by_column<M, K, kGroup>(n, apanel, b, ldb, c, ldc,
+                                   [&](const float* a, const float* x, float* y) {
+                                       if (M == kGroup)
+                                           group<K, Spread::use>(a, x, y, spread);
+                                       else if (a == apanel)
+                                           group<K, Spread::keep>(a, x, y, spread);
+                                       else
+                                           group<K, Spread::load>(a, x, y, spread);
+                                   });
 }
 
 } // namespace
 
-#define KERNEL(M, K)                                                                               \
-    VOR_ENGINE void vor_blas_sin##M##_##K PARAMS_GEMM_KERNEL(float) {                              \
+#define KERNEL(name, M, K)                                                                         \
+    VOR_ENGINE void name PARAMS_GEMM_KERNEL(float) {                                               \
         kernel<M, K>(*n, apanel, b, *ldb, c, *ldc);                                                \
     }
-KERNEL(32, 64)
-KERNEL(16, 64)
-KERNEL(32, 48)
-KERNEL(32, 32)
-KERNEL(32, 16)
+KERNEL(vor_blas_sin32_64, 32, 64)
+KERNEL(vor_blas_sin16_64, 16, 64)
+KERNEL(vor_blas_sin32_48, 32, 48)
+KERNEL(vor_blas_sin32_32, 32, 32)
+KERNEL(vor_blas_sin32_16, 32, 16)
+
+} // namespace vor::blas
