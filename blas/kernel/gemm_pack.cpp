@@ -16,6 +16,7 @@ namespace vor::blas {
 namespace {
 
 constexpr int kLine = 64; // bytes
+constexpr int kAhead = 8; // columns
 
 // A vector holds kLanes<T> elements.
 template <class T>
@@ -105,8 +106,10 @@ void pack_a(Op op, const T* a, int lda, int m, int k, int depth, T* pack, F valu
         return;
     }
     for (int l = 0; l < k; ++l, a += lda, pack += G) {
-        // The line of the next column: its distance may be too large for the hardware to guess.
-        prefetch(a + lda);
+        // The columns may lie too far apart for the hardware to guess, and a column takes less time
+        // than memory. Behind the last one there may be nothing: a prefetch does not fault.
+        for (int i = 0; i < m; i += kLine / static_cast<int>(sizeof(T)))
+            prefetch(a + kAhead * lda + i);
         for (int i = 0; i < m; i += G)
             for (int r = 0; r < G; r += kLanes<T>)
                 store_vector(pack + i * depth + r, value(load_vector(a + i + r)));

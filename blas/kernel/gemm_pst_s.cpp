@@ -39,7 +39,8 @@ inline void by_columns(int n, F work) {
 // ---- One row.
 
 template <int S>
-inline void row(int k, float alpha, Operand<float> a, Operand<float> b, float* c, int ldc) {
+[[gnu::noinline]] void row(int k, float alpha, Operand<float> a, Operand<float> b, float* c,
+                           int ldc) {
     float sum[S] = {};
     for (int l = 0; l < k; ++l, ++b.at)
 #pragma GCC unroll 4
@@ -58,7 +59,8 @@ void rows(int m, int n, int k, float alpha, Operand<float> a, Operand<float> b, 
 // ---- A as stored: a vector holds four rows.
 
 template <int V, int S>
-inline void tile_down(int k, float alpha, Operand<float> a, Operand<float> b, float* c, int ldc) {
+[[gnu::noinline]] void tile_down(int k, float alpha, Operand<float> a, Operand<float> b, float* c,
+                                 int ldc) {
     __m128 sum[S][V];
     for (auto& column : sum)
         for (auto& x : column) x = _mm_setzero_ps();

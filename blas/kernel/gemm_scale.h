@@ -2,7 +2,7 @@
 // beta = 1 nothing happens.
 #pragma once
 
-#include "arith/number.h"
+#include "arith/lanes.h"
 
 #include <string.h>
 
@@ -19,6 +19,12 @@ template <class T>
 constexpr T scaled(T x, T y) {
     using W = work_t<T>;
     return element<T>(number<W>(x) * number<W>(y));
+}
+
+// Whether 1 * x + y is x + y for all floats: not while subnormal results are flushed to zero. (With
+// nothing to add, a signalling NaN tells.)
+inline bool one_is_neutral() {
+    return _MM_GET_FLUSH_ZERO_MODE() == _MM_FLUSH_ZERO_OFF;
 }
 
 // All bits 0 is the number 0 in every type. In a short column a call would cost more than the stores;

@@ -90,17 +90,17 @@ void edge(const Product<T>& p, const Part& x) {
     post_by(GemmLeaves<T>::edge, p, x);
 }
 
-// The s engine multiplies by a beta of 1 as well.
+// C := beta * C in front of a sum over k terms. The s engine multiplies by a beta of 1 as well, where that
+// can be told from leaving C alone.
 template <class T>
-void scale(int m, int n, T beta, T* c, int ldc) {
+void scale(int m, int n, int, T beta, T* c, int ldc) {
     scale_matrix(m, n, beta, c, ldc);
 }
 template <>
-void scale(int m, int n, float beta, float* c, int ldc) {
-    if (beta == 0)
-        vor_blas_sscalmz(&m, &n, c, &ldc);
-    else
-        vor_blas_sscalm(&m, &n, &beta, c, &ldc);
+void scale(int m, int n, int k, float beta, float* c, int ldc) {
+    if (beta == 0) return vor_blas_sscalmz(&m, &n, c, &ldc);
+    if (beta == 1 && k > 0 && one_is_neutral()) return;
+    vor_blas_sscalm(&m, &n, &beta, c, &ldc);
 }
 
 // ---- The passes.
@@ -138,7 +138,7 @@ private:
 
     // All full steps in k of one block of C.
     void block(Part x) {
-        scale(x.m, x.n, *p.beta, p.c_at(x.i, x.j), p.ldc);
+        scale(x.m, x.n, p.k, *p.beta, p.c_at(x.i, x.j), p.ldc);
         for (; x.l + x.k <= p.k; x.l += x.k) {
             Part rest = x;
             if (x.m >= Leaves::least_rows) {
@@ -232,7 +232,7 @@ template <class T>
 bool trivial(int m, int n, T alpha, T beta, T* c, int ldc) {
     if (m < 1 || n < 1) return true;
     if (!is_zero(alpha)) return false;
-    if (!is_one(beta)) scale(m, n, beta, c, ldc);
+    if (!is_one(beta)) scale(m, n, 0, beta, c, ldc);
     return true;
 }
 
@@ -245,7 +245,7 @@ bool small(int m, int k) {
 // The post-passes alone.
 template <class T>
 void multiply_plain PARAMS_XGEMM(T) {
-    scale(*m, *n, *beta, c, *ldc);
+    scale(*m, *n, *k, *beta, c, *ldc);
     if (*k > 0)
         post_by(GemmLeaves<T>::post, op_of<T>(*transa), op_of<T>(*transb), m, n, k, alpha, a, lda,
                 b, ldb, c, ldc);
