@@ -55,6 +55,15 @@ constexpr bool is_one(T x) {
         return x == 1;
 }
 
+// The element with real part x and, if it is complex, no imaginary one.
+template <class T>
+constexpr T real_element(real_t<T> x) {
+    if constexpr (is_complex<T>)
+        return {x, 0};
+    else
+        return x;
+}
+
 template <class T>
 constexpr T conjugated(T x) {
     if constexpr (is_complex<T>)

@@ -3,10 +3,14 @@
 
 #include "serv/lsame.h"
 
-namespace vor {
+namespace vor::blas {
 
 inline bool is_letter(const char* argument, char upper) {
     return vor_serv_lsame(argument, &upper, 1, 1) != 0;
 }
 
-} // namespace vor
+} // namespace vor::blas
+
+namespace vor {
+using blas::is_letter;
+}

@@ -3,6 +3,7 @@
 #include "blas/kernel/gemm_kernels.h"
 #include "serv/entry.h"
 
+namespace vor::blas {
 namespace {
 
 constexpr int kGroup = 4;
@@ -32,13 +33,15 @@ inline void group(const double* a, const double* b, double* c) {
 
 } // namespace
 
-#define KERNEL(M, K)                                                                               \
-    VOR_ENGINE void vor_blas_din##M##_##K PARAMS_GEMM_KERNEL(double) {                             \
-        vor::by_columns<M, K, kGroup>(*n, apanel, b, *ldb, c, *ldc, group<K>);                     \
+#define KERNEL(name, M, K)                                                                         \
+    VOR_ENGINE void name PARAMS_GEMM_KERNEL(double) {                                              \
+        column_by_column<M, K, kGroup>(*n, apanel, b, *ldb, c, *ldc, group<K>);                    \
     }
-KERNEL(16, 64)
-KERNEL(8, 64)
-KERNEL(4, 64)
-KERNEL(16, 48)
-KERNEL(32, 32)
-KERNEL(32, 16)
+KERNEL(vor_blas_din16_64, 16, 64)
+KERNEL(vor_blas_din8_64, 8, 64)
+KERNEL(vor_blas_din4_64, 4, 64)
+KERNEL(vor_blas_din16_48, 16, 48)
+KERNEL(vor_blas_din32_32, 32, 32)
+KERNEL(vor_blas_din32_16, 32, 16)
+
+} // namespace vor::blas

@@ -3,7 +3,7 @@
 
 #include <xmmintrin.h>
 
-namespace vor {
+namespace vor::blas {
 
 // The four lanes of each of four vectors added as (0 + 2) + (1 + 3): one sum in each lane.
 inline __m128 sums_of_lanes(__m128 x0, __m128 x1, __m128 x2, __m128 x3) {
@@ -12,4 +12,4 @@ inline __m128 sums_of_lanes(__m128 x0, __m128 x1, __m128 x2, __m128 x3) {
     return _mm_add_ps(_mm_movelh_ps(low, high), _mm_movehl_ps(high, low));
 }
 
-} // namespace vor
+} // namespace vor::blas

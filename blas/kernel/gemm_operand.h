@@ -4,9 +4,14 @@
 
 #include "arith/element.h"
 
-namespace vor {
+namespace vor::blas {
 
 enum class Op { plain, transposed, conjugated };
+
+// Its place in a table of routines.
+constexpr int index_of(Op op) {
+    return static_cast<int>(op);
+}
 
 // N and n leave the matrix as it is, T and t transpose it, every other character transposes and
 // conjugates it; a real matrix knows no conjugation.
@@ -33,4 +38,4 @@ struct Operand {
     }
 };
 
-} // namespace vor
+} // namespace vor::blas

@@ -7,27 +7,23 @@
 // Each product is to be formed where it is written: one that waits takes the register of a sum.
 #pragma GCC optimize("no-tree-ter")
 
-#include "arith/x87.h"
+#include "arith/number.h"
 #include "blas/kernel/gemm_kernels.h"
 #include "blas/kernel/gemm_operand.h"
 #include "serv/entry.h"
 
+namespace vor::blas {
 namespace {
-
-using vor::cdouble;
-using vor::loaded;
-using vor::Op;
-using vor::Operand;
 
 // ---- Extended precision: R rows and S columns of sums are live together.
 
 template <int R, int S, class T>
 inline void tile(int k, T alpha, Operand<T> a, Operand<T> b, T* c, int ldc) {
-    long double sum[S][R] = {};
+    extended sum[S][R] = {};
     for (int l = 0; l < k; ++l, a.at += a.column, b.at += b.row)
 #pragma GCC unroll 4
         for (int s = 0; s < S; ++s) {
-            const long double y = b(0, s);
+            const extended y = b(0, s);
 #pragma GCC unroll 4
             for (int r = 0; r < R - 1; ++r) sum[s][r] += loaded(a(r, 0)) * y;
             sum[s][R - 1] += a(R - 1, 0) * y;
@@ -49,7 +45,7 @@ void rows(int n, int k, T alpha, Operand<T> a, Operand<T> b, T* c, int ldc) {
 
 // Four sums hide the latency of the addition.
 template <class T>
-void extended(int m, int n, int k, T alpha, Operand<T> a, Operand<T> b, T* c, int ldc) {
+void sums_of_rows(int m, int n, int k, T alpha, Operand<T> a, Operand<T> b, T* c, int ldc) {
     const int fours = m & ~3;
     for (int j = 0; j < n; ++j)
         for (int i = 0; i < fours; i += 4)
@@ -66,8 +62,8 @@ void extended(int m, int n, int k, T alpha, Operand<T> a, Operand<T> b, T* c, in
 
 // sum + a * y, or minus it.
 template <bool Minus>
-inline void add(long double& sum, const double& a, long double y) {
-    const long double x = loaded(a) * y;
+inline void add(extended& sum, const double& a, extended y) {
+    const extended x = loaded(a) * y;
     if constexpr (Minus)
         sum -= x;
     else
@@ -78,11 +74,11 @@ inline void add(long double& sum, const double& a, long double y) {
 template <int R, int S, bool ConjA, bool ConjB>
 inline void complex_tile(int k, cdouble alpha, Operand<cdouble> a, Operand<cdouble> b, cdouble* c,
                          int ldc) {
-    long double re[S][R] = {}, im[S][R] = {};
+    extended re[S][R] = {}, im[S][R] = {};
     for (int l = 0; l < k; ++l, a.at += a.column, b.at += b.row)
 #pragma GCC unroll 2
         for (int s = 0; s < S; ++s) {
-            const long double yr = b(0, s).re;
+            const extended yr = b(0, s).re;
 #pragma GCC unroll 2
             for (int r = 0; r < R; ++r) {
                 add<false>(re[s][r], a(r, 0).re, yr);
@@ -90,7 +86,7 @@ inline void complex_tile(int k, cdouble alpha, Operand<cdouble> a, Operand<cdoub
             }
             // a is loaded again: kept in a register it would cost one of the sums its own.
             asm volatile("" ::: "memory");
-            const long double yi = b(0, s).im;
+            const extended yi = b(0, s).im;
 #pragma GCC unroll 2
             for (int r = 0; r < R; ++r) {
                 add<ConjA == ConjB>(re[s][r], a(r, 0).im, yi);
@@ -102,8 +98,7 @@ inline void complex_tile(int k, cdouble alpha, Operand<cdouble> a, Operand<cdoub
 #pragma GCC unroll 2
         for (int r = 0; r < R; ++r) {
             cdouble& x = c[s * ldc + r];
-            x = {static_cast<double>(re[s][r] * alpha.re - im[s][r] * alpha.im + x.re),
-                 static_cast<double>(re[s][r] * alpha.im + im[s][r] * alpha.re + x.im)};
+            x = element<cdouble>(cextended{re[s][r], im[s][r]} * widen(alpha) + widen(x));
         }
 }
 
@@ -127,35 +122,37 @@ void complex_rows(int m, int n, int k, cdouble alpha, Operand<cdouble> a, Operan
 
 } // namespace
 
-#define POST(name, T, way, op_a, op_b)                                                             \
-    VOR_ENGINE void vor_blas_##name PARAMS_GEMM_POST(T) {                                          \
-        way(*m, *n, *k, *alpha, Operand<T>(Op::op_a, a, *lda), Operand<T>(Op::op_b, b, *ldb), c,   \
-            *ldc);                                                                                 \
+#define POST(name, T, op_a, op_b)                                                                  \
+    VOR_ENGINE void name PARAMS_GEMM_POST(T) {                                                     \
+        sums_of_rows(*m, *n, *k, *alpha, Operand<T>(Op::op_a, a, *lda),                            \
+                     Operand<T>(Op::op_b, b, *ldb), c, *ldc);                                      \
     }
-POST(dpst_nnk, double, extended, plain, plain)
-POST(dpst_ntk, double, extended, plain, transposed)
-POST(dpst_tnk, double, extended, transposed, plain)
-POST(dpst_ttk, double, extended, transposed, transposed)
-POST(dpst_nnm, double, extended, plain, plain)
-POST(dpst_ntm, double, extended, plain, transposed)
-POST(dpst_tnm, double, extended, transposed, plain)
-POST(dpst_ttm, double, extended, transposed, transposed)
-POST(spst_ntk, float, extended, plain, transposed)
-POST(spst_ttk, float, extended, transposed, transposed)
+POST(vor_blas_dpst_nnk, double, plain, plain)
+POST(vor_blas_dpst_ntk, double, plain, transposed)
+POST(vor_blas_dpst_tnk, double, transposed, plain)
+POST(vor_blas_dpst_ttk, double, transposed, transposed)
+POST(vor_blas_dpst_nnm, double, plain, plain)
+POST(vor_blas_dpst_ntm, double, plain, transposed)
+POST(vor_blas_dpst_tnm, double, transposed, plain)
+POST(vor_blas_dpst_ttm, double, transposed, transposed)
+POST(vor_blas_spst_ntk, float, plain, transposed)
+POST(vor_blas_spst_ttk, float, transposed, transposed)
 
-#define COMPLEX_POST(letters, op_a, op_b)                                                          \
-    VOR_ENGINE void vor_blas_zpst_##letters PARAMS_XGEMM(cdouble) {                                \
+#define COMPLEX_POST(name, op_a, op_b)                                                             \
+    VOR_ENGINE void name PARAMS_XGEMM(cdouble) {                                                   \
         static_cast<void>(transa), static_cast<void>(transb), static_cast<void>(beta);             \
         complex_rows<Op::op_a == Op::conjugated, Op::op_b == Op::conjugated>(                      \
             *m, *n, *k, *alpha, Operand<cdouble>(Op::op_a, a, *lda),                               \
             Operand<cdouble>(Op::op_b, b, *ldb), c, *ldc);                                         \
     }
-COMPLEX_POST(nn, plain, plain)
-COMPLEX_POST(nt, plain, transposed)
-COMPLEX_POST(nc, plain, conjugated)
-COMPLEX_POST(tn, transposed, plain)
-COMPLEX_POST(tt, transposed, transposed)
-COMPLEX_POST(tc, transposed, conjugated)
-COMPLEX_POST(cn, conjugated, plain)
-COMPLEX_POST(ct, conjugated, transposed)
-COMPLEX_POST(cc, conjugated, conjugated)
+COMPLEX_POST(vor_blas_zpst_nn, plain, plain)
+COMPLEX_POST(vor_blas_zpst_nt, plain, transposed)
+COMPLEX_POST(vor_blas_zpst_nc, plain, conjugated)
+COMPLEX_POST(vor_blas_zpst_tn, transposed, plain)
+COMPLEX_POST(vor_blas_zpst_tt, transposed, transposed)
+COMPLEX_POST(vor_blas_zpst_tc, transposed, conjugated)
+COMPLEX_POST(vor_blas_zpst_cn, conjugated, plain)
+COMPLEX_POST(vor_blas_zpst_ct, conjugated, transposed)
+COMPLEX_POST(vor_blas_zpst_cc, conjugated, conjugated)
+
+} // namespace vor::blas

@@ -5,76 +5,40 @@
 // im im. A vector holds two rows, real and imaginary part side by side, so that one register
 // accumulates the products with the real parts of b and another those with the imaginary ones; the
 // sums are combined, and conjugation enters as their signs, once at the end.
+#include "blas/kernel/complex_rows.h"
 #include "blas/kernel/gemm_kernels.h"
 #include "blas/kernel/gemm_operand.h"
 #include "blas/kernel/gemm_scale.h"
 #include "serv/entry.h"
 
-#include <xmmintrin.h>
-
+namespace vor::blas {
 namespace {
-
-using vor::cfloat;
-using vor::Op;
-using vor::Operand;
-
-inline __m128 exchange_parts(__m128 x) {
-    return _mm_shuffle_ps(x, x, _MM_SHUFFLE(2, 3, 0, 1));
-}
-
-// A factor for two complex numbers in one vector.
-struct Factor {
-    __m128 re, im; // im with the signs of a product
-
-    explicit Factor(cfloat x) : re(_mm_set1_ps(x.re)), im(_mm_setr_ps(-x.im, x.im, -x.im, x.im)) {}
-    __m128 times(__m128 x) const {
-        return _mm_add_ps(_mm_mul_ps(x, re), _mm_mul_ps(exchange_parts(x), im));
-    }
-};
 
 // How a finished sum enters C: the signs of the products with re(b) and, parts exchanged, of those
 // with im(b); then C := alpha * sum, plus C, plus beta * C.
 struct Finish {
     __m128 by_re_sign, by_im_sign;
-    Factor alpha, beta;
+    RowFactor alpha, beta;
     enum { overwrite, add, scale_and_add } way;
 };
-
-inline const __m64* half(const cfloat* x) {
-    return reinterpret_cast<const __m64*>(x);
-}
-
-// R rows of a column, one behind the other.
-template <int R>
-inline __m128 load(const cfloat* x) {
-    return R == 2 ? _mm_loadu_ps(&x->re) : _mm_loadl_pi(_mm_setzero_ps(), half(x));
-}
-
-template <int R>
-inline void store(cfloat* x, __m128 value) {
-    if constexpr (R == 2)
-        _mm_storeu_ps(&x->re, value);
-    else
-        _mm_storel_pi(reinterpret_cast<__m64*>(x), value);
-}
 
 template <int R>
 inline void finish(__m128 by_re, __m128 by_im, const Finish& how, cfloat* c) {
     const __m128 sum = _mm_add_ps(_mm_xor_ps(by_re, how.by_re_sign),
-                                  _mm_xor_ps(exchange_parts(by_im), how.by_im_sign));
+                                  _mm_xor_ps(swap_parts(by_im), how.by_im_sign));
     __m128 result = how.alpha.times(sum);
     if (how.way != Finish::overwrite) {
-        const __m128 old = load<R>(c);
+        const __m128 old = load_rows<R>(c);
         result = _mm_add_ps(result, how.way == Finish::add ? old : how.beta.times(old));
     }
-    store<R>(c, result);
+    store_rows<R>(c, result);
 }
 
 // Row i of one column of op(A), and with R = 2 the next one; Down: they stand one behind the other.
 template <int R, bool Down>
-inline __m128 load_rows(const Operand<cfloat>& a, int i) {
-    if constexpr (R == 1 || Down) return load<R>(&a(i, 0));
-    return _mm_loadh_pi(load<1>(&a(i, 0)), half(&a(i + 1, 0)));
+inline __m128 rows_from(const Operand<cfloat>& a, int i) {
+    if constexpr (R == 1 || Down) return load_rows<R>(&a(i, 0));
+    return _mm_loadh_pi(load_rows<1>(&a(i, 0)), half(&a(i + 1, 0)));
 }
 
 // P vectors of R rows of one column.
@@ -88,7 +52,7 @@ inline void tile(int k, Operand<cfloat> a, const cfloat* b, int step, const Fini
         const __m128 re = _mm_set1_ps(b->re), im = _mm_set1_ps(b->im);
 #pragma GCC unroll 2
         for (int p = 0; p < P; ++p) {
-            const __m128 x = load_rows<R, Down>(a, 2 * p);
+            const __m128 x = rows_from<R, Down>(a, 2 * p);
             by_re[p] = _mm_add_ps(by_re[p], _mm_mul_ps(x, re));
             by_im[p] = _mm_add_ps(by_im[p], _mm_mul_ps(x, im));
         }
@@ -100,8 +64,9 @@ inline void tile(int k, Operand<cfloat> a, const cfloat* b, int step, const Fini
 // m rows, each column of b in turn. Out of line: the members of `how` then stay in memory and leave the
 // registers to the sums.
 template <bool Down>
-[[gnu::noinline]] void product(int m, int n, int k, const Operand<cfloat>& a,
-                               const Operand<cfloat>& b, const Finish& how, cfloat* c, int ldc) {
+[[gnu::noinline]] void multiply_rows(int m, int n, int k, const Operand<cfloat>& a,
+                                     const Operand<cfloat>& b, const Finish& how, cfloat* c,
+                                     int ldc) {
     for (int j = 0; j < n; ++j, c += ldc) {
         const cfloat* column = &b(0, j);
         int i = 0;
@@ -120,16 +85,18 @@ __m128 signs(bool re, bool im) {
 } // namespace
 
 VOR_ENGINE void vor_blas_cgemmpst PARAMS_XGEMM(cfloat) {
-    if (vor::is_zero(*alpha)) return vor::scale_matrix(*m, *n, *beta, c, *ldc);
-    const Op op_a = vor::op_of<cfloat>(*transa), op_b = vor::op_of<cfloat>(*transb);
+    if (is_zero(*alpha)) return scale_matrix(*m, *n, *beta, c, *ldc);
+    const Op op_a = op_of<cfloat>(*transa), op_b = op_of<cfloat>(*transb);
     const bool conj_a = op_a == Op::conjugated, conj_b = op_b == Op::conjugated;
-    const auto way = vor::is_zero(*beta)  ? Finish::overwrite
-                     : vor::is_one(*beta) ? Finish::add
-                                          : Finish::scale_and_add;
+    const auto way = is_zero(*beta)  ? Finish::overwrite
+                     : is_one(*beta) ? Finish::add
+                                     : Finish::scale_and_add;
     // re re - im im, or plus if one operand is conjugated; im re and re im with the sign of theirs.
-    const Finish how{signs(false, conj_a), signs(conj_a == conj_b, conj_b), Factor(*alpha),
-                     Factor(*beta), way};
-    (op_a == Op::plain ? product<true> : product<false>)(*m, *n, *k, Operand<cfloat>(op_a, a, *lda),
-                                                         Operand<cfloat>(op_b, b, *ldb), how, c,
-                                                         *ldc);
+    const Finish how{signs(false, conj_a), signs(conj_a == conj_b, conj_b), RowFactor(*alpha),
+                     RowFactor(*beta), way};
+    (op_a == Op::plain ? multiply_rows<true>
+                       : multiply_rows<false>)(*m, *n, *k, Operand<cfloat>(op_a, a, *lda),
+                                               Operand<cfloat>(op_b, b, *ldb), how, c, *ldc);
 }
+
+} // namespace vor::blas

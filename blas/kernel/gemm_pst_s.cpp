@@ -6,6 +6,7 @@
 // four partial sums, one for each l mod 4 counted from the first aligned element, are combined at the
 // end as (0 + 2) + (1 + 3). Terms ahead of that element and behind the last full vector enter the
 // partial sum 0, 1 or 2 of their position.
+#include "arith/lanes.h"
 #include "blas/kernel/gemm_kernels.h"
 #include "blas/kernel/gemm_lanes.h"
 #include "blas/kernel/gemm_operand.h"
@@ -14,15 +15,13 @@
 #include <algorithm>
 #include <stdint.h>
 
+namespace vor::blas {
 namespace {
-
-using vor::Op;
-using vor::Operand;
 
 constexpr int kAlongK = 11; // from here vectors along l pay for their start and end
 
 inline void update(__m128 sum, float alpha, float* c) {
-    _mm_storeu_ps(c, _mm_add_ps(_mm_mul_ps(sum, _mm_set1_ps(alpha)), _mm_loadu_ps(c)));
+    store<false>(c, _mm_add_ps(_mm_mul_ps(sum, _mm_set1_ps(alpha)), load<false>(c)));
 }
 
 inline void update(float sum, float alpha, float* c) {
@@ -40,7 +39,8 @@ inline void by_columns(int n, F work) {
 // ---- One row.
 
 template <int S>
-inline void row(int k, float alpha, Operand<float> a, Operand<float> b, float* c, int ldc) {
+[[gnu::noinline]] void row(int k, float alpha, Operand<float> a, Operand<float> b, float* c,
+                           int ldc) {
     float sum[S] = {};
     for (int l = 0; l < k; ++l, ++b.at)
 #pragma GCC unroll 4
@@ -59,7 +59,8 @@ void rows(int m, int n, int k, float alpha, Operand<float> a, Operand<float> b, 
 // ---- A as stored: a vector holds four rows.
 
 template <int V, int S>
-inline void tile_down(int k, float alpha, Operand<float> a, Operand<float> b, float* c, int ldc) {
+[[gnu::noinline]] void tile_down(int k, float alpha, Operand<float> a, Operand<float> b, float* c,
+                                 int ldc) {
     __m128 sum[S][V];
     for (auto& column : sum)
         for (auto& x : column) x = _mm_setzero_ps();
@@ -69,7 +70,7 @@ inline void tile_down(int k, float alpha, Operand<float> a, Operand<float> b, fl
             const __m128 y = _mm_set1_ps(b(0, s));
 #pragma GCC unroll 4
             for (int v = 0; v < V; ++v)
-                sum[s][v] = _mm_add_ps(sum[s][v], _mm_mul_ps(_mm_loadu_ps(a.at + 4 * v), y));
+                sum[s][v] = _mm_add_ps(sum[s][v], _mm_mul_ps(load<false>(a.at + 4 * v), y));
         }
 #pragma GCC unroll 4
     for (int s = 0; s < S; ++s)
@@ -105,8 +106,8 @@ inline void tile_gathered(int k, float alpha, Operand<float> a, Operand<float> b
     };
     int l = 0;
     for (; l + 4 <= k; l += 4) {
-        __m128 x0 = _mm_loadu_ps(&a(0, l)), x1 = _mm_loadu_ps(&a(1, l));
-        __m128 x2 = _mm_loadu_ps(&a(2, l)), x3 = _mm_loadu_ps(&a(3, l));
+        __m128 x0 = load<false>(&a(0, l)), x1 = load<false>(&a(1, l));
+        __m128 x2 = load<false>(&a(2, l)), x3 = load<false>(&a(3, l));
         _MM_TRANSPOSE4_PS(x0, x1, x2, x3);
         step(x0, l);
         step(x1, l + 1);
@@ -134,13 +135,13 @@ inline __m128 dots(int k, const float* x, const float* y, int step) {
     int l = 0;
     for (; l < ahead; ++l) add_single(l);
     for (; l + 4 <= k; l += 4) {
-        const __m128 factor = _mm_load_ps(x + l);
+        const __m128 factor = load<true>(x + l);
 #pragma GCC unroll 4
         for (int r = 0; r < 4; ++r)
-            sum[r] = _mm_add_ps(sum[r], _mm_mul_ps(_mm_loadu_ps(y + r * step + l), factor));
+            sum[r] = _mm_add_ps(sum[r], _mm_mul_ps(load<false>(y + r * step + l), factor));
     }
     for (; l < k; ++l) add_single(l);
-    return vor::sums_of_lanes(sum[0], sum[1], sum[2], sum[3]);
+    return sums_of_lanes(sum[0], sum[1], sum[2], sum[3]);
 }
 
 void across(int m, int n, int k, float alpha, Operand<float> a, Operand<float> b, float* c,
@@ -164,7 +165,7 @@ void across(int m, int n, int k, float alpha, Operand<float> a, Operand<float> b
             const int count = std::min(4, n - j);
             float sum[4];
             if (count == 4)
-                _mm_storeu_ps(sum, dots(k, &a(i, 0), &b(0, j), b.column));
+                store<false>(sum, dots(k, &a(i, 0), &b(0, j), b.column));
             else
                 for (int s = 0; s < count; ++s)
                     _mm_store_ss(sum + s, dots(k, &a(i, 0), &b(0, j + s), 0));
@@ -175,9 +176,11 @@ void across(int m, int n, int k, float alpha, Operand<float> a, Operand<float> b
 } // namespace
 
 #define POST(name, way, op_a)                                                                      \
-    VOR_ENGINE void vor_blas_##name PARAMS_GEMM_POST(float) {                                      \
+    VOR_ENGINE void name PARAMS_GEMM_POST(float) {                                                 \
         way(*m, *n, *k, *alpha, Operand<float>(Op::op_a, a, *lda),                                 \
             Operand<float>(Op::plain, b, *ldb), c, *ldc);                                          \
     }
-POST(spst_nnk, down, plain)
-POST(spst_tnk, across, transposed)
+POST(vor_blas_spst_nnk, down, plain)
+POST(vor_blas_spst_tnk, across, transposed)
+
+} // namespace vor::blas

@@ -1,11 +1,12 @@
 // The scaling of C in the s engine: contract in gemm_scale.h.
 #include "blas/kernel/gemm_scale.h"
+#include "arith/lanes.h"
 #include "serv/entry.h"
 
-#include <xmmintrin.h>
+namespace vor::blas {
 
 VOR_ENGINE void vor_blas_sscalmz(const int* m, const int* n, float* c, const int* ldc) {
-    vor::zero_matrix(*m, *n, c, *ldc);
+    zero_matrix(*m, *n, c, *ldc);
 }
 
 VOR_ENGINE void vor_blas_sscalm(const int* m, const int* n, const float* beta, float* c,
@@ -14,7 +15,9 @@ VOR_ENGINE void vor_blas_sscalm(const int* m, const int* n, const float* beta, f
     const __m128 factor = _mm_set1_ps(*beta);
     for (int j = 0; j < *n; ++j, c += *ldc) {
         int i = 0;
-        for (; i + 4 <= rows; i += 4) _mm_storeu_ps(c + i, _mm_mul_ps(_mm_loadu_ps(c + i), factor));
+        for (; i + 4 <= rows; i += 4) store<false>(c + i, _mm_mul_ps(load<false>(c + i), factor));
         for (; i < rows; ++i) c[i] *= *beta;
     }
 }
+
+} // namespace vor::blas

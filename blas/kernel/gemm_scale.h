@@ -2,7 +2,7 @@
 // beta = 1 nothing happens.
 #pragma once
 
-#include "arith/element.h"
+#include "arith/lanes.h"
 
 #include <string.h>
 
@@ -12,19 +12,19 @@ void vor_blas_sscalmz(const int* m, const int* n, float* c, const int* ldc);
 void vor_blas_sscalm(const int* m, const int* n, const float* beta, float* c, const int* ldc);
 }
 
-namespace vor {
+namespace vor::blas {
 
 // x * y in the arithmetic of the type: float rounds at every operation, double once, at the end.
 template <class T>
-constexpr T product(T x, T y) {
-    using Wide = std::conditional_t<std::is_same_v<real_t<T>, float>, float, long double>;
-    if constexpr (is_complex<T>) {
-        const Wide re = x.re, im = x.im;
-        return {static_cast<real_t<T>>(re * y.re - im * y.im),
-                static_cast<real_t<T>>(re * y.im + im * y.re)};
-    } else {
-        return static_cast<T>(static_cast<Wide>(x) * y);
-    }
+constexpr T scaled(T x, T y) {
+    using W = work_t<T>;
+    return element<T>(number<W>(x) * number<W>(y));
+}
+
+// Whether 1 * x + y is x + y for all floats: not while subnormal results are flushed to zero. (With
+// nothing to add, a signalling NaN tells.)
+inline bool one_is_neutral() {
+    return _MM_GET_FLUSH_ZERO_MODE() == _MM_FLUSH_ZERO_OFF;
 }
 
 // All bits 0 is the number 0 in every type. In a short column a call would cost more than the stores;
@@ -49,7 +49,7 @@ void scale_matrix(int m, int n, T beta, T* c, int ldc) {
     if (is_one(beta)) return;
     if (is_zero(beta)) return zero_matrix(m, n, c, ldc);
     for (int j = 0; j < n; ++j)
-        for (int i = 0; i < m; ++i) c[i + j * ldc] = product(c[i + j * ldc], beta);
+        for (int i = 0; i < m; ++i) c[i + j * ldc] = scaled(c[i + j * ldc], beta);
 }
 
-} // namespace vor
+} // namespace vor::blas

@@ -3,9 +3,8 @@
 #include "blas/kernel/gemm_kernels.h"
 #include "serv/entry.h"
 
+namespace vor::blas {
 namespace {
-
-using vor::cdouble;
 
 constexpr int kGroup = 2;
 
@@ -84,16 +83,18 @@ inline void pair(const cdouble* a, const cdouble* b, cdouble* c, const Scale& sc
 
 } // namespace
 
-#define KERNEL(M, K)                                                                               \
-    VOR_ENGINE void vor_blas_zin##M##_##K PARAMS_GEMM_KERNEL_Z(cdouble) {                          \
+#define KERNEL(name, M, K)                                                                         \
+    VOR_ENGINE void name PARAMS_GEMM_KERNEL_Z(cdouble) {                                           \
         const Scale scale(alpha);                                                                  \
-        vor::by_columns<M, K, kGroup>(*n, apanel, b, *ldb, c, *ldc,                                \
-                                      [&scale](const cdouble* x, const cdouble* y, cdouble* z) {   \
-                                          pair<K>(x, y, z, scale);                                 \
-                                      });                                                          \
+        const auto group = [&scale](const cdouble* x, const cdouble* y, cdouble* z) {              \
+            pair<K>(x, y, z, scale);                                                               \
+        };                                                                                         \
+        column_by_column<M, K, kGroup>(*n, apanel, b, *ldb, c, *ldc, group);                       \
     }
-KERNEL(16, 32)
-KERNEL(8, 32)
-KERNEL(4, 32)
-KERNEL(16, 24)
-KERNEL(32, 16)
+KERNEL(vor_blas_zin16_32, 16, 32)
+KERNEL(vor_blas_zin8_32, 8, 32)
+KERNEL(vor_blas_zin4_32, 4, 32)
+KERNEL(vor_blas_zin16_24, 16, 24)
+KERNEL(vor_blas_zin32_16, 32, 16)
+
+} // namespace vor::blas

@@ -1,9 +1,10 @@
 // The dense square temporary of the routines that store one triangle.
 #pragma once
 
+#include "arith/element.h"
 #include "serv/memory.h"
 
-namespace vor {
+namespace vor::blas {
 
 // The side of a diagonal block: a temporary of that size stays in the second-level cache.
 inline constexpr int kDenseBlock = 128;
@@ -22,4 +23,10 @@ private:
     T small_[kSmallBlock * kSmallBlock];
 };
 
-} // namespace vor
+// What stands on the other side of the diagonal.
+template <bool Hermitian, class T>
+constexpr T mirrored(T x) {
+    return Hermitian ? conjugated(x) : x;
+}
+
+} // namespace vor::blas

@@ -5,10 +5,9 @@
 #include "serv/entry.h"
 #include "vor_blas.h"
 
-#define GEMM(p, P, T)                                                                              \
-    VOR_CHECKED_ENTRY(p##gemm, P##GEMM, vor_blas_##p##gemm, vor_blas_errchk_##p##gemm,             \
-                      PARAMS_GEMM(T), ARGS_GEMM)
-GEMM(s, S, float)
-GEMM(d, D, double)
-GEMM(c, C, vor::cfloat)
-GEMM(z, Z, vor::cdouble)
+#define GEMM(name, NAME, engine, check, T)                                                         \
+    VOR_CHECKED_ENTRY(name, NAME, engine, check, PARAMS_GEMM(T), ARGS_GEMM)
+GEMM(sgemm, SGEMM, vor_blas_sgemm, vor_blas_errchk_sgemm, float)
+GEMM(dgemm, DGEMM, vor_blas_dgemm, vor_blas_errchk_dgemm, double)
+GEMM(cgemm, CGEMM, vor_blas_cgemm, vor_blas_errchk_cgemm, vor::cfloat)
+GEMM(zgemm, ZGEMM, vor_blas_zgemm, vor_blas_errchk_zgemm, vor::cdouble)

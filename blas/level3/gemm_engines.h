@@ -23,3 +23,33 @@ void vor_blas_xzgemm PARAMS_XGEMM(vor::cdouble);
 void vor_blas_xdgemm_1 PARAMS_XGEMM_1(double);
 void vor_blas_xzgemm_1 PARAMS_XGEMM_1(vor::cdouble);
 }
+
+namespace vor::blas {
+
+template <class T>
+struct GemmEngine;
+template <>
+struct GemmEngine<float> {
+    static constexpr auto run = vor_blas_xsgemm;
+};
+template <>
+struct GemmEngine<double> {
+    static constexpr auto run = vor_blas_xdgemm;
+};
+template <>
+struct GemmEngine<cfloat> {
+    static constexpr auto run = vor_blas_xcgemm;
+};
+template <>
+struct GemmEngine<cdouble> {
+    static constexpr auto run = vor_blas_xzgemm;
+};
+
+// A matrix product on arguments by value.
+template <class T>
+inline void multiply(char transa, char transb, int m, int n, int k, T alpha, const T* a, int lda,
+                     const T* b, int ldb, T beta, T* c, int ldc) {
+    GemmEngine<T>::run(&transa, &transb, &m, &n, &k, &alpha, a, &lda, b, &ldb, &beta, c, &ldc);
+}
+
+} // namespace vor::blas

@@ -1,53 +1,33 @@
-// The serial engines of the structured Level 3 routines, and the matrix product that all of them are
-// made of.
+// The serial engines of the structured Level 3 routines.
 #pragma once
 
 #include "blas/level3/gemm_engines.h"
 
-#define VOR_LEVEL3_ENGINES(p, T)                                                                   \
-    void vor_blas_x##p##trsm PARAMS_XTRMM(T);                                                      \
-    void vor_blas_x##p##trmm PARAMS_XTRMM(T);                                                      \
-    void vor_blas_x##p##symm PARAMS_XSYMM(T);                                                      \
-    void vor_blas_x##p##syrk PARAMS_XRANK_K(T, T);                                                 \
-    void vor_blas_x##p##syr2k PARAMS_XRANK_2K(T, T);
-#define VOR_HERMITIAN_ENGINES(p, T)                                                                \
-    void vor_blas_x##p##hemm PARAMS_XSYMM(T);                                                      \
-    void vor_blas_x##p##herk PARAMS_XRANK_K(T, vor::real_t<T>);                                    \
-    void vor_blas_x##p##her2k PARAMS_XRANK_2K(T, vor::real_t<T>);
-
 extern "C" {
-VOR_LEVEL3_ENGINES(s, float)
-VOR_LEVEL3_ENGINES(d, double)
-VOR_LEVEL3_ENGINES(c, vor::cfloat)
-VOR_LEVEL3_ENGINES(z, vor::cdouble)
-VOR_HERMITIAN_ENGINES(c, vor::cfloat)
-VOR_HERMITIAN_ENGINES(z, vor::cdouble)
+void vor_blas_xstrsm PARAMS_XTRMM(float);
+void vor_blas_xdtrsm PARAMS_XTRMM(double);
+void vor_blas_xctrsm PARAMS_XTRMM(vor::cfloat);
+void vor_blas_xztrsm PARAMS_XTRMM(vor::cdouble);
+void vor_blas_xstrmm PARAMS_XTRMM(float);
+void vor_blas_xdtrmm PARAMS_XTRMM(double);
+void vor_blas_xctrmm PARAMS_XTRMM(vor::cfloat);
+void vor_blas_xztrmm PARAMS_XTRMM(vor::cdouble);
+void vor_blas_xssymm PARAMS_XSYMM(float);
+void vor_blas_xdsymm PARAMS_XSYMM(double);
+void vor_blas_xcsymm PARAMS_XSYMM(vor::cfloat);
+void vor_blas_xzsymm PARAMS_XSYMM(vor::cdouble);
+void vor_blas_xchemm PARAMS_XSYMM(vor::cfloat);
+void vor_blas_xzhemm PARAMS_XSYMM(vor::cdouble);
+void vor_blas_xssyrk PARAMS_XRANK_K(float, float);
+void vor_blas_xdsyrk PARAMS_XRANK_K(double, double);
+void vor_blas_xcsyrk PARAMS_XRANK_K(vor::cfloat, vor::cfloat);
+void vor_blas_xzsyrk PARAMS_XRANK_K(vor::cdouble, vor::cdouble);
+void vor_blas_xcherk PARAMS_XRANK_K(vor::cfloat, float);
+void vor_blas_xzherk PARAMS_XRANK_K(vor::cdouble, double);
+void vor_blas_xssyr2k PARAMS_XRANK_2K(float, float);
+void vor_blas_xdsyr2k PARAMS_XRANK_2K(double, double);
+void vor_blas_xcsyr2k PARAMS_XRANK_2K(vor::cfloat, vor::cfloat);
+void vor_blas_xzsyr2k PARAMS_XRANK_2K(vor::cdouble, vor::cdouble);
+void vor_blas_xcher2k PARAMS_XRANK_2K(vor::cfloat, float);
+void vor_blas_xzher2k PARAMS_XRANK_2K(vor::cdouble, double);
 }
-#undef VOR_LEVEL3_ENGINES
-#undef VOR_HERMITIAN_ENGINES
-
-namespace vor {
-
-// The element of type T with value x.
-template <class T>
-constexpr T real_element(real_t<T> x) {
-    if constexpr (is_complex<T>)
-        return {x, 0};
-    else
-        return x;
-}
-
-// The serial matrix product on arguments by value: C := alpha * op(A) * op(B) + beta * C.
-template <class T>
-inline void multiply(char transa, char transb, int m, int n, int k, T alpha, const T* a, int lda,
-                     const T* b, int ldb, T beta, T* c, int ldc) {
-    const auto run = [&](auto engine) {
-        engine(&transa, &transb, &m, &n, &k, &alpha, a, &lda, b, &ldb, &beta, c, &ldc);
-    };
-    if constexpr (std::is_same_v<T, float>) run(vor_blas_xsgemm);
-    if constexpr (std::is_same_v<T, double>) run(vor_blas_xdgemm);
-    if constexpr (std::is_same_v<T, cfloat>) run(vor_blas_xcgemm);
-    if constexpr (std::is_same_v<T, cdouble>) run(vor_blas_xzgemm);
-}
-
-} // namespace vor

@@ -10,7 +10,7 @@
 #include "blas/letters.h"
 #include "blas/level3/level3_engines.h"
 
-namespace vor {
+namespace vor::blas {
 
 // C := beta * C in the stored triangle; beta is of T or real. beta = 0: C is not read. The diagonal of a
 // Hermitian C becomes real whatever beta is.
@@ -26,6 +26,15 @@ void scale_triangle(bool upper, int n, S beta, T* c, int ldc) {
         }
         if constexpr (Hermitian) c[j].im = 0;
     }
+}
+
+// A scalar of T, or a real one that stands for it.
+template <class T, class S>
+constexpr T as_element(S x) {
+    if constexpr (std::is_same_v<S, T>)
+        return x;
+    else
+        return real_element<T>(x);
 }
 
 template <class T, bool Hermitian>
@@ -51,14 +60,10 @@ struct RankUpdate {
 
     bool is_empty() const { return is_zero(alpha) || k == 0; }
 
-    T second_alpha() const {
-        T result = alpha;
-        if constexpr (Hermitian) result.im = -result.im;
-        return result;
-    }
+    T second_alpha() const { return Hermitian ? conjugated(alpha) : alpha; }
 
     // The update of a part of C that does not touch the diagonal, by `product`, which has the arguments
-    // of vor::multiply.
+    // of multiply().
     template <class F>
     void rectangle(F product, int i, int rows, int j, int columns, T beta) const {
         const char ta = first_letter(), tb = second_letter();
@@ -72,16 +77,16 @@ struct RankUpdate {
     }
 };
 
-} // namespace vor
+} // namespace vor::blas
 
 // The arguments of PARAMS_RANK_K and PARAMS_RANK_2K. A real alpha of herk becomes a complex one.
-#define RANK_K_UPDATE(T, Hermitian, factor)                                                        \
-    vor::RankUpdate<T, Hermitian> {                                                                \
-        vor::is_letter(uplo, 'U'), vor::is_letter(trans, 'N'), *n, *k, factor, a, *lda, nullptr,   \
-            0, c, *ldc                                                                             \
+#define RANK_K_UPDATE(T, Hermitian)                                                                \
+    ::vor::blas::RankUpdate<T, Hermitian> {                                                        \
+        ::vor::blas::is_letter(uplo, 'U'), ::vor::blas::is_letter(trans, 'N'), *n, *k,             \
+            ::vor::blas::as_element<T>(*alpha), a, *lda, nullptr, 0, c, *ldc                       \
     }
 #define RANK_2K_UPDATE(T, Hermitian)                                                               \
-    vor::RankUpdate<T, Hermitian> {                                                                \
-        vor::is_letter(uplo, 'U'), vor::is_letter(trans, 'N'), *n, *k, *alpha, a, *lda, b, *ldb,   \
-            c, *ldc                                                                                \
+    ::vor::blas::RankUpdate<T, Hermitian> {                                                        \
+        ::vor::blas::is_letter(uplo, 'U'), ::vor::blas::is_letter(trans, 'N'), *n, *k, *alpha, a,  \
+            *lda, b, *ldb, c, *ldc                                                                 \
     }

@@ -18,28 +18,11 @@
 
 #include <algorithm>
 
+namespace vor::blas {
 namespace {
-
-using vor::cdouble;
-using vor::cfloat;
-using vor::RankUpdate;
 
 // Columns of the blocks of a rank-k update, and of the triangles of zherk.
 constexpr int kWideBlock = 128, kDotBlock = 32;
-
-template <class T>
-T sum(T x, T y) {
-    if constexpr (vor::is_complex<T>)
-        return {x.re + y.re, x.im + y.im};
-    else
-        return x + y;
-}
-
-template <bool Conj, class T>
-T conjugate(T x) {
-    if constexpr (Conj) x.im = -x.im;
-    return x;
-}
 
 template <class T, bool Hermitian>
 class Engine : RankUpdate<T, Hermitian> {
@@ -52,7 +35,7 @@ public:
 
     void run() {
         if (b) {
-            vor::DenseBlock<T> dense;
+            DenseBlock<T> dense;
             walk(0, n, dense.size(), [&](int i, int length) {
                 square(i, length, b_at(i), ldb, dense.data(), dense.size());
             });
@@ -64,10 +47,8 @@ public:
 private:
     static constexpr bool kDots = Hermitian && std::is_same_v<T, cdouble>;
     // The x87 kernels take as few as 4 rows, the vector kernels of s 16.
-    static constexpr bool kExtended = std::is_same_v<vor::real_t<T>, double>;
-    static constexpr int kSmallest = kDots       ? kDotBlock
-                                     : kExtended ? vor::kSmallBlock / 2
-                                                 : vor::kSmallBlock;
+    static constexpr bool kExtended = std::is_same_v<real_t<T>, double>;
+    static constexpr int kSmallest = kDots ? kDotBlock : kExtended ? kSmallBlock / 2 : kSmallBlock;
 
     // Diagonal blocks of `size` between first and first + count by diagonal(i, length), and what lies
     // beyond each in its columns.
@@ -77,8 +58,8 @@ private:
         for (int i = first; i < end; i += size) {
             const int length = std::min(size, end - i), behind = i + length;
             diagonal(i, length);
-            this->rectangle(vor::multiply<T>, upper ? first : behind,
-                            upper ? i - first : end - behind, i, length, vor::real_element<T>(1));
+            this->rectangle(multiply<T>, upper ? first : behind, upper ? i - first : end - behind,
+                            i, length, real_element<T>(1));
         }
     }
 
@@ -98,15 +79,14 @@ private:
 
     // Adds a diagonal block's product, and for rank 2k its transposed one, by way of the dense square t.
     void square(int i, int length, const T* other, int ld, T* t, int ldt) {
-        vor::multiply(this->first_letter(), this->second_letter(), length, length, k, alpha,
-                      a_at(i), lda, other, ld, T{}, t, ldt);
+        multiply(this->first_letter(), this->second_letter(), length, length, k, alpha, a_at(i),
+                 lda, other, ld, T{}, t, ldt);
         for (int j = 0; j < length; ++j) {
             const int first = first_row(0, j);
             for (int r = first; r < first + rows(0, length, j); ++r) {
                 T term = t[r + j * ldt];
-                if (b) term = sum(term, conjugate<Hermitian>(t[j + r * ldt]));
-                T& x = *c_at(i + r, i + j);
-                x = sum(x, term);
+                if (b) term += mirrored<Hermitian>(t[j + r * ldt]);
+                *c_at(i + r, i + j) += term;
             }
         }
         make_diagonal_real(i, length);
@@ -137,31 +117,32 @@ private:
 
 template <class T, bool Hermitian, class S>
 void run(const RankUpdate<T, Hermitian>& update, S beta) {
-    if (update.n < 1 || (update.is_empty() && vor::is_one(beta))) return;
-    vor::scale_triangle<Hermitian>(update.upper, update.n, beta, update.c, update.ldc);
+    if (update.n < 1 || (update.is_empty() && is_one(beta))) return;
+    scale_triangle<Hermitian>(update.upper, update.n, beta, update.c, update.ldc);
     if (!update.is_empty()) Engine<T, Hermitian>(update).run();
 }
 
 } // namespace
 
-#define SYMMETRIC(p, T)                                                                            \
-    VOR_ENGINE void vor_blas_x##p##syrk PARAMS_XRANK_K(T, T) {                                     \
-        run(RANK_K_UPDATE(T, false, *alpha), *beta);                                               \
-    }                                                                                              \
-    VOR_ENGINE void vor_blas_x##p##syr2k PARAMS_XRANK_2K(T, T) {                                   \
-        run(RANK_2K_UPDATE(T, false), *beta);                                                      \
+#define RANK_K(name, T, S, Hermitian)                                                              \
+    VOR_ENGINE void name PARAMS_XRANK_K(T, S) {                                                    \
+        run(RANK_K_UPDATE(T, Hermitian), *beta);                                                   \
     }
-SYMMETRIC(s, float)
-SYMMETRIC(d, double)
-SYMMETRIC(c, cfloat)
-SYMMETRIC(z, cdouble)
+#define RANK_2K(name, T, S, Hermitian)                                                             \
+    VOR_ENGINE void name PARAMS_XRANK_2K(T, S) {                                                   \
+        run(RANK_2K_UPDATE(T, Hermitian), *beta);                                                  \
+    }
+RANK_K(vor_blas_xssyrk, float, float, false)
+RANK_K(vor_blas_xdsyrk, double, double, false)
+RANK_K(vor_blas_xcsyrk, cfloat, cfloat, false)
+RANK_K(vor_blas_xzsyrk, cdouble, cdouble, false)
+RANK_K(vor_blas_xcherk, cfloat, float, true)
+RANK_K(vor_blas_xzherk, cdouble, double, true)
+RANK_2K(vor_blas_xssyr2k, float, float, false)
+RANK_2K(vor_blas_xdsyr2k, double, double, false)
+RANK_2K(vor_blas_xcsyr2k, cfloat, cfloat, false)
+RANK_2K(vor_blas_xzsyr2k, cdouble, cdouble, false)
+RANK_2K(vor_blas_xcher2k, cfloat, float, true)
+RANK_2K(vor_blas_xzher2k, cdouble, double, true)
 
-#define HERMITIAN(p, T)                                                                            \
-    VOR_ENGINE void vor_blas_x##p##herk PARAMS_XRANK_K(T, vor::real_t<T>) {                        \
-        run(RANK_K_UPDATE(T, true, vor::real_element<T>(*alpha)), *beta);                          \
-    }                                                                                              \
-    VOR_ENGINE void vor_blas_x##p##her2k PARAMS_XRANK_2K(T, vor::real_t<T>) {                      \
-        run(RANK_2K_UPDATE(T, true), *beta);                                                       \
-    }
-HERMITIAN(c, cfloat)
-HERMITIAN(z, cdouble)
+} // namespace vor::blas

@@ -5,16 +5,14 @@
 #include "serv/entry.h"
 #include "vor_blas.h"
 
-#define SYMM(p, P, T)                                                                              \
-    VOR_CHECKED_ENTRY(p##symm, P##SYMM, vor_blas_##p##symm, vor_blas_errchk_##p##symm,             \
-                      PARAMS_SYMM(T), ARGS_SYMM)
-SYMM(s, S, float)
-SYMM(d, D, double)
-SYMM(c, C, vor::cfloat)
-SYMM(z, Z, vor::cdouble)
+#define SYMM(name, NAME, engine, check, T)                                                         \
+    VOR_CHECKED_ENTRY(name, NAME, engine, check, PARAMS_SYMM(T), ARGS_SYMM)
+SYMM(ssymm, SSYMM, vor_blas_ssymm, vor_blas_errchk_ssymm, float)
+SYMM(dsymm, DSYMM, vor_blas_dsymm, vor_blas_errchk_dsymm, double)
+SYMM(csymm, CSYMM, vor_blas_csymm, vor_blas_errchk_csymm, vor::cfloat)
+SYMM(zsymm, ZSYMM, vor_blas_zsymm, vor_blas_errchk_zsymm, vor::cdouble)
 
-#define HEMM(p, P, T)                                                                              \
-    VOR_CHECKED_ENTRY(p##hemm, P##HEMM, vor_blas_##p##hemm, vor_blas_errchk_##p##hemm,             \
-                      PARAMS_SYMM(T), ARGS_SYMM)
-HEMM(c, C, vor::cfloat)
-HEMM(z, Z, vor::cdouble)
+#define HEMM(name, NAME, engine, check, T)                                                         \
+    VOR_CHECKED_ENTRY(name, NAME, engine, check, PARAMS_SYMM(T), ARGS_SYMM)
+HEMM(chemm, CHEMM, vor_blas_chemm, vor_blas_errchk_chemm, vor::cfloat)
+HEMM(zhemm, ZHEMM, vor_blas_zhemm, vor_blas_errchk_zhemm, vor::cdouble)

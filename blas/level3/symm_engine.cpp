@@ -20,16 +20,8 @@ void vor_blas_sgescal(const int* m, const int* n, const float* beta, float* c, c
 void vor_blas_dgescal(const int* m, const int* n, const double* beta, double* c, const int* ldc);
 }
 
+namespace vor::blas {
 namespace {
-
-using vor::cdouble;
-using vor::cfloat;
-
-template <class T, bool Hermitian>
-T mirrored(T x) {
-    if constexpr (Hermitian) x.im = -x.im;
-    return x;
-}
 
 // The whole of the block of A with the stored triangle at a.
 template <bool Hermitian, class T>
@@ -41,7 +33,7 @@ void fill_block(bool upper, int n, const T* a, int lda, T* block, int ld) {
         for (int i = upper ? 0 : j + 1; i < (upper ? j : n); ++i) {
             const T x = a[i + j * lda];
             block[i + j * ld] = x;
-            block[j + i * ld] = mirrored<T, Hermitian>(x);
+            block[j + i * ld] = mirrored<Hermitian>(x);
         }
     }
 }
@@ -60,7 +52,7 @@ struct Symmetric {
     int ldc;
 
     void run() const {
-        vor::DenseBlock<T> dense;
+        DenseBlock<T> dense;
         const int order = left ? m : n, size = dense.size();
         for (int k = 0; k < order; k += size) {
             const int length = std::min(size, order - k);
@@ -73,7 +65,7 @@ struct Symmetric {
 private:
     // The stored rectangle that links block k to the blocks before it.
     void rectangle(int k, int length) const {
-        const T one = vor::real_element<T>(1);
+        const T one = real_element<T>(1);
         const int row = upper ? 0 : k, rows = upper ? k : length;
         const int column = upper ? k : 0, columns = upper ? length : k;
         const T* const s = a + row + column * lda;
@@ -86,55 +78,46 @@ private:
     void add(char trans, const T* s, int lds, int row, int rows, int column, int columns,
              T scale) const {
         if (left)
-            vor::multiply(trans, 'N', rows, n, columns, alpha, s, lds, b + column, ldb, scale,
-                          c + row, ldc);
+            multiply(trans, 'N', rows, n, columns, alpha, s, lds, b + column, ldb, scale, c + row,
+                     ldc);
         else
-            vor::multiply('N', trans, m, columns, rows, alpha, b + row * ldb, ldb, s, lds, scale,
-                          c + column * ldc, ldc);
+            multiply('N', trans, m, columns, rows, alpha, b + row * ldb, ldb, s, lds, scale,
+                     c + column * ldc, ldc);
     }
 };
 
 template <bool Hermitian, class T>
 void symm PARAMS_XSYMM(T) {
-    const T one = vor::real_element<T>(1);
+    const T one = real_element<T>(1);
     T rest = *beta;
-    if (vor::is_zero(*alpha) || std::is_same_v<T, float>) {
-        vor::scale_matrix(*m, *n, *beta, c, *ldc);
+    if (is_zero(*alpha) || std::is_same_v<T, float>) {
+        scale_matrix(*m, *n, *beta, c, *ldc);
         rest = one;
     }
-    if (vor::is_zero(*alpha) || *m < 1 || *n < 1) return;
-    Symmetric<T, Hermitian>{vor::is_letter(side, 'L'),
-                            vor::is_letter(uplo, 'U'),
-                            *m,
-                            *n,
-                            *alpha,
-                            a,
-                            *lda,
-                            b,
-                            *ldb,
-                            rest,
-                            c,
-                            *ldc}
+    if (is_zero(*alpha) || *m < 1 || *n < 1) return;
+    Symmetric<T, Hermitian>{
+        is_letter(side, 'L'), is_letter(uplo, 'U'), *m, *n, *alpha, a, *lda, b, *ldb, rest, c, *ldc}
         .run();
 }
 
 } // namespace
 
-#define ENGINE(name, T, Hermitian)                                                                 \
-    VOR_ENGINE void vor_blas_x##name PARAMS_XSYMM(T) {                                             \
+#define SYMM_ENGINE(name, T, Hermitian)                                                            \
+    VOR_ENGINE void name PARAMS_XSYMM(T) {                                                         \
         symm<Hermitian, T> ARGS_XSYMM;                                                             \
     }
-ENGINE(ssymm, float, false)
-ENGINE(dsymm, double, false)
-ENGINE(csymm, cfloat, false)
-ENGINE(zsymm, cdouble, false)
-ENGINE(chemm, cfloat, true)
-ENGINE(zhemm, cdouble, true)
+SYMM_ENGINE(vor_blas_xssymm, float, false)
+SYMM_ENGINE(vor_blas_xdsymm, double, false)
+SYMM_ENGINE(vor_blas_xcsymm, cfloat, false)
+SYMM_ENGINE(vor_blas_xzsymm, cdouble, false)
+SYMM_ENGINE(vor_blas_xchemm, cfloat, true)
+SYMM_ENGINE(vor_blas_xzhemm, cdouble, true)
 
-#define GESCAL(p, T)                                                                               \
-    VOR_ENGINE void vor_blas_##p##gescal(const int* m, const int* n, const T* beta, T* c,          \
-                                         const int* ldc) {                                         \
-        vor::scale_matrix(*m, *n, *beta, c, *ldc);                                                 \
+#define GESCAL(name, T)                                                                            \
+    VOR_ENGINE void name(const int* m, const int* n, const T* beta, T* c, const int* ldc) {        \
+        scale_matrix(*m, *n, *beta, c, *ldc);                                                      \
     }
-GESCAL(s, float)
-GESCAL(d, double)
+GESCAL(vor_blas_sgescal, float)
+GESCAL(vor_blas_dgescal, double)
+
+} // namespace vor::blas

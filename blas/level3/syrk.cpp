@@ -5,16 +5,14 @@
 #include "serv/entry.h"
 #include "vor_blas.h"
 
-#define SYRK(p, P, T)                                                                              \
-    VOR_CHECKED_ENTRY(p##syrk, P##SYRK, vor_blas_##p##syrk, vor_blas_errchk_##p##syrk,             \
-                      PARAMS_SYRK(T), ARGS_SYRK)
-SYRK(s, S, float)
-SYRK(d, D, double)
-SYRK(c, C, vor::cfloat)
-SYRK(z, Z, vor::cdouble)
+#define SYRK(name, NAME, engine, check, T)                                                         \
+    VOR_CHECKED_ENTRY(name, NAME, engine, check, PARAMS_SYRK(T), ARGS_SYRK)
+SYRK(ssyrk, SSYRK, vor_blas_ssyrk, vor_blas_errchk_ssyrk, float)
+SYRK(dsyrk, DSYRK, vor_blas_dsyrk, vor_blas_errchk_dsyrk, double)
+SYRK(csyrk, CSYRK, vor_blas_csyrk, vor_blas_errchk_csyrk, vor::cfloat)
+SYRK(zsyrk, ZSYRK, vor_blas_zsyrk, vor_blas_errchk_zsyrk, vor::cdouble)
 
-#define HERK(p, P, T)                                                                              \
-    VOR_CHECKED_ENTRY(p##herk, P##HERK, vor_blas_##p##herk, vor_blas_errchk_##p##herk,             \
-                      PARAMS_HERK(T), ARGS_HERK)
-HERK(c, C, vor::cfloat)
-HERK(z, Z, vor::cdouble)
+#define HERK(name, NAME, engine, check, T)                                                         \
+    VOR_CHECKED_ENTRY(name, NAME, engine, check, PARAMS_HERK(T), ARGS_HERK)
+HERK(cherk, CHERK, vor_blas_cherk, vor_blas_errchk_cherk, vor::cfloat)
+HERK(zherk, ZHERK, vor_blas_zherk, vor_blas_errchk_zherk, vor::cdouble)

@@ -1,19 +1,13 @@
-// What solves and products with a triangle share: the arguments seen through their letters, and the
-// walk over the diagonal blocks.
-//
-// The triangular dimension (m on the left, n on the right) is cut into diagonal blocks; along the other
-// dimension run the right sides, independent of one another: columns of B on the left, rows on the
-// right. A walk ascends or descends, so that the short block, if there is one, comes last.
+// The walk of solves and products with a triangle over the diagonal blocks, short block last, and what
+// they do on the way: hand a block on, multiply with a rectangle beside it.
 #pragma once
 
-#include "blas/kernel/gemm_operand.h"
-#include "blas/kernel/gemm_scale.h"
-#include "blas/letters.h"
+#include "blas/kernel/triangular_problem.h"
 #include "blas/level3/level3_engines.h"
 
 #include <algorithm>
 
-namespace vor {
+namespace vor::blas {
 
 // A diagonal block, and the part of the triangular dimension that the walk has not come to yet.
 struct Block {
@@ -21,35 +15,14 @@ struct Block {
     int rest, rest_length;
 };
 
-// The arguments of one call but for alpha.
 template <class T>
-struct Triangular {
+struct BlockedTriangle : TriangularProblem<T> {
+    using P = TriangularProblem<T>;
+    using P::a, P::b_at, P::diag, P::lda, P::ldb, P::left, P::order, P::side, P::transa, P::uplo;
     using Routine = void PARAMS_XTRMM(T);
 
-    const char *side, *uplo, *transa, *diag;
-    int m, n;
-    const T* a;
-    int lda;
-    T* b;
-    int ldb;
-
-    bool left() const { return is_letter(side, 'L'); }
-    bool upper() const { return is_letter(uplo, 'U'); }
-    bool plain() const { return is_letter(transa, 'N'); }
-    bool unit() const { return !is_letter(diag, 'N'); }
-    bool conjugated() const { return op_of<T>(*transa) == Op::conjugated; }
-    // Whether equation i of the (on the right: transposed) system holds the unknowns up to i, so that
-    // a solve ascends; a product, which must not overwrite what it still reads, then descends.
-    bool lower_system() const { return left() == (upper() != plain()); }
-
-    int order() const { return left() ? m : n; }
-    int others() const { return left() ? n : m; }
-
     // The first stored element of the block of op(A) that begins at (i, j).
-    const T* a_at(int i, int j) const { return &Operand<T>(op_of<T>(*transa), a, lda)(i, j); }
-    // Row k of right side q of B.
-    T* b_at(int k, int q) const { return left() ? b + k + q * ldb : b + q + k * ldb; }
-
+    const T* a_at(int i, int j) const { return &Operand<T>(P::op(), a, lda)(i, j); }
     // Calls visit(block) for the diagonal blocks of at most `size`.
     template <class F>
     void walk(int size, bool ascending, F visit) const {
@@ -85,10 +58,4 @@ struct Triangular {
     }
 };
 
-} // namespace vor
-
-// The arguments of PARAMS_XTRMM(T) as a vor::Triangular<T>.
-#define TRIANGULAR(T)                                                                              \
-    vor::Triangular<T> {                                                                           \
-        side, uplo, transa, diag, *m, *n, a, *lda, b, *ldb                                         \
-    }
+} // namespace vor::blas

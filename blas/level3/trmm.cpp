@@ -5,10 +5,9 @@
 #include "serv/entry.h"
 #include "vor_blas.h"
 
-#define TRMM(p, P, T)                                                                              \
-    VOR_CHECKED_ENTRY(p##trmm, P##TRMM, vor_blas_##p##trmm, vor_blas_errchk_##p##trmm,             \
-                      PARAMS_TRMM(T), ARGS_TRMM)
-TRMM(s, S, float)
-TRMM(d, D, double)
-TRMM(c, C, vor::cfloat)
-TRMM(z, Z, vor::cdouble)
+#define TRMM(name, NAME, engine, check, T)                                                         \
+    VOR_CHECKED_ENTRY(name, NAME, engine, check, PARAMS_TRMM(T), ARGS_TRMM)
+TRMM(strmm, STRMM, vor_blas_strmm, vor_blas_errchk_strmm, float)
+TRMM(dtrmm, DTRMM, vor_blas_dtrmm, vor_blas_errchk_dtrmm, double)
+TRMM(ctrmm, CTRMM, vor_blas_ctrmm, vor_blas_errchk_ctrmm, vor::cfloat)
+TRMM(ztrmm, ZTRMM, vor_blas_ztrmm, vor_blas_errchk_ztrmm, vor::cdouble)

@@ -5,10 +5,9 @@
 #include "serv/entry.h"
 #include "vor_blas.h"
 
-#define TRSM(p, P, T)                                                                              \
-    VOR_CHECKED_ENTRY(p##trsm, P##TRSM, vor_blas_##p##trsm, vor_blas_errchk_##p##trsm,             \
-                      PARAMS_TRMM(T), ARGS_TRMM)
-TRSM(s, S, float)
-TRSM(d, D, double)
-TRSM(c, C, vor::cfloat)
-TRSM(z, Z, vor::cdouble)
+#define TRSM(name, NAME, engine, check, T)                                                         \
+    VOR_CHECKED_ENTRY(name, NAME, engine, check, PARAMS_TRMM(T), ARGS_TRMM)
+TRSM(strsm, STRSM, vor_blas_strsm, vor_blas_errchk_strsm, float)
+TRSM(dtrsm, DTRSM, vor_blas_dtrsm, vor_blas_errchk_dtrsm, double)
+TRSM(ctrsm, CTRSM, vor_blas_ctrsm, vor_blas_errchk_ctrsm, vor::cfloat)
+TRSM(ztrsm, ZTRSM, vor_blas_ztrsm, vor_blas_errchk_ztrsm, vor::cdouble)

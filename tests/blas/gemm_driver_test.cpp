@@ -80,7 +80,7 @@ protected:
         Product<T> p(random_, letters[0], letters[1], stored, element<T>(0.75, 0.5),
                      element<T>(-1.5, 0.25), 3);
         p.size = size;
-        p.run(vor::gemm_driver<T, recorded<T>>);
+        p.run(vor::blas::gemm_driver<T, recorded<T>>);
         EXPECT_LE(p.error(), p.bound()) << p.name();
         EXPECT_TRUE(p.c.intact()) << p.name();
         made_ = take_calls();

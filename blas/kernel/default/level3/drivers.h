@@ -3,25 +3,59 @@
 
 #include "blas/signatures.h"
 
-#define VOR_LEVEL3_DRIVERS(p, T)                                                                   \
-    void vor_blas_##p##gemm PARAMS_GEMM(T);                                                        \
-    void vor_blas_##p##trsm PARAMS_TRMM(T);                                                        \
-    void vor_blas_##p##trmm PARAMS_TRMM(T);                                                        \
-    void vor_blas_##p##symm PARAMS_SYMM(T);                                                        \
-    void vor_blas_##p##syrk PARAMS_SYRK(T);                                                        \
-    void vor_blas_##p##syr2k PARAMS_SYR2K(T);
-#define VOR_HERMITIAN_DRIVERS(p, T)                                                                \
-    void vor_blas_##p##hemm PARAMS_SYMM(T);                                                        \
-    void vor_blas_##p##herk PARAMS_HERK(T);                                                        \
-    void vor_blas_##p##her2k PARAMS_HER2K(T);
-
 extern "C" {
-VOR_LEVEL3_DRIVERS(s, float)
-VOR_LEVEL3_DRIVERS(d, double)
-VOR_LEVEL3_DRIVERS(c, vor::cfloat)
-VOR_LEVEL3_DRIVERS(z, vor::cdouble)
-VOR_HERMITIAN_DRIVERS(c, vor::cfloat)
-VOR_HERMITIAN_DRIVERS(z, vor::cdouble)
+void vor_blas_sgemm PARAMS_GEMM(float);
+void vor_blas_dgemm PARAMS_GEMM(double);
+void vor_blas_cgemm PARAMS_GEMM(vor::cfloat);
+void vor_blas_zgemm PARAMS_GEMM(vor::cdouble);
+void vor_blas_strsm PARAMS_TRMM(float);
+void vor_blas_dtrsm PARAMS_TRMM(double);
+void vor_blas_ctrsm PARAMS_TRMM(vor::cfloat);
+void vor_blas_ztrsm PARAMS_TRMM(vor::cdouble);
+void vor_blas_strmm PARAMS_TRMM(float);
+void vor_blas_dtrmm PARAMS_TRMM(double);
+void vor_blas_ctrmm PARAMS_TRMM(vor::cfloat);
+void vor_blas_ztrmm PARAMS_TRMM(vor::cdouble);
+void vor_blas_ssymm PARAMS_SYMM(float);
+void vor_blas_dsymm PARAMS_SYMM(double);
+void vor_blas_csymm PARAMS_SYMM(vor::cfloat);
+void vor_blas_zsymm PARAMS_SYMM(vor::cdouble);
+void vor_blas_chemm PARAMS_SYMM(vor::cfloat);
+void vor_blas_zhemm PARAMS_SYMM(vor::cdouble);
+void vor_blas_ssyrk PARAMS_SYRK(float);
+void vor_blas_dsyrk PARAMS_SYRK(double);
+void vor_blas_csyrk PARAMS_SYRK(vor::cfloat);
+void vor_blas_zsyrk PARAMS_SYRK(vor::cdouble);
+void vor_blas_cherk PARAMS_HERK(vor::cfloat);
+void vor_blas_zherk PARAMS_HERK(vor::cdouble);
+void vor_blas_ssyr2k PARAMS_SYR2K(float);
+void vor_blas_dsyr2k PARAMS_SYR2K(double);
+void vor_blas_csyr2k PARAMS_SYR2K(vor::cfloat);
+void vor_blas_zsyr2k PARAMS_SYR2K(vor::cdouble);
+void vor_blas_cher2k PARAMS_HER2K(vor::cfloat);
+void vor_blas_zher2k PARAMS_HER2K(vor::cdouble);
 }
-#undef VOR_LEVEL3_DRIVERS
-#undef VOR_HERMITIAN_DRIVERS
+
+namespace vor::blas {
+
+// The threaded matrix product of a type.
+template <class T>
+struct GemmDriver;
+template <>
+struct GemmDriver<float> {
+    static constexpr auto run = vor_blas_sgemm;
+};
+template <>
+struct GemmDriver<double> {
+    static constexpr auto run = vor_blas_dgemm;
+};
+template <>
+struct GemmDriver<cfloat> {
+    static constexpr auto run = vor_blas_cgemm;
+};
+template <>
+struct GemmDriver<cdouble> {
+    static constexpr auto run = vor_blas_zgemm;
+};
+
+} // namespace vor::blas

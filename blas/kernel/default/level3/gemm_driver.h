@@ -10,7 +10,7 @@
 #include "blas/signatures.h"
 #include "serv/team.h"
 
-namespace vor {
+namespace vor::blas {
 
 // Up to here, in all three dimensions, a product costs less than to wake a team.
 inline constexpr int kGemmSmall = 16;
@@ -48,4 +48,4 @@ inline void gemm_driver PARAMS_XGEMM(T) {
                               ldc);
 }
 
-} // namespace vor
+} // namespace vor::blas

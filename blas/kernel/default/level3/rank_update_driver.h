@@ -7,19 +7,14 @@
 #include "blas/level3/rank_update.h"
 #include "serv/team.h"
 
-namespace vor {
+namespace vor::blas {
 
 // The threaded matrix product on arguments by value.
 template <class T>
 void multiply_threaded(char transa, char transb, int m, int n, int k, T alpha, const T* a, int lda,
                        const T* b, int ldb, T beta, T* c, int ldc) {
-    const auto run = [&](auto driver) {
-        driver(&transa, &transb, &m, &n, &k, &alpha, a, &lda, b, &ldb, &beta, c, &ldc, 1, 1);
-    };
-    if constexpr (std::is_same_v<T, float>) run(vor_blas_sgemm);
-    if constexpr (std::is_same_v<T, double>) run(vor_blas_dgemm);
-    if constexpr (std::is_same_v<T, cfloat>) run(vor_blas_cgemm);
-    if constexpr (std::is_same_v<T, cdouble>) run(vor_blas_zgemm);
+    GemmDriver<T>::run(&transa, &transb, &m, &n, &k, &alpha, a, &lda, b, &ldb, &beta, c, &ldc, 1,
+                       1);
 }
 
 // square(i, length, beta) is the serial engine on the diagonal square of C from i on. S is the type of
@@ -56,4 +51,4 @@ void rank_update_driver(const RankUpdate<T, Hermitian>& update, S beta, F square
     }
 }
 
-} // namespace vor
+} // namespace vor::blas

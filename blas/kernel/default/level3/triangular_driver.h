@@ -6,7 +6,7 @@
 #include "blas/signatures.h"
 #include "serv/team.h"
 
-namespace vor {
+namespace vor::blas {
 
 template <class T, void(*engine) PARAMS_XTRMM(T)>
 void triangular_driver PARAMS_XTRMM(T) {
@@ -25,4 +25,4 @@ void triangular_driver PARAMS_XTRMM(T) {
     });
 }
 
-} // namespace vor
+} // namespace vor::blas

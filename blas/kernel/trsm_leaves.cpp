@@ -6,33 +6,21 @@
 //
 // d and z, left: four equations together, then two, then one. Inside such a group the new unknowns
 // enter the sums of the next ones as they are, before they are rounded.
-#include "blas/level3/trsm_leaves.h"
-#include "blas/level3/leaf_sums.h"
+#include "blas/kernel/trsm_leaves.h"
+#include "blas/kernel/leaf_sums.h"
 #include "serv/entry.h"
 
+namespace vor::blas {
 namespace {
-
-using vor::cdouble;
-using vor::cfloat;
-using vor::extended;
-using vor::kLeafOrder;
-using vor::kSlot;
-using vor::kTile;
-using vor::Leaf;
-using vor::minus;
-using vor::plus;
-using vor::real_t;
-using vor::times;
-using vor::Wide;
 
 // conj(x) / (re^2 + im^2), or 1 / x.
 template <class R, class T>
 R reciprocal(const T& x) {
-    if constexpr (vor::is_complex<T>) {
+    if constexpr (is_complex<T>) {
         const extended re = x.re, im = x.im, scale = 1 / (re * re + im * im);
         return {static_cast<double>(re * scale), static_cast<double>(-im * scale)};
     } else {
-        return static_cast<R>(1 / static_cast<extended>(x));
+        return static_cast<R>(1 / extended{x});
     }
 }
 
@@ -43,13 +31,13 @@ class Reciprocals {
 public:
     explicit Reciprocals(const Leaf<T>& leaf) : leaf_(leaf) {
         for (int i = 0; i < leaf.order; ++i)
-            r_[i] = leaf.unit ? vor::real_element<R>(1) : reciprocal<R>(leaf.coefficient(i, i));
+            r_[i] = leaf.unit ? real_element<R>(1) : reciprocal<R>(leaf.coefficient(i, i));
     }
     // The division in equation i.
     auto in(int i) const {
-        return [this, i](const Wide<T>& x) {
+        return [this, i](const wide_t<T>& x) {
             // x * (1 + 0i) is not x if a part of x is infinite.
-            return vor::is_complex<T> && leaf_.unit ? x : times(x, vor::widen(r_[i]));
+            return is_complex<T> && leaf_.unit ? x : x * widen(r_[i]);
         };
     }
 
@@ -66,10 +54,9 @@ public:
         const bool unit = leaf_.unit;
         const cfloat a = unit ? cfloat{1, 0} : leaf_.coefficient(i, i);
         const extended re = a.re, im = a.im, scale = 1 / (re * re + im * im);
-        return [=](const Wide<cfloat>& x) {
+        return [=](const cextended& x) {
             if (unit) return x;
-            const Wide<cfloat> y = times(x, Wide<cfloat>{a.re, -a.im});
-            return Wide<cfloat>{y.re * scale, y.im * scale};
+            return x * conj(widen(a)) * scale;
         };
     }
 
@@ -81,19 +68,18 @@ private:
 // finished unknowns; corner[g][h]: of unknown i + g in equation i + h.
 template <int G, class T, class Diagonal>
 [[gnu::noinline]] void solve_group(const Diagonal& diagonal, int i,
-                                   const real_t<T> (*slots)[kLeafOrder * kSlot<T>],
+                                   const real_t<T> (*slots)[kLeafOrder * Slot<T>::kSize],
                                    const T (*corner)[4], T* x) {
-    constexpr int kLive = std::min(G, kTile<T>);
-    Wide<T> sum[G];
+    constexpr int kLive = std::min(G, Slot<T>::kTile);
+    wide_t<T> sum[G];
 #pragma GCC unroll 2
-    for (int g = 0; g < G; g += kLive) vor::dots<kLive>(sum + g, i, slots[g / kLive], x);
+    for (int g = 0; g < G; g += kLive) dots<kLive>(sum + g, i, slots[g / kLive], x);
 #pragma GCC unroll 4
     for (int g = 0; g < G; ++g) {
-        const Wide<T> value = diagonal.in(i + g)(minus(vor::widen(x[i + g]), sum[g]));
-        x[i + g] = vor::narrow<T>(value);
+        const wide_t<T> value = diagonal.in(i + g)(widen(x[i + g]) - sum[g]);
+        x[i + g] = element<T>(value);
 #pragma GCC unroll 4
-        for (int h = g + 1; h < G; ++h)
-            sum[h] = plus(sum[h], times(vor::widen(corner[g][h]), value));
+        for (int h = g + 1; h < G; ++h) sum[h] += widen(corner[g][h]) * value;
     }
 }
 
@@ -101,13 +87,13 @@ template <int G, class T, class Diagonal>
 template <class Diagonal, class T>
 void solve_by_equations(const Leaf<T>& leaf) {
     const Diagonal diagonal(leaf);
-    real_t<T> slots[4 / kTile<T>][kLeafOrder * kSlot<T>];
+    real_t<T> slots[4 / Slot<T>::kTile][kLeafOrder * Slot<T>::kSize];
     T corner[4][4];
-    vor::by_columns(leaf, [&](auto x, int count) {
+    in_turns(leaf, [&](auto x, int count) {
         const auto group = [&]<int G>(std::integral_constant<int, G>, int i) {
-            constexpr int kLive = std::min(G, kTile<T>);
+            constexpr int kLive = std::min(G, Slot<T>::kTile);
             for (int g = 0; g < G; g += kLive)
-                vor::pack_equations<kLive>(leaf, i + g, 0, i, slots[g / kLive]);
+                pack_equations<kLive>(leaf, i + g, 0, i, slots[g / kLive]);
             for (int g = 0; g < G; ++g)
                 for (int h = g + 1; h < G; ++h) corner[g][h] = leaf.coefficient(i + h, i + g);
             for (int turn = 0; turn < count; ++turn)
@@ -127,13 +113,12 @@ void solve_by_equations(const Leaf<T>& leaf) {
 template <int G, class T, class Division>
 [[gnu::noinline]] void solve_sides(const Division& divide, int i, const T* coefficients,
                                    real_t<T>* slots) {
-    Wide<T> sum[G];
-    vor::dots<G>(sum, i, slots, coefficients);
-    slots += i * kSlot<T>;
+    wide_t<T> sum[G];
+    dots<G>(sum, i, slots, coefficients);
+    slots += i * Slot<T>::kSize;
 #pragma GCC unroll 4
     for (int g = 0; g < G; ++g)
-        vor::put(slots, g,
-                 vor::narrow<T>(divide(minus(vor::widen(vor::get<T>(slots, g)), sum[g]))));
+        Slot<T>::put(slots, g, element<T>(divide(widen(Slot<T>::get(slots, g)) - sum[g])));
 }
 
 // One equation after the other, each for a few right sides at once.
@@ -141,11 +126,11 @@ template <class Diagonal, class T>
 void solve_by_sides(const Leaf<T>& leaf) {
     const Diagonal diagonal(leaf);
     T coefficients[kLeafOrder];
-    vor::by_slots(leaf, [&](auto& x, int count) {
+    in_turns_of_slots(leaf, [&](auto& x, int count) {
         for (int i = 0; i < leaf.order; ++i) {
             leaf.pack_row(i, 0, i, coefficients);
             const auto divide = diagonal.in(i);
-            vor::in_tiles<T>(count, [&](auto sides, int turn) {
+            in_tiles<T>(count, [&](auto sides, int turn) {
                 solve_sides<sides>(divide, i, coefficients, x.at(turn));
             });
         }
@@ -155,20 +140,22 @@ void solve_by_sides(const Leaf<T>& leaf) {
 } // namespace
 
 #define LEAF(name, T, solve)                                                                       \
-    VOR_ENGINE void vor_blas_##name PARAMS_XTRMM(T) {                                              \
+    VOR_ENGINE void name PARAMS_XTRMM(T) {                                                         \
         static_cast<void>(alpha);                                                                  \
-        const auto p = TRIANGULAR(T);                                                              \
+        const auto p = TRIANGULAR_PROBLEM(T);                                                      \
         solve(Leaf<T>(p, p.lower_system()));                                                       \
     }
-LEAF(dtrsmlln, double, (solve_by_equations<Reciprocals<double, double>>))
-LEAF(dtrsmlun, double, (solve_by_equations<Reciprocals<double, double>>))
-LEAF(dtrsmlt, double, (solve_by_equations<Reciprocals<double, double>>))
-LEAF(dtrsmrn, double, (solve_by_sides<Reciprocals<double, double>>))
-LEAF(dtrsmrt, double, (solve_by_sides<Reciprocals<double, double>>))
-LEAF(ztrsmlln, cdouble, (solve_by_equations<Reciprocals<cdouble, cdouble>>))
-LEAF(ztrsmlun, cdouble, (solve_by_equations<Reciprocals<cdouble, cdouble>>))
-LEAF(ztrsmlt, cdouble, (solve_by_equations<Reciprocals<cdouble, cdouble>>))
-LEAF(ztrsmrn, cdouble, (solve_by_sides<Reciprocals<cdouble, cdouble>>))
-LEAF(ztrsmrt, cdouble, (solve_by_sides<Reciprocals<cdouble, cdouble>>))
-LEAF(strsm_blk, float, (solve_by_sides<Reciprocals<float, double>>))
-LEAF(ctrsm_i, cfloat, solve_by_sides<Divisor>)
+LEAF(vor_blas_dtrsmlln, double, (solve_by_equations<Reciprocals<double, double>>))
+LEAF(vor_blas_dtrsmlun, double, (solve_by_equations<Reciprocals<double, double>>))
+LEAF(vor_blas_dtrsmlt, double, (solve_by_equations<Reciprocals<double, double>>))
+LEAF(vor_blas_dtrsmrn, double, (solve_by_sides<Reciprocals<double, double>>))
+LEAF(vor_blas_dtrsmrt, double, (solve_by_sides<Reciprocals<double, double>>))
+LEAF(vor_blas_ztrsmlln, cdouble, (solve_by_equations<Reciprocals<cdouble, cdouble>>))
+LEAF(vor_blas_ztrsmlun, cdouble, (solve_by_equations<Reciprocals<cdouble, cdouble>>))
+LEAF(vor_blas_ztrsmlt, cdouble, (solve_by_equations<Reciprocals<cdouble, cdouble>>))
+LEAF(vor_blas_ztrsmrn, cdouble, (solve_by_sides<Reciprocals<cdouble, cdouble>>))
+LEAF(vor_blas_ztrsmrt, cdouble, (solve_by_sides<Reciprocals<cdouble, cdouble>>))
+LEAF(vor_blas_strsm_blk, float, (solve_by_sides<Reciprocals<float, double>>))
+LEAF(vor_blas_ctrsm_i, cfloat, solve_by_sides<Divisor>)
+
+} // namespace vor::blas

@@ -7,16 +7,16 @@
 // finished unknowns has a start by single elements, up to a multiple of 16 bytes in B if single elements
 // lead there, then eight sums, one for each place modulo 8, and an end by single elements, combined in
 // this order.
-#include "blas/level1/vector.h"
-#include "blas/level3/single_rows.h"
-#include "blas/level3/triangle_leaf.h"
-#include "blas/level3/trsm_leaves.h"
+#include "arith/walk.h"
+#include "blas/kernel/single_rows.h"
+#include "blas/kernel/triangle_leaf.h"
+#include "blas/kernel/trsm_leaves.h"
 #include "serv/entry.h"
 
-namespace {
+#include <algorithm>
 
-using vor::kLeafOrder;
-using vor::Leaf;
+namespace vor::blas {
+namespace {
 
 void reciprocals(const Leaf<float>& leaf, float* r) {
     for (int i = 0; i < leaf.order; ++i) r[i] = leaf.unit ? 1 : 1 / leaf.coefficient(i, i);
@@ -28,16 +28,17 @@ struct RightSolve {
 
     template <class L, int V>
     void rows(int q) const {
+        using Rows = SingleRows<L>;
         float* const b = leaf.side(q);
         for (int i = 0; i < leaf.order; ++i) {
             float* const column = b + i * leaf.step;
-            const L factor = vor::every_row<L>(r[i]);
+            const L factor = Rows::all(r[i]);
             L x[V];
 #pragma GCC unroll 4
-            for (int v = 0; v < V; ++v) x[v] = vor::load_rows<L>(column + v * vor::kLanes<L>);
-            vor::add_columns<true, V>(x, i, b, leaf.step, leaf.at(i, 0), leaf.column);
+            for (int v = 0; v < V; ++v) x[v] = Rows::load(column + v * Rows::kCount);
+            add_row_columns<true, V>(x, i, b, leaf.step, leaf.at(i, 0), leaf.column);
 #pragma GCC unroll 4
-            for (int v = 0; v < V; ++v) vor::store_rows(column + v * vor::kLanes<L>, x[v] * factor);
+            for (int v = 0; v < V; ++v) Rows::store(column + v * Rows::kCount, x[v] * factor);
         }
     }
 };
@@ -181,7 +182,7 @@ private:
     }
 
     void solve_two(int i, int partner, int first, Tile& tile) {
-        const int head = std::max(0, vor::steps_to<16>(tile.column + first, i));
+        const int head = std::max(0, steps_to<16>(tile.column + first, i));
         __m128 sum0, sum1;
         dot_products(sum0, sum1, i, head, {coefficients_, tile.x + first});
         __m128& x0 = tile.x[row(i)];
@@ -206,16 +207,18 @@ private:
 
 VOR_ENGINE void vor_blas_strsm_i PARAMS_XTRMM(float) {
     static_cast<void>(alpha);
-    const auto p = TRIANGULAR(float);
+    const auto p = TRIANGULAR_PROBLEM(float);
     const Leaf<float> leaf(p, p.lower_system());
     float r[kLeafOrder];
     reciprocals(leaf, r);
-    vor::for_rows(leaf.others, RightSolve{leaf, r});
+    for_rows(leaf.others, RightSolve{leaf, r});
 }
 
 VOR_ENGINE void vor_blas_strsmlt PARAMS_XTRMM(float) {
     static_cast<void>(alpha);
-    const auto p = TRIANGULAR(float);
+    const auto p = TRIANGULAR_PROBLEM(float);
     const Leaf<float> leaf(p, p.lower_system());
     TransposedSolve(leaf).run();
 }
+
+} // namespace vor::blas

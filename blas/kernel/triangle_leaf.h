@@ -2,15 +2,14 @@
 // so that one loop serves every case.
 #pragma once
 
-#include "blas/level1/vector.h"
-#include "blas/level3/triangular.h"
+#include "blas/kernel/triangular_problem.h"
 
-namespace vor {
+namespace vor::blas {
 
 inline constexpr int kLeafOrder = 32; // the most unknowns of a leaf
 
 // Unknown i of right side q stands at b[i * step + q * next], its coefficient in equation l at
-// t[l * row + i * column], conjugated if `conjugated`. Unknowns are numbered in the order in which a
+// t[l * row + i * column], conjugated if `conjugate`. Unknowns are numbered in the order in which a
 // leaf takes them: a solve finds unknown i from those before it, a product from those behind it.
 template <class T>
 struct Leaf {
@@ -19,11 +18,11 @@ struct Leaf {
     int row, column;
     T* b;
     int step, next;
-    bool unit, conjugated;
+    bool unit, conjugate;
 
-    Leaf(const Triangular<T>& p, bool ascending)
+    Leaf(const TriangularProblem<T>& p, bool ascending)
         : order(p.order()), others(p.others()), t(p.a), b(p.b), unit(p.unit()),
-          conjugated(p.conjugated()) {
+          conjugate(p.op() == Op::conjugated) {
         const bool down = p.left() == p.plain(); // equations run down the columns of A
         row = down ? 1 : p.lda;
         column = down ? p.lda : 1;
@@ -36,12 +35,7 @@ struct Leaf {
     }
 
     const T* at(int i, int l) const { return t + i * row + l * column; }
-    T coefficient(int i, int l) const {
-        T x = *at(i, l);
-        if constexpr (is_complex<T>)
-            if (conjugated) x.im = -x.im;
-        return x;
-    }
+    T coefficient(int i, int l) const { return conjugate ? conjugated(*at(i, l)) : *at(i, l); }
     T* side(int q) const { return b + q * next; }
 
     // The coefficients of `count` unknowns from l on in equation i.
@@ -50,4 +44,4 @@ struct Leaf {
     }
 };
 
-} // namespace vor
+} // namespace vor::blas

@@ -10,6 +10,7 @@
 //   ctrsm_i              every case
 #pragma once
 
+#include "arith/element.h"
 #include "blas/signatures.h"
 
 extern "C" {
@@ -28,3 +29,39 @@ void vor_blas_ztrsmlt PARAMS_XTRMM(vor::cdouble);
 void vor_blas_ztrsmrn PARAMS_XTRMM(vor::cdouble);
 void vor_blas_ztrsmrt PARAMS_XTRMM(vor::cdouble);
 }
+
+namespace vor::blas {
+
+template <class T>
+using TrsmLeaf = void PARAMS_XTRMM(T);
+
+// The leaf of a case: of[right side][transposed][upper triangle].
+template <class T>
+struct TrsmLeaves;
+
+template <>
+struct TrsmLeaves<float> {
+    static constexpr TrsmLeaf<float>* of[2][2][2] = {
+        {{vor_blas_strsm_blk, vor_blas_strsm_blk}, {vor_blas_strsmlt, vor_blas_strsmlt}},
+        {{vor_blas_strsm_i, vor_blas_strsm_i}, {vor_blas_strsm_i, vor_blas_strsm_i}}};
+};
+template <>
+struct TrsmLeaves<double> {
+    static constexpr TrsmLeaf<double>* of[2][2][2] = {
+        {{vor_blas_dtrsmlln, vor_blas_dtrsmlun}, {vor_blas_dtrsmlt, vor_blas_dtrsmlt}},
+        {{vor_blas_dtrsmrn, vor_blas_dtrsmrn}, {vor_blas_dtrsmrt, vor_blas_dtrsmrt}}};
+};
+template <>
+struct TrsmLeaves<cfloat> {
+    static constexpr TrsmLeaf<cfloat>* of[2][2][2] = {
+        {{vor_blas_ctrsm_i, vor_blas_ctrsm_i}, {vor_blas_ctrsm_i, vor_blas_ctrsm_i}},
+        {{vor_blas_ctrsm_i, vor_blas_ctrsm_i}, {vor_blas_ctrsm_i, vor_blas_ctrsm_i}}};
+};
+template <>
+struct TrsmLeaves<cdouble> {
+    static constexpr TrsmLeaf<cdouble>* of[2][2][2] = {
+        {{vor_blas_ztrsmlln, vor_blas_ztrsmlun}, {vor_blas_ztrsmlt, vor_blas_ztrsmlt}},
+        {{vor_blas_ztrsmrn, vor_blas_ztrsmrn}, {vor_blas_ztrsmrt, vor_blas_ztrsmrt}}};
+};
+
+} // namespace vor::blas

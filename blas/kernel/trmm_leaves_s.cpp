@@ -8,20 +8,20 @@
 //
 // An element outside the triangle takes part nowhere, also not as 0: a NaN or an infinity in B reaches
 // just those results that it belongs to.
-#include "blas/level3/single_rows.h"
-#include "blas/level3/triangle_leaf.h"
-#include "blas/level3/trmm_leaves.h"
+#include "blas/kernel/complex_rows.h"
+#include "blas/kernel/single_rows.h"
+#include "blas/kernel/triangle_leaf.h"
+#include "blas/kernel/trmm_leaves.h"
 #include "serv/entry.h"
 
-namespace {
+#include <algorithm>
 
-using vor::cfloat;
-using vor::Leaf;
-using vor::Triangular;
+namespace vor::blas {
+namespace {
 
 constexpr int kGroup = 4; // equations
 template <class T>
-constexpr int kOrder = vor::is_complex<T> ? 16 : 32; // of the largest left block
+constexpr int kOrder = is_complex<T> ? 16 : 32; // of the largest left block
 constexpr int kRightOrder = 16;
 
 // Words that keep the lanes of the first `count` equations, or those behind them, of four; 2 lanes each
@@ -52,7 +52,7 @@ struct Packed {
     int order; // rounded up to whole groups
     bool upper;
 
-    explicit Packed(const Triangular<T>& p)
+    explicit Packed(const TriangularProblem<T>& p)
         : order((p.m + kGroup - 1) / kGroup * kGroup), upper(!p.lower_system()) {
         const Leaf<T> leaf(p, true);
         for (int i = 0; i < order; ++i)
@@ -67,7 +67,7 @@ private:
     T coefficient(const Leaf<T>& leaf, int i, int l) const {
         const bool inside = upper ? i <= l : i >= l;
         if (!inside || std::max(i, l) >= leaf.order) return T{};
-        if (i == l && leaf.unit) return vor::real_element<T>(1);
+        if (i == l && leaf.unit) return real_element<T>(1);
         return leaf.coefficient(i, l);
     }
 };
@@ -94,15 +94,9 @@ struct RealTile {
     }
 };
 
-// (re, im, re, im) times alpha.
-__m128 times(__m128 x, cfloat alpha) {
-    const __m128 turned = _mm_setr_ps(-alpha.im, alpha.im, -alpha.im, alpha.im);
-    return x * _mm_set1_ps(alpha.re) + vor::swap_parts(x) * turned;
-}
-
 // What the products with the real and with the imaginary parts add up to.
 __m128 combined(__m128 by_re, __m128 by_im) {
-    return by_re + vor::swap_parts(by_im) * _mm_setr_ps(-1, 1, -1, 1);
+    return by_re + swap_parts(by_im) * _mm_setr_ps(-1, 1, -1, 1);
 }
 
 // One column of complex numbers: two vectors of two equations.
@@ -128,9 +122,10 @@ struct ComplexTile {
         }
     }
     void finish(cfloat alpha, int, cfloat* y) const {
+        const RowFactor factor(alpha);
         float* out = &y->re;
-        _mm_store_ps(out, times(combined(by_re[0], by_im[0]), alpha));
-        _mm_store_ps(out + 4, times(combined(by_re[1], by_im[1]), alpha));
+        _mm_store_ps(out, factor.times(combined(by_re[0], by_im[0])));
+        _mm_store_ps(out + 4, factor.times(combined(by_re[1], by_im[1])));
     }
 };
 
@@ -161,7 +156,7 @@ void multiply_columns(const Packed<T>& packed, int order, T alpha, T* b, int ldb
     }
 }
 
-void multiply_left(const Triangular<float>& p, float alpha) {
+void multiply_left(const TriangularProblem<float>& p, float alpha) {
     const Packed<float> packed(p);
     int j = 0;
     for (; j + 4 <= p.n; j += 4)
@@ -169,7 +164,7 @@ void multiply_left(const Triangular<float>& p, float alpha) {
     for (; j < p.n; ++j) multiply_columns<RealTile<1>>(packed, p.m, alpha, p.b_at(0, j), p.ldb);
 }
 
-void multiply_left(const Triangular<cfloat>& p, cfloat alpha) {
+void multiply_left(const TriangularProblem<cfloat>& p, cfloat alpha) {
     const Packed<cfloat> packed(p);
     for (int j = 0; j < p.n; ++j)
         multiply_columns<ComplexTile>(packed, p.m, alpha, p.b_at(0, j), p.ldb);
@@ -183,48 +178,36 @@ struct RightProduct {
 
     template <class L, int V>
     void rows(int q) const {
+        using Rows = SingleRows<L>;
         float* b = leaf.side(q);
         for (int i = 0; i < leaf.order; ++i, b += leaf.step) {
-            const L own = vor::every_row<L>(factor[i][i]);
+            const L own = Rows::all(factor[i][i]);
             L sum[V];
 #pragma GCC unroll 4
-            for (int v = 0; v < V; ++v) sum[v] = vor::load_rows<L>(b + v * vor::kLanes<L>) * own;
-            vor::add_columns<false, V>(sum, leaf.order - (i + 1), b + leaf.step, leaf.step,
-                                       factor[i] + i + 1, 1);
+            for (int v = 0; v < V; ++v) sum[v] = Rows::load(b + v * Rows::kCount) * own;
+            add_row_columns<false, V>(sum, leaf.order - (i + 1), b + leaf.step, leaf.step,
+                                      factor[i] + i + 1, 1);
 #pragma GCC unroll 4
-            for (int v = 0; v < V; ++v) vor::store_rows(b + v * vor::kLanes<L>, sum[v]);
+            for (int v = 0; v < V; ++v) Rows::store(b + v * Rows::kCount, sum[v]);
         }
     }
 };
 
-void multiply_right(const Triangular<float>& p, float alpha) {
+void multiply_right(const TriangularProblem<float>& p, float alpha) {
     const Leaf<float> leaf(p, !p.lower_system());
     float factor[kRightOrder][kRightOrder];
     for (int i = 0; i < leaf.order; ++i) {
         factor[i][i] = leaf.unit ? alpha : alpha * leaf.coefficient(i, i);
         for (int l = i + 1; l < leaf.order; ++l) factor[i][l] = alpha * leaf.coefficient(i, l);
     }
-    vor::for_rows(leaf.others, RightProduct{leaf, factor});
-}
-
-// Two rows, or one, of a complex column.
-template <int R>
-__m128 load_rows(const cfloat* p) {
-    if constexpr (R == 2) return _mm_loadu_ps(&p->re);
-    return _mm_loadl_pi(_mm_setzero_ps(), reinterpret_cast<const __m64*>(p));
-}
-template <int R>
-void store_rows(cfloat* p, __m128 x) {
-    if constexpr (R == 2)
-        _mm_storeu_ps(&p->re, x);
-    else
-        _mm_storel_pi(reinterpret_cast<__m64*>(p), x);
+    for_rows(leaf.others, RightProduct{leaf, factor});
 }
 
 // V vectors of R rows of every column.
 template <int V, int R>
 void multiply_rows(const Leaf<cfloat>& leaf, const cfloat (*factor)[kRightOrder], cfloat alpha,
                    cfloat* b) {
+    const RowFactor by_alpha(alpha);
     for (int i = 0; i < leaf.order; ++i, b += leaf.step) {
         __m128 by_re[V] = {}, by_im[V] = {};
         const cfloat* x = b;
@@ -239,17 +222,17 @@ void multiply_rows(const Leaf<cfloat>& leaf, const cfloat (*factor)[kRightOrder]
         }
 #pragma GCC unroll 2
         for (int v = 0; v < V; ++v)
-            store_rows<R>(b + v * R, times(combined(by_re[v], by_im[v]), alpha));
+            store_rows<R>(b + v * R, by_alpha.times(combined(by_re[v], by_im[v])));
     }
 }
 
-void multiply_right(const Triangular<cfloat>& p, cfloat alpha) {
+void multiply_right(const TriangularProblem<cfloat>& p, cfloat alpha) {
     const Leaf<cfloat> leaf(p, !p.lower_system());
     cfloat factor[kRightOrder][kRightOrder];
     for (int i = 0; i < leaf.order; ++i)
         for (int l = i; l < leaf.order; ++l) {
             const bool one = i == l && leaf.unit;
-            factor[i][l] = one ? vor::real_element<cfloat>(1) : leaf.coefficient(i, l);
+            factor[i][l] = one ? real_element<cfloat>(1) : leaf.coefficient(i, l);
         }
     int q = 0;
     for (; q + 4 <= leaf.others; q += 4) multiply_rows<2, 2>(leaf, factor, alpha, leaf.side(q));
@@ -259,23 +242,23 @@ void multiply_right(const Triangular<cfloat>& p, cfloat alpha) {
 
 } // namespace
 
-#define PRODUCT(T, side, trans)                                                                    \
-    Triangular<T> {                                                                                \
-        side, *uploflag ? "U" : "L", trans, *diagflag ? "U" : "N", *m, *n, a, *lda, b, *ldb        \
-    }
 #define LEAF(name, T, side, trans, multiply)                                                       \
-    VOR_ENGINE void vor_blas_##name PARAMS_TRMM_LEAF(T) {                                          \
-        multiply(PRODUCT(T, side, trans), *alpha);                                                 \
+    VOR_ENGINE void name PARAMS_TRMM_LEAF(T) {                                                     \
+        const auto p = TRIANGULAR_PROBLEM_OF_LEAF(T, side, trans);                                 \
+        multiply(p, *alpha);                                                                       \
     }
-LEAF(strmln, float, "L", "N", multiply_left)
-LEAF(strmlt, float, "L", "T", multiply_left)
-LEAF(ctrmln, cfloat, "L", "N", multiply_left)
-LEAF(ctrmlt, cfloat, "L", "T", multiply_left)
-LEAF(ctrmlc, cfloat, "L", "C", multiply_left)
-LEAF(ctrmrn, cfloat, "R", "N", multiply_right)
-LEAF(ctrmrt, cfloat, "R", "T", multiply_right)
-LEAF(ctrmrc, cfloat, "R", "C", multiply_right)
+LEAF(vor_blas_strmln, float, "L", "N", multiply_left)
+LEAF(vor_blas_strmlt, float, "L", "T", multiply_left)
+LEAF(vor_blas_ctrmln, cfloat, "L", "N", multiply_left)
+LEAF(vor_blas_ctrmlt, cfloat, "L", "T", multiply_left)
+LEAF(vor_blas_ctrmlc, cfloat, "L", "C", multiply_left)
+LEAF(vor_blas_ctrmrn, cfloat, "R", "N", multiply_right)
+LEAF(vor_blas_ctrmrt, cfloat, "R", "T", multiply_right)
+LEAF(vor_blas_ctrmrc, cfloat, "R", "C", multiply_right)
 
 VOR_ENGINE void vor_blas_strmm_inn PARAMS_TRMM_INN {
-    multiply_right(PRODUCT(float, "R", *transflag ? "T" : "N"), *alpha);
+    const auto p = TRIANGULAR_PROBLEM_OF_LEAF(float, "R", *transflag ? "T" : "N");
+    multiply_right(p, *alpha);
 }
+
+} // namespace vor::blas
