@@ -1,7 +1,6 @@
 // Element-wise operations on n complex values: product, conjugating copy, zero. The single-precision
 // forms work on vectors of two values; nothing needs alignment. With n < 1 nothing is touched.
 #include "signal/dft/kernels.h"
-#include "signal/fft/lanes.h"
 
 #include <xmmintrin.h>
 

@@ -71,7 +71,7 @@ template <Direction D, class T, class C = complex_t<T>>
 void in_order(const Context<T>& ctx, const C* source, C* destination, void* work) {
     C* const buffer = static_cast<C*>(work);
     const InOrder<T, D> driver(ctx, destination,
-                               align_up(buffer + ctx.fact[0].factor * ctx.fact[0].rest));
+                               signal::align_up(buffer + ctx.fact[0].factor * ctx.fact[0].rest));
     driver.run(0, source, source == destination ? buffer : destination);
 }
 

@@ -8,33 +8,8 @@
 #include "signal/dft/kernels.h"
 #include "signal/dft/kinds.h"
 
-#include <math.h>
-
 namespace vor::dft {
 namespace {
-
-template <class T>
-bool decode_flag(Context<T>& ctx, int flag) {
-    const auto n = static_cast<long double>(ctx.lenDft);
-    switch (flag) {
-    case TAV_FFT_DIV_FWD_BY_N:
-        ctx.doScaleFwd = 1;
-        ctx.normFactor = static_cast<T>(1 / n);
-        return true;
-    case TAV_FFT_DIV_INV_BY_N:
-        ctx.doScaleInv = 1;
-        ctx.normFactor = static_cast<T>(1 / n);
-        return true;
-    case TAV_FFT_DIV_BY_SQRTN:
-        ctx.doScaleFwd = ctx.doScaleInv = 1;
-        ctx.normFactor = static_cast<T>(1 / sqrtl(n));
-        return true;
-    case TAV_FFT_NODIV_BY_ANY:
-        return true;
-    default:
-        return false;
-    }
-}
 
 // The engine of `length` elements of type E.
 template <class E, class T = real_t<E>>
@@ -126,7 +101,7 @@ TavStatus init(DftCtx** object, int n, int flag, int hint) {
     ctx->lenDft = n;
     ctx->hint = hint;
     TavStatus status = tavStsNoErr;
-    if (!decode_flag(*ctx, flag))
+    if (!signal::decode_flag(*ctx, flag, n))
         status = tavStsFftFlagErr;
     else if (n > kLongestTiny)
         status = (n & (n - 1)) == 0 ? init_power_of_two<K>(*ctx, flag) : init_tables<K>(*ctx);
@@ -140,19 +115,16 @@ TavStatus init(DftCtx** object, int n, int flag, int hint) {
 
 template <class K>
 TavStatus release(DftCtx* object) {
-    if (!object) return tavStsNullPtrErr;
-    auto& ctx = context_of<typename K::Real>(object);
-    if (ctx.idCtx != K::kIdentity) return tavStsContextMatchErr;
-    destroy_all<K>(ctx);
+    if (const TavStatus status = signal::refused(object, K::kIdentity)) return status;
+    destroy_all<K>(context_of<typename K::Real>(object));
     return tavStsNoErr;
 }
 
 template <class K>
 TavStatus buffer_size(const DftCtx* object, int* bytes) {
-    if (!object || !bytes) return tavStsNullPtrErr;
-    const auto& ctx = context_of<typename K::Real>(object);
-    if (ctx.idCtx != K::kIdentity) return tavStsContextMatchErr;
-    *bytes = ctx.bufSize;
+    if (!bytes) return tavStsNullPtrErr;
+    if (const TavStatus status = signal::refused(object, K::kIdentity)) return status;
+    *bytes = context_of<typename K::Real>(object).bufSize;
     return tavStsNoErr;
 }
 

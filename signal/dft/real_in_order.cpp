@@ -22,7 +22,7 @@ public:
         constexpr bool kForward = D == Direction::forward;
         arrays_[1] = buffer;
         arrays_[0] = kForward && source != destination ? destination : buffer + n;
-        scratch_ = align_up(buffer + 2 * n);
+        scratch_ = signal::align_up(buffer + 2 * n);
     }
 
     // Record i and all later ones: the block at `block`, whose reals begin at `start` and follow

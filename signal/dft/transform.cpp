@@ -6,52 +6,23 @@
 //
 // Source and destination may be the same array. A transform reads the object and nothing else that
 // others could change.
-#include "signal/dft/format.h"
 #include "signal/dft/kernels.h"
 #include "signal/dft/kinds.h"
 #include "signal/dft/tiny.h"
+#include "signal/format.h"
 
 namespace vor::dft {
 namespace {
 
-// The caller's work buffer from its first aligned address, or one of this call's own, or none.
-class WorkBuffer {
-public:
-    WorkBuffer(void* given, int bytes) : needed_(bytes > 0) {
-        if (!needed_) return;
-        if (!given) given = owned_ = tavsMalloc_8u(bytes);
-        data_ = align_up(static_cast<char*>(given));
-    }
-    ~WorkBuffer() { tavsFree(owned_); }
-    WorkBuffer(const WorkBuffer&) = delete;
-    WorkBuffer& operator=(const WorkBuffer&) = delete;
-
-    bool missing() const { return needed_ && !data_; }
-    void* data() const { return data_; }
-
-private:
-    bool needed_;
-    void* owned_ = nullptr;
-    void* data_ = nullptr;
-};
-
-// Argument tests of every transform, in their order.
-template <class K>
-TavStatus refused(const void* source, const void* destination, const DftCtx* object) {
-    if (!object) return tavStsNullPtrErr;
-    if (context_of<typename K::Real>(object).idCtx != K::kIdentity) return tavStsContextMatchErr;
-    return source && destination ? tavStsNoErr : tavStsNullPtrErr;
-}
-
-template <Direction D, class T>
-bool scaled(const Context<T>& ctx) {
-    return D == Direction::forward ? ctx.doScaleFwd : ctx.doScaleInv;
-}
+using signal::Format;
+using signal::refused;
+using signal::scales;
+using signal::WorkBuffer;
 
 // Multiplies `count` reals by the factor of the object, after an engine that went well.
 template <Direction D, class T>
 TavStatus finish(TavStatus status, const Context<T>& ctx, T* y, int count) {
-    if (status == tavStsNoErr && scaled<D>(ctx)) Shared<T>::scale(ctx.normFactor, y, count);
+    if (status == tavStsNoErr && scales<D>(ctx)) Shared<T>::scale(ctx.normFactor, y, count);
     return status;
 }
 
@@ -100,11 +71,11 @@ TavStatus real_even_engine(const DftCtx* object, const T* x, T* y, int length, v
 template <class K, Direction D, class C>
 TavStatus complex_transform(const C* x, C* y, const DftCtx* object, void* buffer) {
     using T = typename K::Real;
-    if (const TavStatus status = refused<K>(x, y, object)) return status;
+    if (const TavStatus status = refused(object, K::kIdentity, x, y)) return status;
     const auto& ctx = context_of<T>(object);
     const int n = ctx.lenDft;
     if (n <= kLongestTiny) {
-        tiny_transform<D>(x, y, n, scaled<D>(ctx), ctx.normFactor);
+        TinyLengths<C>::template run<D>(n - 1, x, y, scales<D>(ctx), ctx.normFactor);
         return tavStsNoErr;
     }
     const WorkBuffer work(buffer, ctx.bufSize);
@@ -119,7 +90,7 @@ TavStatus perm_transform(const T* x, T* y, const DftCtx* object, void* work) {
     const auto& ctx = context_of<T>(object);
     const int n = ctx.lenDft;
     if (n <= kLongestTiny) {
-        tiny_transform<D>(x, y, n, scaled<D>(ctx), ctx.normFactor);
+        TinyLengths<T>::template run<D>(n - 1, x, y, scales<D>(ctx), ctx.normFactor);
         return tavStsNoErr;
     }
     if (ctx.isPow2) return Directed<T, D>::real_fft(x, y, ctx.fftSpec, work);
@@ -129,17 +100,18 @@ TavStatus perm_transform(const T* x, T* y, const DftCtx* object, void* work) {
 
 template <class K, Format F, Direction D, class T>
 TavStatus real_transform(const T* x, T* y, const DftCtx* object, void* buffer) {
-    if (const TavStatus status = refused<K>(x, y, object)) return status;
+    if (const TavStatus status = refused(object, K::kIdentity, x, y)) return status;
     const auto& ctx = context_of<T>(object);
     const WorkBuffer work(buffer, ctx.bufSize);
     if (work.missing()) return tavStsMemAllocErr;
     if constexpr (D == Direction::backward && F != Format::perm) {
-        to_perm<F>(x, y, ctx.lenDft);
+        signal::convert<F, Format::perm>(x, y, ctx.lenDft);
         x = y;
     }
     const TavStatus status = perm_transform<D>(x, y, object, work.data());
     if constexpr (D == Direction::forward)
-        if (status == tavStsNoErr) from_perm<F>(y, ctx.lenDft);
+        if (status == tavStsNoErr && F != Format::perm)
+            signal::convert<Format::perm, F, T>(y, y, ctx.lenDft);
     return status;
 }
 

@@ -23,7 +23,7 @@ struct Owned {
 
 // Exact symmetries of the circle, values to one rounding.
 TYPED_TEST(DftKernels, BaseTable) {
-    using C = dft::complex_t<TypeParam>;
+    using C = complex_t<TypeParam>;
     for (int n : {1, 2, 3, 5, 8, 12, 18, 30, 1000, 1001, 1002, 4104}) {
         const Owned<C> table(dft::Shared<TypeParam>::base_table(n));
         const Spectrum want = unit_roots(n, Direction::forward);
@@ -42,10 +42,10 @@ TYPED_TEST(DftKernels, BaseTable) {
 
 template <class T>
 void check_direct(int n, WorstError& worst) {
-    using C = dft::complex_t<T>;
+    using C = complex_t<T>;
     using K = dft::Shared<T>;
-    using Forward = dft::Directed<T, dft::Direction::forward>;
-    using Inverse = dft::Directed<T, dft::Direction::backward>;
+    using Forward = dft::Directed<T, Direction::forward>;
+    using Inverse = dft::Directed<T, Direction::backward>;
     const Owned<C> base(K::base_table(2 * n));
     const Owned<C> table(K::direct_table(base.data, n, 2));
     Random random(n);
@@ -82,9 +82,9 @@ TYPED_TEST(DftKernels, DirectSums) {
 
 // A stage in place gives what it gives out of place, on several blocks and a single column.
 TYPED_TEST(DftKernels, StagesInPlace) {
-    using C = dft::complex_t<TypeParam>;
-    using Forward = dft::Directed<TypeParam, dft::Direction::forward>;
-    using Inverse = dft::Directed<TypeParam, dft::Direction::backward>;
+    using C = complex_t<TypeParam>;
+    using Forward = dft::Directed<TypeParam, Direction::forward>;
+    using Inverse = dft::Directed<TypeParam, Direction::backward>;
     const Owned<C> base(dft::Shared<TypeParam>::base_table(7));
     Random random;
     Guarded<C> x(210), y(210), twiddle(7 * 15), scratch(6);
@@ -116,9 +116,9 @@ TYPED_TEST(DftKernels, StagesInPlace) {
 // A block has the same bits alone and among others, whichever columns a kernel takes together, and
 // nothing behind the last block is touched.
 TYPED_TEST(DftKernels, BlocksTogether) {
-    using C = dft::complex_t<TypeParam>;
-    using Forward = dft::Directed<TypeParam, dft::Direction::forward>;
-    using Inverse = dft::Directed<TypeParam, dft::Direction::backward>;
+    using C = complex_t<TypeParam>;
+    using Forward = dft::Directed<TypeParam, Direction::forward>;
+    using Inverse = dft::Directed<TypeParam, Direction::backward>;
     constexpr int kBlocks = 6, kMostColumns = 11;
     Random random;
     Guarded<C> x(kBlocks * 5 * kMostColumns), twiddle(kBlocks * 4 * kMostColumns);
@@ -167,7 +167,7 @@ TYPED_TEST(DftKernels, BlocksTogether) {
 }
 
 TYPED_TEST(DftKernels, BlockHelpers) {
-    using C = dft::complex_t<TypeParam>;
+    using C = complex_t<TypeParam>;
     using K = dft::Shared<TypeParam>;
     for (int n : {0, 1, 2, 3, 8, 9}) {
         Random random(n);
