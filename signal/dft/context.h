@@ -2,7 +2,6 @@
 #pragma once
 
 #include "serv/memory.h"
-#include "signal/dft/arithmetic.h"
 #include "signal/object.h"
 
 #include <limits.h>
@@ -99,10 +98,5 @@ inline int order_of(int n) {
     while (1 << order < n) ++order;
     return order;
 }
-
-// Factors `length` into the `factor` fields and sets lastFactor; false if it is prime or has a prime
-// factor above kLargestRadix.
-template <class T>
-bool factorise(Context<T>& ctx, int length);
 
 } // namespace vor::dft
