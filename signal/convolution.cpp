@@ -29,7 +29,7 @@ struct Pair {
 
 template <class R>
 TavStatus one_product(const Pair<R>& pair, R* dst) {
-    using F = Calls<R>;
+    using F = Routines<R>;
     const int outputs = pair.outputs();
     const RealFft<R> fft(order_of(outputs, kLeastOrder));
     if (fft.status() != tavStsNoErr) return fft.status();
@@ -39,10 +39,10 @@ TavStatus one_product(const Pair<R>& pair, R* dst) {
     if (!a) return tavStsMemAllocErr;
     copy_padded(pair.longer, pair.n, a, n);
     copy_padded(pair.shorter, pair.m, b, n);
-    F::to_perm(a, a, fft.object(), work);
-    F::to_perm(b, b, fft.object(), work);
+    F::perm[0](a, a, fft.object(), work);
+    F::perm[0](b, b, fft.object(), work);
     F::multiply_perm(a, b, n);
-    const TavStatus status = F::from_perm(b, b, fft.object(), work);
+    const TavStatus status = F::perm[1](b, b, fft.object(), work);
     F::copy(b, dst, outputs);
     return status;
 }
@@ -50,7 +50,7 @@ TavStatus one_product(const Pair<R>& pair, R* dst) {
 // Blocks of N points, each of which yields the outputs that do not see the wrap of the circular product.
 template <class R>
 TavStatus overlap_save(const Pair<R>& pair, R* dst) {
-    using F = Calls<R>;
+    using F = Routines<R>;
     const RealFft<R> fft(order_of(2 * int64_t{pair.m}, kLeastOrder) + 1);
     if (fft.status() != tavStsNoErr) return fft.status();
     const int n = fft.n(), step = n - pair.m + 1, outputs = pair.outputs();
@@ -58,7 +58,7 @@ TavStatus overlap_save(const Pair<R>& pair, R* dst) {
     R *a = block.get(), *b = a + n, *work = fft.work_bytes() ? b + n : nullptr;
     if (!a) return tavStsMemAllocErr;
     copy_padded(pair.shorter, pair.m, a, n);
-    TavStatus status = F::to_perm(a, a, fft.object(), work);
+    TavStatus status = F::perm[0](a, a, fft.object(), work);
     for (int64_t pos = 0; pos < outputs && status == tavStsNoErr; pos += step) {
         const int at = static_cast<int>(pos), overlap = at ? pair.m - 1 : 0;
         const int left = pair.n - at + overlap, room = overlap + step;
@@ -67,10 +67,10 @@ TavStatus overlap_save(const Pair<R>& pair, R* dst) {
             copy_padded(in, left < room ? left : room, b, n);
             in = b;
         }
-        status = F::to_perm(in, b, fft.object(), work);
+        status = F::perm[0](in, b, fft.object(), work);
         if (status != tavStsNoErr) break;
         F::multiply_perm(a, b, n);
-        status = F::from_perm(b, b, fft.object(), work);
+        status = F::perm[1](b, b, fft.object(), work);
         if (status != tavStsNoErr) break;
         F::copy(b + overlap, dst + at, outputs - at < step ? outputs - at : step);
     }

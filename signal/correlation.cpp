@@ -99,7 +99,7 @@ void direct_longer_second(Correlation<R> c) {
 template <class R>
 TavStatus by_spectra(const R* src1, int len1, const R* src2, int len2, R* dst, int count,
                      int offset) {
-    using F = Calls<R>;
+    using F = Routines<R>;
     const int64_t points = int64_t{len1} + len2 - 1;
     const RealFft<R> fft(points < 3 ? 1 : order_of(points, 2));
     if (fft.status() != tavStsNoErr) return fft.status();
@@ -111,16 +111,16 @@ TavStatus by_spectra(const R* src1, int len1, const R* src2, int len2, R* dst, i
     TavStatus status = a ? tavStsNoErr : tavStsMemAllocErr;
     if (status == tavStsNoErr) {
         copy_padded(src1, len1, a, n);
-        status = F::to_pack(a, a, fft.object(), work);
+        status = F::pack[0](a, a, fft.object(), work);
     }
     if (status == tavStsNoErr) {
         if (len1 > 1) F::zero(b, len1 - 1);
         copy_padded(src2, len2, b + len1 - 1, n - len1 + 1);
-        status = F::to_pack(b, b, fft.object(), work);
+        status = F::pack[0](b, b, fft.object(), work);
     }
     if (status == tavStsNoErr) {
         F::multiply_pack_conjugate(b, a, n);
-        status = F::from_pack(a, b, fft.object(), work);
+        status = F::pack[1](a, b, fft.object(), work);
     }
     if (status == tavStsNoErr) F::copy(b + offset, dst, count);
     tavsFree(work);

@@ -1,48 +1,12 @@
 // A real FFT object with its work size, and blocks of memory, for the length of one call.
 #pragma once
 
-#include "vor_signal.h"
+#include "signal/routines.h"
 
 #include <limits.h>
 #include <stdint.h>
 
 namespace vor::signal {
-
-// The calls by element type.
-template <class R>
-struct Calls;
-
-template <>
-struct Calls<float> {
-    static constexpr auto build = tavsFFTInitAlloc_R_32f;
-    static constexpr auto release = tavsFFTFree_R_32f;
-    static constexpr auto buffer_size = tavsFFTGetBufSize_R_32f;
-    static constexpr auto to_perm = tavsFFTFwd_RToPerm_32f;
-    static constexpr auto from_perm = tavsFFTInv_PermToR_32f;
-    static constexpr auto to_pack = tavsFFTFwd_RToPack_32f;
-    static constexpr auto from_pack = tavsFFTInv_PackToR_32f;
-    static constexpr auto multiply_perm = tavsMulPerm_32f_I;
-    static constexpr auto multiply_pack_conjugate = tavsMulPackConj_32f_I;
-    static constexpr auto allocate = tavsMalloc_32f;
-    static constexpr auto copy = tavsCopy_32f;
-    static constexpr auto zero = tavsZero_32f;
-};
-
-template <>
-struct Calls<double> {
-    static constexpr auto build = tavsFFTInitAlloc_R_64f;
-    static constexpr auto release = tavsFFTFree_R_64f;
-    static constexpr auto buffer_size = tavsFFTGetBufSize_R_64f;
-    static constexpr auto to_perm = tavsFFTFwd_RToPerm_64f;
-    static constexpr auto from_perm = tavsFFTInv_PermToR_64f;
-    static constexpr auto to_pack = tavsFFTFwd_RToPack_64f;
-    static constexpr auto from_pack = tavsFFTInv_PackToR_64f;
-    static constexpr auto multiply_perm = tavsMulPerm_64f_I;
-    static constexpr auto multiply_pack_conjugate = tavsMulPackConj_64f_I;
-    static constexpr auto allocate = tavsMalloc_64f;
-    static constexpr auto copy = tavsCopy_64f;
-    static constexpr auto zero = tavsZero_64f;
-};
 
 // Memory of one call, null inside if it cannot be had or nothing is asked for.
 template <class R>
@@ -50,7 +14,7 @@ class Block {
 public:
     explicit Block(int64_t count)
         : memory_(count > 0 && count <= static_cast<int64_t>(INT_MAX / sizeof(R))
-                      ? Calls<R>::allocate(static_cast<int>(count))
+                      ? Routines<R>::allocate(static_cast<int>(count))
                       : nullptr) {}
     ~Block() { tavsFree(memory_); }
     Block(const Block&) = delete;
@@ -66,11 +30,11 @@ template <class R>
 class RealFft {
 public:
     explicit RealFft(int order) : n_(1 << order) {
-        status_ = Calls<R>::build(&object_, order, TAV_FFT_DIV_INV_BY_N, 0);
-        if (status_ == tavStsNoErr) status_ = Calls<R>::buffer_size(object_, &bytes_);
+        status_ = Routines<R>::build(&object_, order, TAV_FFT_DIV_INV_BY_N, 0);
+        if (status_ == tavStsNoErr) status_ = Routines<R>::buffer_size(object_, &bytes_);
     }
     ~RealFft() {
-        if (object_) Calls<R>::release(object_);
+        if (object_) Routines<R>::release(object_);
     }
     RealFft(const RealFft&) = delete;
     RealFft& operator=(const RealFft&) = delete;
@@ -91,8 +55,8 @@ private:
 // x, count elements, padded with zeros to n.
 template <class R>
 void copy_padded(const R* x, int count, R* out, int n) {
-    Calls<R>::copy(x, out, count);
-    if (n > count) Calls<R>::zero(out + count, n - count);
+    Routines<R>::copy(x, out, count);
+    if (n > count) Routines<R>::zero(out + count, n - count);
 }
 
 // The least order whose power of two is at least `points`, not below `least`; 31 if there is none.

@@ -7,7 +7,10 @@
 // FFTs of that length. The transform of conj(c), divided by M, is built with the object. The inverse
 // transform is the forward one with its output index negated. The work buffer holds M elements, then
 // that of the FFT.
+#include "signal/dft/engines.h"
+#include "signal/dft/kernel/block.h"
 #include "signal/dft/kernels.h"
+#include "signal/routines.h"
 
 namespace vor::dft {
 namespace {
@@ -24,47 +27,32 @@ void fill_chirp(C* chirp, const C* base, int n) {
 
 template <class T, class C = complex_t<T>>
 TavStatus build_convolution(Context<T>& ctx, int n, int order) {
-    using K = Shared<T>;
+    using Fft = signal::Routines<C>;
     const int m = 1 << order;
     C* const response = ctx.tabChirpFft;
-    K::conjugate(ctx.tabChirp, response, n);
-    K::zero(response + n, m - n);
+    conjugate(ctx.tabChirp, response, n);
+    zero(response + n, m - n);
     for (int k = 1; k < n; ++k) response[m - k] = response[k];
-    TavStatus status = K::fft_init(&ctx.fftConvSpec, order, TAV_FFT_NODIV_BY_ANY, 0);
+    TavStatus status = Fft::build(&ctx.fftConvSpec, order, TAV_FFT_NODIV_BY_ANY, 0);
     if (status == tavStsNoErr)
-        status = Directed<T, Direction::forward>::fft(response, response, ctx.fftConvSpec, nullptr);
+        status = Fft::transform[0](response, response, ctx.fftConvSpec, nullptr);
     if (status != tavStsNoErr) return status;
-    K::scale(static_cast<T>(1.0L / m), &response->re, 2 * m);
+    signal::Routines<T>::scale(static_cast<T>(1.0L / m), &response->re, 2 * m);
     int fft_bytes = 0;
-    K::fft_buffer(ctx.fftConvSpec, &fft_bytes);
+    Fft::buffer_size(ctx.fftConvSpec, &fft_bytes);
     return set_buffer<C>(ctx, static_cast<size_t>(m), static_cast<size_t>(fft_bytes));
-}
-
-template <class T, class C = complex_t<T>>
-TavStatus init_chirp(Context<T>& ctx, int n, const C* base, int baseLength) {
-    using K = Shared<T>;
-    // The base table of n elements exists, so 4n does not overflow.
-    const int order = order_of(2 * n - 1);
-    ctx.lenConvFft = 1 << order;
-    ctx.tabChirp = allocate<C>(static_cast<size_t>(n));
-    ctx.tabChirpFft = allocate<C>(static_cast<size_t>(ctx.lenConvFft));
-    if (!ctx.tabChirp || !ctx.tabChirpFft) return tavStsMemAllocErr;
-    C* const own = baseLength == n ? K::base_table(2 * n) : nullptr;
-    if (baseLength == n && !own) return tavStsMemAllocErr;
-    fill_chirp(ctx.tabChirp, own ? own : base, n);
-    tavsFree(own);
-    return build_convolution(ctx, n, order);
 }
 
 // Steps of a transform on `work`, whose first n elements are x[k] c_k.
 template <class T, class C = complex_t<T>>
 TavStatus convolve(const Context<T>& ctx, C* work, int n) {
     const int m = ctx.lenConvFft;
-    Shared<T>::zero(work + n, m - n);
-    TavStatus status = Directed<T, Direction::forward>::fft(work, work, ctx.fftConvSpec, work + m);
+    using Fft = signal::Routines<C>;
+    zero(work + n, m - n);
+    const TavStatus status = Fft::transform[0](work, work, ctx.fftConvSpec, work + m);
     if (status != tavStsNoErr) return status;
-    Shared<T>::multiply(ctx.tabChirpFft, work, work, m);
-    return Directed<T, Direction::backward>::fft(work, work, ctx.fftConvSpec, work + m);
+    multiply(ctx.tabChirpFft, work, work, m);
+    return Fft::transform[1](work, work, ctx.fftConvSpec, work + m);
 }
 
 template <class C>
@@ -76,16 +64,6 @@ void reverse(C* x, int count) {
     }
 }
 
-template <class T, class C = complex_t<T>>
-TavStatus complex_chirp(const Context<T>& ctx, const C* x, C* y, int n, int direction, C* work) {
-    Shared<T>::multiply(ctx.tabChirp, x, work, n);
-    const TavStatus status = convolve(ctx, work, n);
-    if (status != tavStsNoErr) return status;
-    Shared<T>::multiply(ctx.tabChirp, work, y, n);
-    if (direction < 0) reverse(y + 1, n - 1);
-    return tavStsNoErr;
-}
-
 // n odd, result in half-complex form.
 template <class T, class C = complex_t<T>>
 TavStatus real_chirp_forward(const Context<T>& ctx, const T* x, T* y, C* work) {
@@ -93,7 +71,7 @@ TavStatus real_chirp_forward(const Context<T>& ctx, const T* x, T* y, C* work) {
     for (int k = 0; k < n; ++k) work[k] = x[k] * ctx.tabChirp[k];
     const TavStatus status = convolve(ctx, work, n);
     if (status != tavStsNoErr) return status;
-    Shared<T>::multiply(ctx.tabChirp, work, work, n);
+    multiply(ctx.tabChirp, work, work, n);
     y[0] = work[0].re;
     for (int k = 1; k <= (n - 1) / 2; ++k) {
         y[2 * k - 1] = work[k].re;
@@ -111,7 +89,7 @@ TavStatus real_chirp_inverse(const Context<T>& ctx, const T* x, T* y, C* work) {
         work[n - k] = {x[2 * k - 1], x[2 * k]};
         work[k] = conj(work[n - k]);
     }
-    Shared<T>::multiply(ctx.tabChirp, work, work, n);
+    multiply(ctx.tabChirp, work, work, n);
     const TavStatus status = convolve(ctx, work, n);
     if (status != tavStsNoErr) return status;
     for (int k = 0; k < n; ++k)
@@ -120,27 +98,73 @@ TavStatus real_chirp_inverse(const Context<T>& ctx, const T* x, T* y, C* work) {
 }
 
 } // namespace
+
+template <class T>
+TavStatus init_chirp(Context<T>& ctx, int n, const complex_t<T>* base, int baseLength) {
+    using C = complex_t<T>;
+    // The base table of n elements exists, so 4n does not overflow.
+    const int order = order_of(2 * n - 1);
+    ctx.lenConvFft = 1 << order;
+    ctx.tabChirp = allocate<C>(static_cast<size_t>(n));
+    ctx.tabChirpFft = allocate<C>(static_cast<size_t>(ctx.lenConvFft));
+    if (!ctx.tabChirp || !ctx.tabChirpFft) return tavStsMemAllocErr;
+    C* const own = baseLength == n ? base_table<T>(2 * n) : nullptr;
+    if (baseLength == n && !own) return tavStsMemAllocErr;
+    fill_chirp(ctx.tabChirp, own ? own : base, n);
+    tavsFree(own);
+    return build_convolution(ctx, n, order);
+}
+
+template <Direction D, class T>
+TavStatus complex_chirp(const Context<T>& ctx, const complex_t<T>* x, complex_t<T>* y, int n,
+                        void* work) {
+    auto* const w = static_cast<complex_t<T>*>(work);
+    multiply(ctx.tabChirp, x, w, n);
+    const TavStatus status = convolve(ctx, w, n);
+    if (status != tavStsNoErr) return status;
+    multiply(ctx.tabChirp, w, y, n);
+    if constexpr (D == Direction::backward) reverse(y + 1, n - 1);
+    return tavStsNoErr;
+}
+
+template <Direction D, class T>
+TavStatus real_chirp(const Context<T>& ctx, const T* x, T* y, void* work) {
+    auto* const w = static_cast<complex_t<T>*>(work);
+    if constexpr (D == Direction::forward)
+        return real_chirp_forward(ctx, x, y, w);
+    else
+        return real_chirp_inverse(ctx, x, y, w);
+}
+
 } // namespace vor::dft
 
-#define CHIRP(suffix, T, C)                                                                        \
-    extern "C" TavStatus tavs_initDftConv_##suffix(DftCtx* object, int n, const C* base,           \
-                                                   int baseLength) {                               \
+#define CHIRP(init, transform, T, C)                                                               \
+    template TavStatus vor::dft::init_chirp(Context<T>&, int, const C*, int);                      \
+    template TavStatus vor::dft::complex_chirp<vor::Direction::forward>(const Context<T>&,         \
+                                                                        const C*, C*, int, void*); \
+    template TavStatus vor::dft::complex_chirp<vor::Direction::backward>(                          \
+        const Context<T>&, const C*, C*, int, void*);                                              \
+    extern "C" TavStatus init(DftCtx* object, int n, const C* base, int baseLength) {              \
         return vor::dft::init_chirp(vor::dft::context_of<T>(object), n, base, baseLength);         \
     }                                                                                              \
-    extern "C" TavStatus tavs_cDft_Conv_##suffix##c(                                               \
-        const DftCtx* object, const C* source, C* destination, int n, int direction, void* work) { \
-        return vor::dft::complex_chirp(vor::dft::context_of<T>(object), source, destination, n,    \
-                                       direction, static_cast<C*>(work));                          \
-    }                                                                                              \
-    extern "C" TavStatus tavs_rDftFwd_Conv_##suffix(const DftCtx* object, const T* source,         \
-                                                    T* destination, void* work) {                  \
-        return vor::dft::real_chirp_forward(vor::dft::context_of<T>(object), source, destination,  \
-                                            static_cast<C*>(work));                                \
-    }                                                                                              \
-    extern "C" TavStatus tavs_rDftInv_Conv_##suffix(const DftCtx* object, const T* source,         \
-                                                    T* destination, void* work) {                  \
-        return vor::dft::real_chirp_inverse(vor::dft::context_of<T>(object), source, destination,  \
-                                            static_cast<C*>(work));                                \
+    extern "C" TavStatus transform(const DftCtx* object, const C* source, C* destination, int n,   \
+                                   int direction, void* work) {                                    \
+        using namespace vor::dft;                                                                  \
+        const auto run = direction < 0 ? complex_chirp<vor::Direction::backward, T>                \
+                                       : complex_chirp<vor::Direction::forward, T>;                \
+        return run(context_of<T>(object), source, destination, n, work);                           \
     }
-CHIRP(32f, float, vor::cfloat)
-CHIRP(64f, double, vor::cdouble)
+CHIRP(tavs_initDftConv_32f, tavs_cDft_Conv_32fc, float, VOR_SCOMPLEX)
+CHIRP(tavs_initDftConv_64f, tavs_cDft_Conv_64fc, double, VOR_DCOMPLEX)
+
+#define REAL_CHIRP(name, D, T)                                                                     \
+    template TavStatus vor::dft::real_chirp<vor::Direction::D>(const Context<T>&, const T*, T*,    \
+                                                               void*);                             \
+    extern "C" TavStatus name(const DftCtx* object, const T* source, T* destination, void* work) { \
+        using namespace vor::dft;                                                                  \
+        return real_chirp<vor::Direction::D>(context_of<T>(object), source, destination, work);    \
+    }
+REAL_CHIRP(tavs_rDftFwd_Conv_32f, forward, float)
+REAL_CHIRP(tavs_rDftInv_Conv_32f, backward, float)
+REAL_CHIRP(tavs_rDftFwd_Conv_64f, forward, double)
+REAL_CHIRP(tavs_rDftInv_Conv_64f, backward, double)

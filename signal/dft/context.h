@@ -2,8 +2,7 @@
 #pragma once
 
 #include "serv/memory.h"
-#include "signal/dft/arithmetic.h"
-#include "vor_signal.h"
+#include "signal/object.h"
 
 #include <limits.h>
 
@@ -23,8 +22,6 @@ constexpr int kSweepLimit = sizeof(T) == 4 ? 2001 : 501;
 // From this length on an out-of-order object leaves its results in digit-reversed order.
 template <class T>
 constexpr int kOutOfOrderLimit = sizeof(T) == 4 ? 2001 : 5001;
-
-constexpr int kAlignment = 16; // of work buffers
 
 // One stage. The remainder of the factorisation and its direct table stand in `factor` and
 // `tabDirFactor` of the record behind the last stage.
@@ -85,17 +82,11 @@ E* allocate(size_t count) {
     return static_cast<E*>(tavsMalloc_8u(static_cast<int>(bytes)));
 }
 
-template <class E>
-E* align_up(E* p) {
-    const auto address = (reinterpret_cast<size_t>(p) + kAlignment - 1) & ~size_t{kAlignment - 1};
-    return reinterpret_cast<E*>(address);
-}
-
 // Sets the work size to `count` elements of type E plus `extra` bytes and the room for alignment.
 template <class E>
 TavStatus set_buffer(Context<real_t<E>>& ctx, size_t count, size_t extra = 0) {
     unsigned bytes;
-    if (!byte_count(count, sizeof(E), extra + kAlignment, &bytes) || bytes > INT_MAX)
+    if (!byte_count(count, sizeof(E), extra + signal::kAlignment, &bytes) || bytes > INT_MAX)
         return tavStsMemAllocErr;
     ctx.bufSize = static_cast<int>(bytes);
     return tavStsNoErr;
@@ -107,10 +98,5 @@ inline int order_of(int n) {
     while (1 << order < n) ++order;
     return order;
 }
-
-// Factors `length` into the `factor` fields and sets lastFactor; false if it is prime or has a prime
-// factor above kLargestRadix.
-template <class T>
-bool factorise(Context<T>& ctx, int length);
 
 } // namespace vor::dft

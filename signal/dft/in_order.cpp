@@ -4,7 +4,10 @@
 // leaves, then all its stages one after the other over the whole block; a longer one finishes its
 // sub-blocks one by one and then runs its own stage. The stages work in place in the destination, or
 // in the work buffer if source and destination are the same array; record 0 writes the destination.
+#include "signal/dft/engines.h"
 #include "signal/dft/kernels.h"
+#include "signal/dft/leaf.h"
+#include "signal/dft/stage.h"
 
 namespace vor::dft {
 namespace {
@@ -13,7 +16,6 @@ template <class T, Direction D>
 class InOrder {
 public:
     using C = complex_t<T>;
-    using K = Directed<T, D>;
 
     InOrder(const Context<T>& ctx, C* destination, C* scratch)
         : ctx_(ctx), destination_(destination), scratch_(scratch) {}
@@ -34,32 +36,20 @@ public:
 private:
     void leaf(const C* x, C* y) const {
         const DftFactorRec<T>& last = ctx_.last();
-        const int c = last.factor, p = last.prodBefore, r = last.rest;
-        if (r == 3) return K::leaf3(x, p, y, c, last.nBlocks, ctx_.tabPerm);
-        if (r == 5) return K::leaf5(x, p, y, c, last.nBlocks, ctx_.tabPerm);
-        for (int b = 0; b < last.nBlocks; ++b)
-            K::leaf(x + ctx_.tabPerm[b], p, y + b * c * r, r, c, ctx_.remainder().tabDirFactor,
-                    scratch_);
+        const TableRadix<T> table{last.rest, ctx_.remainder().tabDirFactor, scratch_};
+        with_radix<3, 5>(table, [&](auto radix) {
+            dft::leaf<D>(radix, x, last.prodBefore, y, last.factor, last.nBlocks, ctx_.tabPerm);
+        });
     }
 
-    void stage(int i, C* x) const {
+    [[gnu::noinline]] void stage(int i, C* x) const {
         const DftFactorRec<T>& record = ctx_.fact[i];
-        const int f = record.factor, r = record.rest, blocks = record.nBlocks;
+        const TableRadix<T> table{record.factor, record.tabDirFactor, scratch_};
+        const C* const source = x;
         C* const y = i == 0 ? destination_ : x;
-        switch (f) {
-        case 2:
-            return K::stage2(x, y, r, blocks, record.tabTwiddle);
-        case 3:
-            return K::stage3(x, y, r, blocks, record.tabTwiddle);
-        case 4:
-            return K::stage4(x, y, r, blocks, record.tabTwiddle);
-        case 5:
-            return K::stage5(x, y, r, blocks, record.tabTwiddle);
-        default:
-            for (int b = 0; b < blocks; ++b)
-                K::stage(x + b * f * r, y + b * f * r, f, r, record.tabDirFactor, record.tabTwiddle,
-                         scratch_);
-        }
+        with_radix<2, 3, 4, 5>(table, [&](auto radix) {
+            dft::stage<D>(radix, source, y, record.rest, record.nBlocks, record.tabTwiddle);
+        });
     }
 
     const Context<T>& ctx_;
@@ -67,24 +57,25 @@ private:
     C* scratch_;
 };
 
-template <Direction D, class T, class C = complex_t<T>>
-void in_order(const Context<T>& ctx, const C* source, C* destination, void* work) {
-    C* const buffer = static_cast<C*>(work);
-    const InOrder<T, D> driver(ctx, destination,
-                               align_up(buffer + ctx.fact[0].factor * ctx.fact[0].rest));
-    driver.run(0, source, source == destination ? buffer : destination);
+} // namespace
+
+template <Direction D, class T>
+void in_order(const Context<T>& ctx, const complex_t<T>* x, complex_t<T>* y, void* work) {
+    auto* const buffer = static_cast<complex_t<T>*>(work);
+    const InOrder<T, D> driver(ctx, y,
+                               signal::align_up(buffer + ctx.fact[0].factor * ctx.fact[0].rest));
+    driver.run(0, x, x == y ? buffer : y);
 }
 
-} // namespace
 } // namespace vor::dft
 
-#define IN_ORDER(Dir, D, suffix, T, C)                                                             \
-    extern "C" void tavs_cDft##Dir##_PrimeFact_##suffix(const DftCtx* object, const C* source,     \
-                                                        C* destination, void* work) {              \
-        vor::dft::in_order<vor::Direction::D>(vor::dft::context_of<T>(object), source,             \
-                                              destination, work);                                  \
+#define IN_ORDER(name, D, T, C)                                                                    \
+    template void vor::dft::in_order<vor::Direction::D>(const Context<T>&, const C*, C*, void*);   \
+    extern "C" void name(const DftCtx* object, const C* source, C* destination, void* work) {      \
+        using namespace vor::dft;                                                                  \
+        in_order<vor::Direction::D>(context_of<T>(object), source, destination, work);             \
     }
-IN_ORDER(Fwd, forward, 32fc, float, vor::cfloat)
-IN_ORDER(Inv, backward, 32fc, float, vor::cfloat)
-IN_ORDER(Fwd, forward, 64fc, double, vor::cdouble)
-IN_ORDER(Inv, backward, 64fc, double, vor::cdouble)
+IN_ORDER(tavs_cDftFwd_PrimeFact_32fc, forward, float, VOR_SCOMPLEX)
+IN_ORDER(tavs_cDftInv_PrimeFact_32fc, backward, float, VOR_SCOMPLEX)
+IN_ORDER(tavs_cDftFwd_PrimeFact_64fc, forward, double, VOR_DCOMPLEX)
+IN_ORDER(tavs_cDftInv_PrimeFact_64fc, backward, double, VOR_DCOMPLEX)

@@ -1,83 +1,31 @@
-// In-order complex leaves: the first transforms, read from the input with strides. Block by block,
-// for t = 0 to c-1
-//
-//     y[t r + k] = sum over m of x[offset + t p + m p c] W^(m k),   W = exp(-2 pi i / r)
-//
-// or with the conjugate in the inverse direction. Source and destination do not overlap.
-//
-// Single precision takes four transforms at a time, those of one t in four blocks, or with less than
-// four blocks those of four t. A last group that is not full repeats its last transform.
+// The in-order complex leaves by name.
+#include "signal/dft/leaf.h"
 #include "signal/dft/kernels.h"
-#include "signal/dft/lanes.h"
 
-namespace vor::dft {
-namespace {
-
-template <Direction D, class Radix, Parted C>
-VOR_INLINE inline void leaf(Radix radix, const C* x, int p, C* y, int c, int blocks,
-                            const int* offsets) {
-    for (int b = 0; b < blocks; ++b) {
-        const C* from = x + offsets[b];
-        for (int t = 0; t < c; ++t, from += p, y += radix.size())
-            column<D>(radix, from, y, p * c, 1);
+#define LEAF(name, r, D, C)                                                                        \
+    extern "C" void name(const C* source, int p, C* destination, int c, int blocks,                \
+                         const int* offsets) {                                                     \
+        using namespace vor::dft;                                                                  \
+        leaf<vor::Direction::D>(FixedRadix<r>{}, source, p, destination, c, blocks, offsets);      \
     }
-}
+LEAF(tavs_cDftFwd_Prime3_32fc, 3, forward, VOR_SCOMPLEX)
+LEAF(tavs_cDftFwd_Prime5_32fc, 5, forward, VOR_SCOMPLEX)
+LEAF(tavs_cDftInv_Prime3_32fc, 3, backward, VOR_SCOMPLEX)
+LEAF(tavs_cDftInv_Prime5_32fc, 5, backward, VOR_SCOMPLEX)
+LEAF(tavs_cDftFwd_Prime3_64fc, 3, forward, VOR_DCOMPLEX)
+LEAF(tavs_cDftFwd_Prime5_64fc, 5, forward, VOR_DCOMPLEX)
+LEAF(tavs_cDftInv_Prime3_64fc, 3, backward, VOR_DCOMPLEX)
+LEAF(tavs_cDftInv_Prime5_64fc, 5, backward, VOR_DCOMPLEX)
 
-// `count` groups of transforms, p apart at x, r apart at y.
-template <Direction D, class Radix>
-void groups(Radix radix, const cfloat* x, Apart from, int p, int stride, cfloat* y, Apart to,
-            int count) {
-    for (; count > 0; --count, x += p, y += radix.size())
-        columns<D>(radix, from, x, stride, to, y, 1);
-}
-
-template <Direction D, class Radix>
-VOR_INLINE inline void leaf(Radix radix, const cfloat* x, int p, cfloat* y, int c, int blocks,
-                            const int* offsets) {
-    const Wide<Radix> wide(radix);
-    if (!wide.fits()) return leaf<D, Radix, cfloat>(radix, x, p, y, c, blocks, offsets);
-    const int r = radix.size();
-    if (blocks >= kLanes) {
-        for (int b = 0; b < blocks; b += kLanes) {
-            const int last = blocks - b - 1;
-            const auto source = [&](int k) VOR_INLINE { return offsets[b + k]; };
-            const auto result = [&](int k) VOR_INLINE { return k * c * r; };
-            groups<D>(wide.radix, x + offsets[b], distances(source, last), p, p * c, y + b * c * r,
-                      distances(result, last), c);
-        }
-        return;
+#define TABLE_LEAF(name, D, T, C)                                                                  \
+    extern "C" void name(const C* source, int p, C* destination, int r, int c, const C* table,     \
+                         void* scratch) {                                                          \
+        using namespace vor::dft;                                                                  \
+        const TableRadix<T> radix{r, table, scratch};                                              \
+        constexpr int kNoOffset = 0;                                                               \
+        leaf<vor::Direction::D>(radix, source, p, destination, c, 1, &kNoOffset);                  \
     }
-    for (int b = 0; b < blocks; ++b, y += c * r)
-        for (int t = 0; t < c; t += kLanes) {
-            const int last = c - t - 1;
-            const auto source = [&](int k) VOR_INLINE { return k * p; };
-            const auto result = [&](int k) VOR_INLINE { return k * r; };
-            groups<D>(wide.radix, x + offsets[b] + t * p, distances(source, last), p, p * c,
-                      y + t * r, distances(result, last), 1);
-        }
-}
-
-constexpr int kNoOffset = 0;
-
-} // namespace
-} // namespace vor::dft
-
-#define LEAF(R, Dir, D, suffix, C)                                                                 \
-    extern "C" void tavs_cDft##Dir##_Prime##R##_##suffix(const C* source, int p, C* destination,   \
-                                                         int c, int blocks, const int* offsets) {  \
-        vor::dft::leaf<vor::Direction::D>(vor::dft::FixedRadix<R>{}, source, p, destination, c,    \
-                                          blocks, offsets);                                        \
-    }
-#define LEAVES(Dir, D, suffix, T, C)                                                               \
-    LEAF(3, Dir, D, suffix, C)                                                                     \
-    LEAF(5, Dir, D, suffix, C)                                                                     \
-    extern "C" void tavs_cDft##Dir##_Prime_##suffix(const C* source, int p, C* destination, int r, \
-                                                    int c, const C* table, void* scratch) {        \
-        const vor::dft::TableRadix<T> radix{r, table, scratch};                                    \
-        vor::dft::leaf<vor::Direction::D>(radix, source, p, destination, c, 1,                     \
-                                          &vor::dft::kNoOffset);                                   \
-    }
-LEAVES(Fwd, forward, 32fc, float, vor::cfloat)
-LEAVES(Inv, backward, 32fc, float, vor::cfloat)
-LEAVES(Fwd, forward, 64fc, double, vor::cdouble)
-LEAVES(Inv, backward, 64fc, double, vor::cdouble)
+TABLE_LEAF(tavs_cDftFwd_Prime_32fc, forward, float, VOR_SCOMPLEX)
+TABLE_LEAF(tavs_cDftInv_Prime_32fc, backward, float, VOR_SCOMPLEX)
+TABLE_LEAF(tavs_cDftFwd_Prime_64fc, forward, double, VOR_DCOMPLEX)
+TABLE_LEAF(tavs_cDftInv_Prime_64fc, backward, double, VOR_DCOMPLEX)

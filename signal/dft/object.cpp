@@ -5,59 +5,31 @@
 // of even length N works on N/2 complex values between recombinations.
 //
 // An object is immutable from the end of its build to its release.
-#include "signal/dft/kernels.h"
+#include "signal/dft/engines.h"
 #include "signal/dft/kinds.h"
-
-#include <math.h>
 
 namespace vor::dft {
 namespace {
 
-template <class T>
-bool decode_flag(Context<T>& ctx, int flag) {
-    const auto n = static_cast<long double>(ctx.lenDft);
-    switch (flag) {
-    case TAV_FFT_DIV_FWD_BY_N:
-        ctx.doScaleFwd = 1;
-        ctx.normFactor = static_cast<T>(1 / n);
-        return true;
-    case TAV_FFT_DIV_INV_BY_N:
-        ctx.doScaleInv = 1;
-        ctx.normFactor = static_cast<T>(1 / n);
-        return true;
-    case TAV_FFT_DIV_BY_SQRTN:
-        ctx.doScaleFwd = ctx.doScaleInv = 1;
-        ctx.normFactor = static_cast<T>(1 / sqrtl(n));
-        return true;
-    case TAV_FFT_NODIV_BY_ANY:
-        return true;
-    default:
-        return false;
-    }
-}
-
 // The engine of `length` elements of type E.
 template <class E, class T = real_t<E>>
 TavStatus init_engine(Context<T>& ctx, int length, bool out_of_order, const complex_t<E>* base) {
-    using K = Shared<T>;
-    auto* const object = reinterpret_cast<DftCtx*>(&ctx);
     if (factorise(ctx, length)) {
         ctx.isPrimeFact = 1;
         ctx.isOutOrd = out_of_order;
-        return K::init_stages(object, length, base, ctx.lenDft);
+        return init_stages(ctx, length, base, ctx.lenDft);
     }
     if (length > (is_complex<E> ? kLongestDirect : kLongestDirectRealOdd))
-        return K::init_chirp(object, length, base, ctx.lenDft);
-    ctx.tabDir = K::direct_table(base, length, ctx.lenDft / length);
+        return init_chirp(ctx, length, base, ctx.lenDft);
+    ctx.tabDir = direct_table(base, length, ctx.lenDft / length);
     return ctx.tabDir ? set_buffer<E>(ctx, static_cast<size_t>(length)) : tavStsMemAllocErr;
 }
 
 template <class T, class C = complex_t<T>>
 TavStatus init_real_even(Context<T>& ctx, const C* base) {
-    using K = Shared<T>;
     const int n = ctx.lenDft;
-    ctx.tabRecFwd = K::forward_recombination(base, n);
-    ctx.tabRecInv = K::inverse_recombination(base, n);
+    ctx.tabRecFwd = recombination_table<Direction::forward>(base, n);
+    ctx.tabRecInv = recombination_table<Direction::backward>(base, n);
     if (!ctx.tabRecFwd || !ctx.tabRecInv) return tavStsMemAllocErr;
     return init_engine<C>(ctx, n / 2, false, base);
 }
@@ -74,7 +46,7 @@ TavStatus init_from_base(Context<T>& ctx, const complex_t<T>* base) {
 
 template <class K, class T>
 TavStatus init_tables(Context<T>& ctx) {
-    complex_t<T>* const base = Shared<T>::base_table(ctx.lenDft);
+    complex_t<T>* const base = base_table<T>(ctx.lenDft);
     if (!base) return tavStsMemAllocErr;
     const TavStatus status = init_from_base<K>(ctx, base);
     tavsFree(base);
@@ -84,8 +56,8 @@ TavStatus init_tables(Context<T>& ctx) {
 template <class K, class T>
 TavStatus init_power_of_two(Context<T>& ctx, int flag) {
     ctx.isPow2 = 1;
-    const TavStatus status = K::fft_init(&ctx.fftSpec, order_of(ctx.lenDft), flag, ctx.hint);
-    return status == tavStsNoErr ? K::fft_buffer(ctx.fftSpec, &ctx.bufSize) : status;
+    const TavStatus status = K::Fft::build(&ctx.fftSpec, order_of(ctx.lenDft), flag, ctx.hint);
+    return status == tavStsNoErr ? K::Fft::buffer_size(ctx.fftSpec, &ctx.bufSize) : status;
 }
 
 // Frees all that the object owns but the FFT object of its length, then the object.
@@ -97,7 +69,7 @@ void destroy(Context<T>& ctx) {
     tavsFree(ctx.tabChirp);
     tavsFree(ctx.tabChirpFft);
     tavsFree(ctx.tabPerm);
-    if (ctx.fftConvSpec) Shared<T>::fft_free(ctx.fftConvSpec);
+    if (ctx.fftConvSpec) signal::Routines<complex_t<T>>::release(ctx.fftConvSpec);
     const void* shared = nullptr; // the direct table that equal neighbours share
     for (int i = 0; ctx.isPrimeFact && i <= ctx.lastFactor + 1; ++i) {
         tavsFree(ctx.fact[i].tabTwiddle);
@@ -110,7 +82,7 @@ void destroy(Context<T>& ctx) {
 
 template <class K, class T>
 void destroy_all(Context<T>& ctx) {
-    if (ctx.fftSpec) K::fft_free(ctx.fftSpec);
+    if (ctx.fftSpec) K::Fft::release(ctx.fftSpec);
     destroy(ctx);
 }
 
@@ -126,7 +98,7 @@ TavStatus init(DftCtx** object, int n, int flag, int hint) {
     ctx->lenDft = n;
     ctx->hint = hint;
     TavStatus status = tavStsNoErr;
-    if (!decode_flag(*ctx, flag))
+    if (!signal::decode_flag(*ctx, flag, n))
         status = tavStsFftFlagErr;
     else if (n > kLongestTiny)
         status = (n & (n - 1)) == 0 ? init_power_of_two<K>(*ctx, flag) : init_tables<K>(*ctx);
@@ -140,39 +112,37 @@ TavStatus init(DftCtx** object, int n, int flag, int hint) {
 
 template <class K>
 TavStatus release(DftCtx* object) {
-    if (!object) return tavStsNullPtrErr;
-    auto& ctx = context_of<typename K::Real>(object);
-    if (ctx.idCtx != K::kIdentity) return tavStsContextMatchErr;
-    destroy_all<K>(ctx);
+    if (const TavStatus status = signal::refused(object, K::kIdentity)) return status;
+    destroy_all<K>(context_of<typename K::Real>(object));
     return tavStsNoErr;
 }
 
 template <class K>
 TavStatus buffer_size(const DftCtx* object, int* bytes) {
-    if (!object || !bytes) return tavStsNullPtrErr;
-    const auto& ctx = context_of<typename K::Real>(object);
-    if (ctx.idCtx != K::kIdentity) return tavStsContextMatchErr;
-    *bytes = ctx.bufSize;
+    if (!bytes) return tavStsNullPtrErr;
+    if (const TavStatus status = signal::refused(object, K::kIdentity)) return status;
+    *bytes = context_of<typename K::Real>(object).bufSize;
     return tavStsNoErr;
 }
 
 } // namespace
 } // namespace vor::dft
 
-#define OBJECT(family, kind, Kind)                                                                 \
-    extern "C" TavStatus tavs##family##InitAlloc_##kind(DftCtx** object, int length, int flag,     \
-                                                        int hint) {                                \
+#define OBJECT(build, free, size, Kind)                                                            \
+    extern "C" TavStatus build(DftCtx** object, int length, int flag, int hint) {                  \
         return vor::dft::init<vor::dft::Kind>(object, length, flag, hint);                         \
     }                                                                                              \
-    extern "C" TavStatus tavs##family##Free_##kind(DftCtx* object) {                               \
+    extern "C" TavStatus free(DftCtx* object) {                                                    \
         return vor::dft::release<vor::dft::Kind>(object);                                          \
     }                                                                                              \
-    extern "C" TavStatus tavs##family##GetBufSize_##kind(const DftCtx* object, int* bytes) {       \
+    extern "C" TavStatus size(const DftCtx* object, int* bytes) {                                  \
         return vor::dft::buffer_size<vor::dft::Kind>(object, bytes);                               \
     }
-OBJECT(DFT, C_32fc, Complex32)
-OBJECT(DFT, C_64fc, Complex64)
-OBJECT(DFT, R_32f, Real32)
-OBJECT(DFT, R_64f, Real64)
-OBJECT(DFTOutOrd, C_32fc, OutOfOrder32)
-OBJECT(DFTOutOrd, C_64fc, OutOfOrder64)
+OBJECT(tavsDFTInitAlloc_C_32fc, tavsDFTFree_C_32fc, tavsDFTGetBufSize_C_32fc, Complex32)
+OBJECT(tavsDFTInitAlloc_C_64fc, tavsDFTFree_C_64fc, tavsDFTGetBufSize_C_64fc, Complex64)
+OBJECT(tavsDFTInitAlloc_R_32f, tavsDFTFree_R_32f, tavsDFTGetBufSize_R_32f, Real32)
+OBJECT(tavsDFTInitAlloc_R_64f, tavsDFTFree_R_64f, tavsDFTGetBufSize_R_64f, Real64)
+OBJECT(tavsDFTOutOrdInitAlloc_C_32fc, tavsDFTOutOrdFree_C_32fc, tavsDFTOutOrdGetBufSize_C_32fc,
+       OutOfOrder32)
+OBJECT(tavsDFTOutOrdInitAlloc_C_64fc, tavsDFTOutOrdFree_C_64fc, tavsDFTOutOrdGetBufSize_C_64fc,
+       OutOfOrder64)

@@ -2,7 +2,9 @@
 // pass in between. Forward, the leaf runs over the whole array, then the stages from the last record
 // to the first; the results stand in digit-reversed order, which the inverse takes. Blocks from the
 // sweep limit on run one stage and then finish each of their sub-blocks.
+#include "signal/dft/engines.h"
 #include "signal/dft/kernels.h"
+#include "signal/dft/out_of_order_stage.h"
 
 namespace vor::dft {
 namespace {
@@ -11,7 +13,6 @@ template <class T, Direction D>
 class OutOfOrder {
 public:
     using C = complex_t<T>;
-    using K = Directed<T, D>;
 
     OutOfOrder(const Context<T>& ctx, const C* source, C* destination, void* work)
         : ctx_(ctx), source_(source), destination_(destination), scratch_(work) {}
@@ -28,9 +29,8 @@ public:
 
 private:
     void leaf(const C* x, int r, int v) const {
-        if (r == 3) return K::out_leaf3(x, destination_, v);
-        if (r == 5) return K::out_leaf5(x, destination_, v);
-        K::out_leaf(x, destination_, r, v, ctx_.remainder().tabDirFactor, scratch_);
+        const TableRadix<T> table{r, ctx_.remainder().tabDirFactor, scratch_};
+        with_radix<3, 5>(table, [&](auto radix) { out_leaf<D>(radix, x, destination_, v); });
     }
 
     // Block b of length v at the level of record k, and all that is inside it.
@@ -51,24 +51,14 @@ private:
 
     // Blocks `first` to `first + blocks - 1` of record k. The first stage of the inverse reads the
     // source.
-    void stage(int k, int first, int blocks) const {
+    [[gnu::noinline]] void stage(int k, int first, int blocks) const {
         const DftFactorRec<T>& record = ctx_.fact[k];
         const C* const x = D == Direction::backward && k == 0 ? source_ : destination_;
-        C* const y = destination_;
-        const int f = record.factor, v = record.prodBefore;
-        switch (f) {
-        case 2:
-            return K::out_stage2(x, y, v, first, blocks, record.tabTwiddle);
-        case 3:
-            return K::out_stage3(x, y, v, first, blocks, record.tabTwiddle);
-        case 4:
-            return K::out_stage4(x, y, v, first, blocks, record.tabTwiddle);
-        case 5:
-            return K::out_stage5(x, y, v, first, blocks, record.tabTwiddle);
-        default:
-            for (int b = first; b < first + blocks; ++b)
-                K::out_stage(x, y, f, v, b, record.tabDirFactor, record.tabTwiddle, scratch_);
-        }
+        const TableRadix<T> table{record.factor, record.tabDirFactor, scratch_};
+        with_radix<2, 3, 4, 5>(table, [&](auto radix) {
+            out_stages<D>(radix, x, destination_, record.prodBefore, first, blocks,
+                          record.tabTwiddle);
+        });
     }
 
     const Context<T>& ctx_;
@@ -78,15 +68,22 @@ private:
 };
 
 } // namespace
+
+template <Direction D, class T>
+void out_of_order(const Context<T>& ctx, const complex_t<T>* x, complex_t<T>* y, void* work) {
+    OutOfOrder<T, D>(ctx, x, y, work).run();
+}
+
 } // namespace vor::dft
 
-#define OUT_OF_ORDER(Dir, D, suffix, T, C)                                                         \
-    extern "C" void tavs_cDft##Dir##_OutOrd_##suffix(const DftCtx* object, const C* source,        \
-                                                     C* destination, void* work) {                 \
+#define OUT_OF_ORDER(name, D, T, C)                                                                \
+    template void vor::dft::out_of_order<vor::Direction::D>(const Context<T>&, const C*, C*,       \
+                                                            void*);                                \
+    extern "C" void name(const DftCtx* object, const C* source, C* destination, void* work) {      \
         using namespace vor::dft;                                                                  \
-        OutOfOrder<T, vor::Direction::D>(context_of<T>(object), source, destination, work).run();  \
+        out_of_order<vor::Direction::D>(context_of<T>(object), source, destination, work);         \
     }
-OUT_OF_ORDER(Fwd, forward, 32fc, float, vor::cfloat)
-OUT_OF_ORDER(Inv, backward, 32fc, float, vor::cfloat)
-OUT_OF_ORDER(Fwd, forward, 64fc, double, vor::cdouble)
-OUT_OF_ORDER(Inv, backward, 64fc, double, vor::cdouble)
+OUT_OF_ORDER(tavs_cDftFwd_OutOrd_32fc, forward, float, VOR_SCOMPLEX)
+OUT_OF_ORDER(tavs_cDftInv_OutOrd_32fc, backward, float, VOR_SCOMPLEX)
+OUT_OF_ORDER(tavs_cDftFwd_OutOrd_64fc, forward, double, VOR_DCOMPLEX)
+OUT_OF_ORDER(tavs_cDftInv_OutOrd_64fc, backward, double, VOR_DCOMPLEX)

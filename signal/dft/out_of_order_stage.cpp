@@ -1,132 +1,65 @@
-// Out-of-order complex stages and leaves. All v columns of block b, f v elements at b f v, share one
-// set of twiddles w_m, those of the block's digit-reversed index:
-//
-//     forward:  a_m = w_m x[m v + j],   y = transform of length f of a
-//     inverse:  y_m = conj(w_m) times element m of the inverse transform of length f of x
-//
-// Each stage works at the places it reads, so it may run in place, and the inverse undoes the
-// forward one, up to a factor f. A leaf has no twiddles and takes the whole array as one block.
-//
-// Single precision takes neighbouring columns of a block in fours; the columns left over, all of them
-// where v is below 4, are taken from four blocks at a time.
+// The out-of-order stages and leaves by name.
+#include "signal/dft/out_of_order_stage.h"
 #include "signal/dft/kernels.h"
-#include "signal/dft/lanes.h"
 
-namespace vor::dft {
-namespace {
-
-template <Direction D>
-constexpr Twiddles kSide = D == Direction::forward ? Twiddles::before : Twiddles::after;
-
-template <Direction D, class Radix, Parted C>
-VOR_INLINE inline void out_stage(Radix radix, const C* x, C* y, int v, int first, int blocks,
-                                 const C* twiddle) {
-    const int f = radix.size(), step = radix.step();
-    const C* w = twiddle + first * step;
-    const C* const end = w + blocks * step;
-    x += first * f * v;
-    y += first * f * v;
-    if (v == 1) {
-        for (; w != end; w += step, x += f, y += f) column<D, kSide<D>>(radix, x, y, 1, 1, w);
-        return;
+#define STAGE(name, f, D, C)                                                                       \
+    extern "C" void name(const C* source, C* destination, int v, int first, int blocks,            \
+                         const C* twiddle) {                                                       \
+        using namespace vor::dft;                                                                  \
+        out_stage<vor::Direction::D>(FixedRadix<f>{}, source, destination, v, first, blocks,       \
+                                     twiddle);                                                     \
     }
-    for (; w != end; w += step, x += f * v, y += f * v)
-        for (int j = 0; j < v; ++j) column<D, kSide<D>>(radix, x + j, y + j, v, v, w);
-}
+STAGE(tavs_cDftOutOrdFwd_Fact2_32fc, 2, forward, VOR_SCOMPLEX)
+STAGE(tavs_cDftOutOrdFwd_Fact3_32fc, 3, forward, VOR_SCOMPLEX)
+STAGE(tavs_cDftOutOrdFwd_Fact4_32fc, 4, forward, VOR_SCOMPLEX)
+STAGE(tavs_cDftOutOrdFwd_Fact5_32fc, 5, forward, VOR_SCOMPLEX)
+STAGE(tavs_cDftOutOrdInv_Fact2_32fc, 2, backward, VOR_SCOMPLEX)
+STAGE(tavs_cDftOutOrdInv_Fact3_32fc, 3, backward, VOR_SCOMPLEX)
+STAGE(tavs_cDftOutOrdInv_Fact4_32fc, 4, backward, VOR_SCOMPLEX)
+STAGE(tavs_cDftOutOrdInv_Fact5_32fc, 5, backward, VOR_SCOMPLEX)
+STAGE(tavs_cDftOutOrdFwd_Fact2_64fc, 2, forward, VOR_DCOMPLEX)
+STAGE(tavs_cDftOutOrdFwd_Fact3_64fc, 3, forward, VOR_DCOMPLEX)
+STAGE(tavs_cDftOutOrdFwd_Fact4_64fc, 4, forward, VOR_DCOMPLEX)
+STAGE(tavs_cDftOutOrdFwd_Fact5_64fc, 5, forward, VOR_DCOMPLEX)
+STAGE(tavs_cDftOutOrdInv_Fact2_64fc, 2, backward, VOR_DCOMPLEX)
+STAGE(tavs_cDftOutOrdInv_Fact3_64fc, 3, backward, VOR_DCOMPLEX)
+STAGE(tavs_cDftOutOrdInv_Fact4_64fc, 4, backward, VOR_DCOMPLEX)
+STAGE(tavs_cDftOutOrdInv_Fact5_64fc, 5, backward, VOR_DCOMPLEX)
 
-template <Direction D, class Radix, Parted C>
-VOR_INLINE inline void out_leaf(Radix radix, const C* x, C* y, int v) {
-    for (int j = 0; j < v; ++j) column<D>(radix, x + j, y + j, v, v);
-}
-
-// The columns from `grouped` on.
-template <Direction D, class Radix>
-VOR_INLINE inline void columns_left(const Wide<Radix>& wide, Radix radix, const cfloat* x,
-                                    cfloat* y, int grouped, int v, int blocks, const cfloat* w) {
-    const int length = radix.size() * v, step = radix.step();
-    const Apart lanes = strided(length);
-    for (; blocks >= kLanes && wide.fits();
-         blocks -= kLanes, w += kLanes * step, x += kLanes * length, y += kLanes * length) {
-        const auto group = wide.kept(strided(step), w);
-        for (int j = grouped; j < v; ++j)
-            columns<D, kSide<D>>(wide.radix, lanes, x + j, v, lanes, y + j, v, group);
+#define TABLE_STAGE(name, D, T, C)                                                                 \
+    extern "C" void name(const C* source, C* destination, int f, int v, int block, const C* table, \
+                         const C* twiddle, void* scratch) {                                        \
+        using namespace vor::dft;                                                                  \
+        const TableRadix<T> radix{f, table, scratch};                                              \
+        out_stages<vor::Direction::D>(radix, source, destination, v, block, 1, twiddle);           \
     }
-    for (; blocks > 0; --blocks, w += step, x += length, y += length)
-        for (int j = grouped; j < v; ++j) column<D, kSide<D>>(radix, x + j, y + j, v, v, w);
-}
+TABLE_STAGE(tavs_cDftOutOrdFwd_Fact_32fc, forward, float, VOR_SCOMPLEX)
+TABLE_STAGE(tavs_cDftOutOrdInv_Fact_32fc, backward, float, VOR_SCOMPLEX)
+TABLE_STAGE(tavs_cDftOutOrdFwd_Fact_64fc, forward, double, VOR_DCOMPLEX)
+TABLE_STAGE(tavs_cDftOutOrdInv_Fact_64fc, backward, double, VOR_DCOMPLEX)
 
-template <Direction D, class Radix>
-VOR_INLINE inline void out_stage(Radix radix, const cfloat* x, cfloat* y, int v, int first,
-                                 int blocks, const cfloat* twiddle) {
-    const Wide<Radix> wide(radix);
-    const int length = radix.size() * v, step = radix.step();
-    const int grouped = wide.fits() ? v - v % kLanes : 0;
-    const cfloat* w = twiddle + first * step;
-    x += first * length;
-    y += first * length;
-    if (grouped < v) columns_left<D>(wide, radix, x, y, grouped, v, blocks, w);
-    if (grouped > 0)
-        for (; blocks > 0; --blocks, w += step, x += length, y += length) {
-            const auto group = wide.kept(Same{}, w);
-            for (int j = 0; j < grouped; j += kLanes)
-                columns<D, kSide<D>>(wide.radix, Neighbours{}, x + j, v, Neighbours{}, y + j, v,
-                                     group);
-        }
-}
-
-template <Direction D, class Radix>
-VOR_INLINE inline void out_leaf(Radix radix, const cfloat* x, cfloat* y, int v) {
-    const Wide<Radix> wide(radix);
-    int j = 0;
-    for (; j + kLanes <= v && wide.fits(); j += kLanes)
-        columns<D>(wide.radix, Neighbours{}, x + j, v, Neighbours{}, y + j, v);
-    for (; j < v; ++j) column<D>(radix, x + j, y + j, v, v);
-}
-
-// One block; the twiddles of block 0 are all 1.
-template <Direction D, class T, Parted C = complex_t<T>>
-VOR_INLINE inline void table_out_stage(TableRadix<T> radix, const C* x, C* y, int v, int block,
-                                       const C* twiddle) {
-    if (block == 0)
-        out_leaf<D>(radix, x, y, v);
-    else
-        out_stage<D>(radix, x, y, v, block, 1, twiddle);
-}
-
-} // namespace
-} // namespace vor::dft
-
-#define STAGE(F, Dir, D, suffix, C)                                                                \
-    extern "C" void tavs_cDftOutOrd##Dir##_Fact##F##_##suffix(                                     \
-        const C* source, C* destination, int v, int first, int blocks, const C* twiddle) {         \
-        vor::dft::out_stage<vor::Direction::D>(vor::dft::FixedRadix<F>{}, source, destination, v,  \
-                                               first, blocks, twiddle);                            \
+#define LEAF(name, r, D, C)                                                                        \
+    extern "C" void name(const C* source, C* destination, int v) {                                 \
+        using namespace vor::dft;                                                                  \
+        out_leaf<vor::Direction::D>(FixedRadix<r>{}, source, destination, v);                      \
     }
-#define LEAF(R, Dir, D, suffix, C)                                                                 \
-    extern "C" void tavs_cDftOutOrd##Dir##_Prime##R##_##suffix(const C* source, C* destination,    \
-                                                               int v) {                            \
-        vor::dft::out_leaf<vor::Direction::D>(vor::dft::FixedRadix<R>{}, source, destination, v);  \
+LEAF(tavs_cDftOutOrdFwd_Prime3_32fc, 3, forward, VOR_SCOMPLEX)
+LEAF(tavs_cDftOutOrdFwd_Prime5_32fc, 5, forward, VOR_SCOMPLEX)
+LEAF(tavs_cDftOutOrdInv_Prime3_32fc, 3, backward, VOR_SCOMPLEX)
+LEAF(tavs_cDftOutOrdInv_Prime5_32fc, 5, backward, VOR_SCOMPLEX)
+LEAF(tavs_cDftOutOrdFwd_Prime3_64fc, 3, forward, VOR_DCOMPLEX)
+LEAF(tavs_cDftOutOrdFwd_Prime5_64fc, 5, forward, VOR_DCOMPLEX)
+LEAF(tavs_cDftOutOrdInv_Prime3_64fc, 3, backward, VOR_DCOMPLEX)
+LEAF(tavs_cDftOutOrdInv_Prime5_64fc, 5, backward, VOR_DCOMPLEX)
+
+#define TABLE_LEAF(name, D, T, C)                                                                  \
+    extern "C" void name(const C* source, C* destination, int r, int v, const C* table,            \
+                         void* scratch) {                                                          \
+        using namespace vor::dft;                                                                  \
+        const TableRadix<T> radix{r, table, scratch};                                              \
+        out_leaf<vor::Direction::D>(radix, source, destination, v);                                \
     }
-#define KERNELS(Dir, D, suffix, T, C)                                                              \
-    STAGE(2, Dir, D, suffix, C)                                                                    \
-    STAGE(3, Dir, D, suffix, C)                                                                    \
-    STAGE(4, Dir, D, suffix, C)                                                                    \
-    STAGE(5, Dir, D, suffix, C)                                                                    \
-    extern "C" void tavs_cDftOutOrd##Dir##_Fact_##suffix(const C* source, C* destination, int f,   \
-                                                         int v, int block, const C* table,         \
-                                                         const C* twiddle, void* scratch) {        \
-        const vor::dft::TableRadix<T> radix{f, table, scratch};                                    \
-        vor::dft::table_out_stage<vor::Direction::D>(radix, source, destination, v, block,         \
-                                                     twiddle);                                     \
-    }                                                                                              \
-    LEAF(3, Dir, D, suffix, C)                                                                     \
-    LEAF(5, Dir, D, suffix, C)                                                                     \
-    extern "C" void tavs_cDftOutOrd##Dir##_Prime_##suffix(const C* source, C* destination, int r,  \
-                                                          int v, const C* table, void* scratch) {  \
-        const vor::dft::TableRadix<T> radix{r, table, scratch};                                    \
-        vor::dft::out_leaf<vor::Direction::D>(radix, source, destination, v);                      \
-    }
-KERNELS(Fwd, forward, 32fc, float, vor::cfloat)
-KERNELS(Inv, backward, 32fc, float, vor::cfloat)
-KERNELS(Fwd, forward, 64fc, double, vor::cdouble)
-KERNELS(Inv, backward, 64fc, double, vor::cdouble)
+TABLE_LEAF(tavs_cDftOutOrdFwd_Prime_32fc, forward, float, VOR_SCOMPLEX)
+TABLE_LEAF(tavs_cDftOutOrdInv_Prime_32fc, backward, float, VOR_SCOMPLEX)
+TABLE_LEAF(tavs_cDftOutOrdFwd_Prime_64fc, forward, double, VOR_DCOMPLEX)
+TABLE_LEAF(tavs_cDftOutOrdInv_Prime_64fc, backward, double, VOR_DCOMPLEX)

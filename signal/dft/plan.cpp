@@ -4,6 +4,7 @@
 // In order, stage i with radix f, block length f r and p = L / (f r) has the twiddles W^(j m p),
 // W = exp(-2 pi i / L), for column j = 0 to r-1 and input m. Out of order the stages run from the
 // last to the first and the column index is replaced by the frequency that block j has by then.
+#include "signal/dft/engines.h"
 #include "signal/dft/kernels.h"
 
 namespace vor::dft {
@@ -31,8 +32,6 @@ bool factorise(Context<T>& ctx, int length) {
     fact[count].factor = length;
     return true;
 }
-template bool factorise(Context<float>&, int);
-template bool factorise(Context<double>&, int);
 
 namespace {
 
@@ -48,7 +47,7 @@ struct DirectTables {
 
     complex_t<T>* of(int n) {
         if (n == length) return table;
-        table = Shared<T>::direct_table(base, n, baseLength / n);
+        table = direct_table(base, n, baseLength / n);
         length = n;
         return table;
     }
@@ -149,6 +148,8 @@ bool build_tables(Context<T>& ctx, DirectTables<T>& direct, int step) {
     return true;
 }
 
+} // namespace
+
 template <class T>
 TavStatus init_stages(Context<T>& ctx, int length, const complex_t<T>* base, int baseLength) {
     if (length < kOutOfOrderLimit<T>) ctx.isOutOrd = 0;
@@ -166,13 +167,13 @@ TavStatus init_stages(Context<T>& ctx, int length, const complex_t<T>* base, int
     return set_buffer<C>(ctx, static_cast<size_t>(length) + scratch);
 }
 
-} // namespace
 } // namespace vor::dft
 
-#define INIT_STAGES(suffix, T, C)                                                                  \
-    extern "C" TavStatus tavs_initDftPrimeFact_##suffix(DftCtx* object, int n, const C* base,      \
-                                                        int baseLength) {                          \
+#define INIT_STAGES(name, T, C)                                                                    \
+    template bool vor::dft::factorise(Context<T>&, int);                                           \
+    template TavStatus vor::dft::init_stages(Context<T>&, int, const C*, int);                     \
+    extern "C" TavStatus name(DftCtx* object, int n, const C* base, int baseLength) {              \
         return vor::dft::init_stages(vor::dft::context_of<T>(object), n, base, baseLength);        \
     }
-INIT_STAGES(32f, float, vor::cfloat)
-INIT_STAGES(64f, double, vor::cdouble)
+INIT_STAGES(tavs_initDftPrimeFact_32f, float, VOR_SCOMPLEX)
+INIT_STAGES(tavs_initDftPrimeFact_64f, double, VOR_DCOMPLEX)

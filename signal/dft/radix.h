@@ -12,11 +12,20 @@
 // Fixed radices 2 to 5 are open-coded; larger ones walk a table of the f powers of W.
 #pragma once
 
-#include "signal/dft/arithmetic.h"
+#include "arith/number.h"
+#include "signal/direction.h"
 
 namespace vor::dft {
 
 #define VOR_INLINE __attribute__((always_inline))
+// A kernel: compiled once, called by the drivers and by the function that exports its name.
+#define VOR_KERNEL [[gnu::noinline, gnu::noclone, gnu::visibility("hidden")]]
+
+// a times w, or times the conjugate of w in the backward direction.
+template <Direction D, Parted C>
+inline C twiddled(C a, C w) {
+    return product<D == Direction::backward>(w, a);
+}
 
 template <class E>
 struct Pair {
@@ -120,6 +129,12 @@ struct TableRadix {
         for (int k = 1; k <= count; ++k) each(k, symmetric_sum(a0, pairs, count, table, f, k));
     }
 };
+
+// call(radix) with the radix f in a type of its own if it is one of those listed.
+template <int... listed, class T, class Call>
+VOR_INLINE inline void with_radix(TableRadix<T> table, Call call) {
+    if (!((table.f == listed && (call(FixedRadix<listed>{}), true)) || ...)) call(table);
+}
 
 // The transform of the operands load(0) to load(f-1); store(k, y) takes each result. All operands are
 // read before the first result is stored, so results may overwrite operands.

@@ -5,7 +5,10 @@
 // beside the work buffer is the destination, where the last stage lands; in place it is a further
 // part of the work buffer, since the leaves still read the source. Inverse, the order is reversed and
 // the leaves scatter over the whole destination, so both arrays are parts of the work buffer.
+#include "signal/dft/engines.h"
 #include "signal/dft/kernels.h"
+#include "signal/dft/real_leaf.h"
+#include "signal/dft/real_stage.h"
 
 namespace vor::dft {
 namespace {
@@ -13,8 +16,6 @@ namespace {
 template <class T, Direction D>
 class RealInOrder {
 public:
-    using K = Directed<T, D>;
-
     RealInOrder(const Context<T>& ctx, const T* source, T* destination, void* work)
         : ctx_(ctx), source_(source), destination_(destination) {
         const int n = ctx.lenDft;
@@ -22,7 +23,7 @@ public:
         constexpr bool kForward = D == Direction::forward;
         arrays_[1] = buffer;
         arrays_[0] = kForward && source != destination ? destination : buffer + n;
-        scratch_ = align_up(buffer + 2 * n);
+        scratch_ = signal::align_up(buffer + 2 * n);
     }
 
     // Record i and all later ones: the block at `block`, whose reals begin at `start` and follow
@@ -64,34 +65,25 @@ private:
     // x strided and y packed forward, the other way round inverse.
     void leaf(const T* x, T* y) const {
         const DftFactorRec<T>& last = ctx_.last();
-        const int c = last.factor, p = last.prodBefore, r = last.rest;
-        if (r == 3) return K::real_leaf3(x, p, y, c, last.nBlocks, ctx_.tabPerm);
-        if (r == 5) return K::real_leaf5(x, p, y, c, last.nBlocks, ctx_.tabPerm);
-        constexpr bool kForward = D == Direction::forward;
-        for (int b = 0; b < last.nBlocks; ++b) {
-            const int strided = ctx_.tabPerm[b], packed = b * c * r;
-            K::real_leaf(x + (kForward ? strided : packed), p, y + (kForward ? packed : strided), r,
-                         c, ctx_.remainder().tabDirFactor, scratch_);
-        }
+        const TableRadix<T> table{last.rest, ctx_.remainder().tabDirFactor, scratch_};
+        with_radix<3, 5>(table, [&](auto radix) {
+            real_leaf<D>(radix, x, last.prodBefore, y, last.factor, last.nBlocks, ctx_.tabPerm);
+        });
     }
 
     // Forward, stage i reads array i + 1 and writes array i, stage 0 the destination; inverse, it
     // reads array i, stage 0 the source, and writes array i + 1.
-    void stage(int i, int block) const {
+    [[gnu::noinline]] void stage(int i, int block) const {
         constexpr bool kForward = D == Direction::forward;
         const T* const whole = i == 0 ? source_ : array(i);
         T* const target = i == 0 ? destination_ : array(i);
-        kernel(ctx_.fact[i], (kForward ? array(i + 1) : whole) + block,
-               (kForward ? target : array(i + 1)) + block);
-    }
-
-    void kernel(const DftFactorRec<T>& record, const T* x, T* y) const {
-        const int f = record.factor, r = record.rest, blocks = record.nBlocks;
-        if (f == 3) return K::real_stage3(x, y, r, blocks, record.tabTwiddle);
-        if (f == 5) return K::real_stage5(x, y, r, blocks, record.tabTwiddle);
-        for (int b = 0; b < blocks; ++b)
-            K::real_stage(x + b * f * r, y + b * f * r, f, r, record.tabDirFactor,
-                          record.tabTwiddle, scratch_);
+        const T* const x = (kForward ? array(i + 1) : whole) + block;
+        T* const y = (kForward ? target : array(i + 1)) + block;
+        const DftFactorRec<T>& record = ctx_.fact[i];
+        const TableRadix<T> table{record.factor, record.tabDirFactor, scratch_};
+        with_radix<3, 5>(table, [&](auto radix) {
+            real_stage<D>(radix, x, y, record.rest, record.nBlocks, record.tabTwiddle);
+        });
     }
 
     const Context<T>& ctx_;
@@ -102,16 +94,22 @@ private:
 };
 
 } // namespace
+
+template <Direction D, class T>
+void real_in_order(const Context<T>& ctx, const T* x, T* y, void* work) {
+    RealInOrder<T, D>(ctx, x, y, work).run(0, 0, 0);
+}
+
 } // namespace vor::dft
 
-#define REAL_IN_ORDER(Dir, D, suffix, T)                                                           \
-    extern "C" void tavs_rDft##Dir##_PrimeFact_##suffix(const DftCtx* object, const T* source,     \
-                                                        T* destination, void* work) {              \
+#define REAL_IN_ORDER(name, D, T)                                                                  \
+    template void vor::dft::real_in_order<vor::Direction::D>(const Context<T>&, const T*, T*,      \
+                                                             void*);                               \
+    extern "C" void name(const DftCtx* object, const T* source, T* destination, void* work) {      \
         using namespace vor::dft;                                                                  \
-        RealInOrder<T, vor::Direction::D>(context_of<T>(object), source, destination, work)        \
-            .run(0, 0, 0);                                                                         \
+        real_in_order<vor::Direction::D>(context_of<T>(object), source, destination, work);        \
     }
-REAL_IN_ORDER(Fwd, forward, 32f, float)
-REAL_IN_ORDER(Inv, backward, 32f, float)
-REAL_IN_ORDER(Fwd, forward, 64f, double)
-REAL_IN_ORDER(Inv, backward, 64f, double)
+REAL_IN_ORDER(tavs_rDftFwd_PrimeFact_32f, forward, float)
+REAL_IN_ORDER(tavs_rDftInv_PrimeFact_32f, backward, float)
+REAL_IN_ORDER(tavs_rDftFwd_PrimeFact_64f, forward, double)
+REAL_IN_ORDER(tavs_rDftInv_PrimeFact_64f, backward, double)

@@ -1,94 +1,37 @@
-// In-order complex stages: f sub-results of length r, one after the other in a block, become one of
-// length f r. For column j of a block
-//
-//     a_m = x[m r + j] W^(j m),   y = transform of length f of a,   y_m goes to place m r + j
-//
-// with W = exp(-2 pi i / (f r)), or its conjugate in the inverse direction. Column 0 has no
-// twiddles. A column is read before it is written, so a stage may run in place.
-//
-// Single precision takes neighbouring columns of a block in fours, each group through all blocks with
-// its twiddles; column 0 and the columns left over are taken from four blocks at a time.
+// The in-order complex stages by name.
+#include "signal/dft/stage.h"
 #include "signal/dft/kernels.h"
-#include "signal/dft/lanes.h"
 
-namespace vor::dft {
-namespace {
-
-template <Direction D, class Radix, Parted C>
-VOR_INLINE inline void stage(Radix radix, const C* x, C* y, int r, int blocks, const C* twiddle) {
-    const int length = radix.size() * r;
-    for (int b = 0; b < blocks; ++b, x += length, y += length) {
-        column<D>(radix, x, y, r, r);
-        const C* w = twiddle;
-        for (int j = 1; j < r; ++j) {
-            w += radix.step();
-            column<D, Twiddles::before>(radix, x + j, y + j, r, r, w);
-        }
+#define STAGE(name, f, D, C)                                                                       \
+    extern "C" void name(const C* source, C* destination, int r, int blocks, const C* twiddle) {   \
+        using namespace vor::dft;                                                                  \
+        stage<vor::Direction::D>(FixedRadix<f>{}, source, destination, r, blocks, twiddle);        \
     }
-}
+STAGE(tavs_cDftFwd_Fact2_32fc, 2, forward, VOR_SCOMPLEX)
+STAGE(tavs_cDftFwd_Fact3_32fc, 3, forward, VOR_SCOMPLEX)
+STAGE(tavs_cDftFwd_Fact4_32fc, 4, forward, VOR_SCOMPLEX)
+STAGE(tavs_cDftFwd_Fact5_32fc, 5, forward, VOR_SCOMPLEX)
+STAGE(tavs_cDftInv_Fact2_32fc, 2, backward, VOR_SCOMPLEX)
+STAGE(tavs_cDftInv_Fact3_32fc, 3, backward, VOR_SCOMPLEX)
+STAGE(tavs_cDftInv_Fact4_32fc, 4, backward, VOR_SCOMPLEX)
+STAGE(tavs_cDftInv_Fact5_32fc, 5, backward, VOR_SCOMPLEX)
+STAGE(tavs_cDftFwd_Fact2_64fc, 2, forward, VOR_DCOMPLEX)
+STAGE(tavs_cDftFwd_Fact3_64fc, 3, forward, VOR_DCOMPLEX)
+STAGE(tavs_cDftFwd_Fact4_64fc, 4, forward, VOR_DCOMPLEX)
+STAGE(tavs_cDftFwd_Fact5_64fc, 5, forward, VOR_DCOMPLEX)
+STAGE(tavs_cDftInv_Fact2_64fc, 2, backward, VOR_DCOMPLEX)
+STAGE(tavs_cDftInv_Fact3_64fc, 3, backward, VOR_DCOMPLEX)
+STAGE(tavs_cDftInv_Fact4_64fc, 4, backward, VOR_DCOMPLEX)
+STAGE(tavs_cDftInv_Fact5_64fc, 5, backward, VOR_DCOMPLEX)
 
-// Column j of every block, x and y being its places in the first block.
-template <Direction D, Twiddles kTwiddles, class Radix>
-VOR_INLINE inline void lone_column(const Wide<Radix>& wide, Radix radix, const cfloat* x, cfloat* y,
-                                   int r, int blocks, const cfloat* w) {
-    const int length = radix.size() * r;
-    int b = 0;
-    if (blocks >= kLanes && wide.fits()) {
-        const auto twiddle = wide.kept(Same{}, w);
-        const Apart lanes = strided(length);
-        for (; b + kLanes <= blocks; b += kLanes)
-            columns<D, kTwiddles>(wide.radix, lanes, x + b * length, r, lanes, y + b * length, r,
-                                  twiddle);
+#define TABLE_STAGE(name, D, T, C)                                                                 \
+    extern "C" void name(const C* source, C* destination, int f, int r, const C* table,            \
+                         const C* twiddle, void* scratch) {                                        \
+        using namespace vor::dft;                                                                  \
+        const TableRadix<T> radix{f, table, scratch};                                              \
+        stage<vor::Direction::D>(radix, source, destination, r, 1, twiddle);                       \
     }
-    for (; b < blocks; ++b) column<D, kTwiddles>(radix, x + b * length, y + b * length, r, r, w);
-}
-
-template <Direction D, class Radix>
-VOR_INLINE inline void stage(Radix radix, const cfloat* x, cfloat* y, int r, int blocks,
-                             const cfloat* twiddle) {
-    const Wide<Radix> wide(radix);
-    const int step = radix.step(), length = radix.size() * r;
-    lone_column<D, Twiddles::none>(wide, radix, x, y, r, blocks, twiddle);
-    int j = 1;
-    const cfloat* w = twiddle + step;
-    for (; j + kLanes <= r && wide.fits(); j += kLanes, w += kLanes * step) {
-        const auto group = [&](int b, const auto& twiddles) VOR_INLINE {
-            const int at = b * length + j;
-            columns<D, Twiddles::before>(wide.radix, Neighbours{}, x + at, r, Neighbours{}, y + at,
-                                         r, twiddles);
-        };
-        if (blocks == 1) {
-            group(0, wide.fetched(strided(step), w));
-            continue;
-        }
-        const auto twiddles = wide.kept(strided(step), w);
-        for (int b = 0; b < blocks; ++b) group(b, twiddles);
-    }
-    for (; j < r; ++j, w += step)
-        lone_column<D, Twiddles::before>(wide, radix, x + j, y + j, r, blocks, w);
-}
-
-} // namespace
-} // namespace vor::dft
-
-#define STAGE(F, Dir, D, suffix, C)                                                                \
-    extern "C" void tavs_cDft##Dir##_Fact##F##_##suffix(const C* source, C* destination, int r,    \
-                                                        int blocks, const C* twiddle) {            \
-        vor::dft::stage<vor::Direction::D>(vor::dft::FixedRadix<F>{}, source, destination, r,      \
-                                           blocks, twiddle);                                       \
-    }
-#define STAGES(Dir, D, suffix, T, C)                                                               \
-    STAGE(2, Dir, D, suffix, C)                                                                    \
-    STAGE(3, Dir, D, suffix, C)                                                                    \
-    STAGE(4, Dir, D, suffix, C)                                                                    \
-    STAGE(5, Dir, D, suffix, C)                                                                    \
-    extern "C" void tavs_cDft##Dir##_Fact_##suffix(const C* source, C* destination, int f, int r,  \
-                                                   const C* table, const C* twiddle,               \
-                                                   void* scratch) {                                \
-        const vor::dft::TableRadix<T> radix{f, table, scratch};                                    \
-        vor::dft::stage<vor::Direction::D>(radix, source, destination, r, 1, twiddle);             \
-    }
-STAGES(Fwd, forward, 32fc, float, vor::cfloat)
-STAGES(Inv, backward, 32fc, float, vor::cfloat)
-STAGES(Fwd, forward, 64fc, double, vor::cdouble)
-STAGES(Inv, backward, 64fc, double, vor::cdouble)
+TABLE_STAGE(tavs_cDftFwd_Fact_32fc, forward, float, VOR_SCOMPLEX)
+TABLE_STAGE(tavs_cDftInv_Fact_32fc, backward, float, VOR_SCOMPLEX)
+TABLE_STAGE(tavs_cDftFwd_Fact_64fc, forward, double, VOR_DCOMPLEX)
+TABLE_STAGE(tavs_cDftInv_Fact_64fc, backward, double, VOR_DCOMPLEX)

@@ -1,5 +1,7 @@
 // Tables of the DFT objects. Sine and cosine are called for the base table alone; all others are cut
 // from it.
+#include "arith/number.h"
+#include "signal/dft/engines.h"
 #include "signal/dft/kernels.h"
 
 #include <math.h>
@@ -15,10 +17,13 @@ complex_t<T> root(int k, double step) {
     return {static_cast<T>(cos(angle)), static_cast<T>(-sin(angle))};
 }
 
+} // namespace
+
 // W^k = exp(-2 pi i k / n), k = 0 to n-1: an octant, a quadrant or a half of the circle by the
 // functions, the rest by reflections, which copy the rounded values.
-template <class T, class C = complex_t<T>>
-C* base_table(int n) {
+template <class T>
+complex_t<T>* base_table(int n) {
+    using C = complex_t<T>;
     C* const w = allocate<C>(static_cast<size_t>(n));
     if (!w) return nullptr;
     const double step = kTurn / n;
@@ -51,14 +56,14 @@ C* direct_table(const C* base, int n, int step) {
     return table;
 }
 
-template <bool kForward, class C>
+template <Direction D, class C>
 C* recombination_table(const C* base, int n) {
     constexpr real_t<C> kHalf = 0.5;
     const int count = n / 4 + (n % 4 != 0);
     C* const table = allocate<C>(static_cast<size_t>(count));
     if (!table) return nullptr;
     for (int k = 0; k < count; ++k) {
-        if constexpr (kForward)
+        if constexpr (D == Direction::forward)
             table[k] = {kHalf * base[k].re, kHalf * base[k].im + kHalf};
         else
             table[k] = base[k];
@@ -66,21 +71,26 @@ C* recombination_table(const C* base, int n) {
     return table;
 }
 
-} // namespace
 } // namespace vor::dft
 
-#define TABLES(suffix, T, C)                                                                       \
-    extern "C" C* tavs_createTabDftBase_##suffix(int n) {                                          \
+#define TABLES(base_name, direct_name, forward_name, backward_name, T, C)                          \
+    template C* vor::dft::base_table<T>(int);                                                      \
+    template C* vor::dft::direct_table(const C*, int, int);                                        \
+    template C* vor::dft::recombination_table<vor::Direction::forward>(const C*, int);             \
+    template C* vor::dft::recombination_table<vor::Direction::backward>(const C*, int);            \
+    extern "C" C* base_name(int n) {                                                               \
         return vor::dft::base_table<T>(n);                                                         \
     }                                                                                              \
-    extern "C" C* tavs_createTabDftDir_##suffix(const C* base, int n, int step) {                  \
+    extern "C" C* direct_name(const C* base, int n, int step) {                                    \
         return vor::dft::direct_table(base, n, step);                                              \
     }                                                                                              \
-    extern "C" C* tavs_createTabDftFwdRec_##suffix(const C* base, int n) {                         \
-        return vor::dft::recombination_table<true>(base, n);                                       \
+    extern "C" C* forward_name(const C* base, int n) {                                             \
+        return vor::dft::recombination_table<vor::Direction::forward>(base, n);                    \
     }                                                                                              \
-    extern "C" C* tavs_createTabDftInvRec_##suffix(const C* base, int n) {                         \
-        return vor::dft::recombination_table<false>(base, n);                                      \
+    extern "C" C* backward_name(const C* base, int n) {                                            \
+        return vor::dft::recombination_table<vor::Direction::backward>(base, n);                   \
     }
-TABLES(32f, float, vor::cfloat)
-TABLES(64f, double, vor::cdouble)
+TABLES(tavs_createTabDftBase_32f, tavs_createTabDftDir_32f, tavs_createTabDftFwdRec_32f,
+       tavs_createTabDftInvRec_32f, float, VOR_SCOMPLEX)
+TABLES(tavs_createTabDftBase_64f, tavs_createTabDftDir_64f, tavs_createTabDftFwdRec_64f,
+       tavs_createTabDftInvRec_64f, double, VOR_DCOMPLEX)

@@ -1,91 +1,78 @@
 // FFT objects: build, inquiry of the work buffer, release.
-#include "signal/fft/checks.h"
+#include "signal/object.h"
 #include "signal/fft/tables.h"
-
-#include <math.h>
 
 namespace vor::fft {
 namespace {
 
-// False if the flag is none of the four.
-bool decode_flag(FftCtx& object, int flag) {
-    object.doScaleFwd = flag == TAV_FFT_DIV_FWD_BY_N || flag == TAV_FFT_DIV_BY_SQRTN;
-    object.doScaleInv = flag == TAV_FFT_DIV_INV_BY_N || flag == TAV_FFT_DIV_BY_SQRTN;
-    return object.doScaleFwd || object.doScaleInv || flag == TAV_FFT_NODIV_BY_ANY;
+template <class R>
+void destroy(Context<R>& ctx) {
+    ctx.idCtx = 0;
+    if (!ctx.isOwned) return;
+    tavsFree(ctx.tabBitRev);
+    tavsFree(ctx.tabTwd);
+    tavsFree(ctx.tabRealRec);
+    tavsFree(ctx.tabCcsRec);
+    tavsFree(&ctx);
 }
 
 template <class R>
-R norm_factor(int order, int flag) {
-    if (flag == TAV_FFT_NODIV_BY_ANY) return 0;
-    const long double points = 1u << order;
-    return static_cast<R>(1 / (flag == TAV_FFT_DIV_BY_SQRTN ? sqrtl(points) : points));
-}
-
-void destroy(FftCtx* object) {
-    object->idCtx = 0;
-    if (!object->isOwned) return;
-    tavsFree(object->tabBitRev);
-    tavsFree(object->tabTwd);
-    tavsFree(object->tabRealRec);
-    tavsFree(object->tabCcsRec);
-    tavsFree(object);
-}
-
-template <class R>
-TavStatus fill(FftCtx& object, int flag) {
-    if (!decode_flag(object, flag)) return tavStsFftFlagErr;
-    Traits<R>::norm(object) = norm_factor<R>(object.order, flag);
-    if (object.order < kLowestTableOrder) return tavStsNoErr;
-    const bool real = object.idCtx == Traits<R>::kReal;
-    return build_tables<R>(object, object.order - real, real) ? tavStsNoErr : tavStsMemAllocErr;
+TavStatus fill(Context<R>& ctx, int flag) {
+    if (!signal::decode_flag(ctx, flag, 1 << ctx.order)) return tavStsFftFlagErr;
+    if (ctx.order < kLowestTableOrder) return tavStsNoErr;
+    const bool real = ctx.idCtx == Traits<R>::kReal;
+    return build_tables(ctx, ctx.order - real, real) ? tavStsNoErr : tavStsMemAllocErr;
 }
 
 template <class R>
 TavStatus build(FftCtx** out, Kind kind, int order, int flag, int hint) {
     if (!out) return tavStsNullPtrErr;
     if (order < 0 || order > kHighestOrder) return tavStsFftOrderErr;
-    auto* object = static_cast<FftCtx*>(tavsMalloc_8u(sizeof(FftCtx)));
-    if (!object) return tavStsMemAllocErr;
-    *object = {};
-    object->idCtx = kind;
-    object->order = order;
-    object->hint = hint;
-    object->isOwned = 1;
-    const TavStatus status = fill<R>(*object, flag);
+    auto* const ctx = static_cast<Context<R>*>(tavsMalloc_8u(sizeof(Context<R>)));
+    if (!ctx) return tavStsMemAllocErr;
+    *ctx = {};
+    ctx->idCtx = kind;
+    ctx->order = order;
+    ctx->hint = hint;
+    ctx->isOwned = 1;
+    const TavStatus status = fill(*ctx, flag);
     if (status == tavStsNoErr)
-        *out = object;
+        *out = reinterpret_cast<FftCtx*>(ctx);
     else
-        destroy(object);
+        destroy(*ctx);
     return status;
 }
 
+template <class R>
 TavStatus release(FftCtx* object, Kind kind) {
-    if (const TavStatus status = check_object(object, kind)) return status;
-    destroy(object);
+    if (const TavStatus status = signal::refused(object, kind)) return status;
+    destroy(context_of<R>(object));
     return tavStsNoErr;
 }
 
+template <class R>
 TavStatus buffer_size(const FftCtx* object, int* bytes, Kind kind) {
     if (!bytes) return tavStsNullPtrErr;
-    if (const TavStatus status = check_object(object, kind)) return status;
-    *bytes = object->bufSize < 1 ? 0 : object->bufSize + kBufferAlignment;
+    if (const TavStatus status = signal::refused(object, kind)) return status;
+    const int size = context_of<R>(object).bufSize;
+    *bytes = size < 1 ? 0 : size + signal::kAlignment;
     return tavStsNoErr;
 }
 
 } // namespace
 } // namespace vor::fft
 
-#define FFT_OBJECT(X, R, kind)                                                                     \
-    extern "C" TavStatus tavsFFTInitAlloc_##X(FftCtx** object, int order, int flag, int hint) {    \
+#define FFT_OBJECT(init, free, size, R, kind)                                                      \
+    extern "C" TavStatus init(FftCtx** object, int order, int flag, int hint) {                    \
         return vor::fft::build<R>(object, vor::fft::Traits<R>::kind, order, flag, hint);           \
     }                                                                                              \
-    extern "C" TavStatus tavsFFTFree_##X(FftCtx* object) {                                         \
-        return vor::fft::release(object, vor::fft::Traits<R>::kind);                               \
+    extern "C" TavStatus free(FftCtx* object) {                                                    \
+        return vor::fft::release<R>(object, vor::fft::Traits<R>::kind);                            \
     }                                                                                              \
-    extern "C" TavStatus tavsFFTGetBufSize_##X(const FftCtx* object, int* bytes) {                 \
-        return vor::fft::buffer_size(object, bytes, vor::fft::Traits<R>::kind);                    \
+    extern "C" TavStatus size(const FftCtx* object, int* bytes) {                                  \
+        return vor::fft::buffer_size<R>(object, bytes, vor::fft::Traits<R>::kind);                 \
     }
-FFT_OBJECT(C_32fc, float, kComplex)
-FFT_OBJECT(R_32f, float, kReal)
-FFT_OBJECT(C_64fc, double, kComplex)
-FFT_OBJECT(R_64f, double, kReal)
+FFT_OBJECT(tavsFFTInitAlloc_C_32fc, tavsFFTFree_C_32fc, tavsFFTGetBufSize_C_32fc, float, kComplex)
+FFT_OBJECT(tavsFFTInitAlloc_R_32f, tavsFFTFree_R_32f, tavsFFTGetBufSize_R_32f, float, kReal)
+FFT_OBJECT(tavsFFTInitAlloc_C_64fc, tavsFFTFree_C_64fc, tavsFFTGetBufSize_C_64fc, double, kComplex)
+FFT_OBJECT(tavsFFTInitAlloc_R_64f, tavsFFTFree_R_64f, tavsFFTGetBufSize_R_64f, double, kReal)

@@ -5,116 +5,89 @@
 //   Perm  re X[0], re X[N/2], re X[1], im X[1], ...
 //   Pack  re X[0], re X[1], im X[1], ..., re X[N/2]
 // Forward: X[k] = f sum over j of x[j] exp(-2 pi i j k / N); inverse: x[j] = f sum over all N values of k.
-#include "signal/fft/checks.h"
 #include "signal/fft/engine.h"
 #include "signal/fft/real_kernels.h"
-#include "signal/fft/real_small.h"
-
-#include <string.h>
+#include "signal/format.h"
+#include "signal/small.h"
 
 namespace vor::fft {
 namespace {
 
-enum class Format { perm, pack };
+using signal::Format;
 
-void recombine(cfloat* data, int m, const void* table) {
-    tavs_cRealRecombine_32f(data, m, 1, static_cast<const cfloat*>(table));
-}
-void recombine(cdouble* data, int m, const void* table) {
-    tavs_cRealRecombine_64f(data, m, 1, static_cast<const cdouble*>(table));
-}
-void recombine_back(const cfloat* source, cfloat* destination, int m, const void* table) {
-    tavs_cCcsRecombine_32f(source, destination, m, -1, static_cast<const cfloat*>(table));
-}
-void recombine_back(const cdouble* source, cdouble* destination, int m, const void* table) {
-    tavs_cCcsRecombine_64f(source, destination, m, -1, static_cast<const cdouble*>(table));
-}
-
-// In place, N of 1 and 2 being the same in both formats.
+// The passes between spectrum and half-length transform, all but element 0.
 template <class R>
-void perm_to_pack(R* r, int n) {
-    if (n < 4) return;
-    const R last = r[1];
-    memmove(r + 1, r + 2, (n - 2) * sizeof(R));
-    r[n - 1] = last;
+struct Recombination;
+template <>
+struct Recombination<float> {
+    static constexpr auto forward = tavs_cRealRecombine_32f;
+    static constexpr auto backward = tavs_cCcsRecombine_32f;
+};
+template <>
+struct Recombination<double> {
+    static constexpr auto forward = tavs_cRealRecombine_64f;
+    static constexpr auto backward = tavs_cCcsRecombine_64f;
+};
+
+// Element 0 of the half-length transform from re X[0], re X[N/2], and back.
+template <class C>
+C ends(C x) {
+    return {x.re + x.im, x.re - x.im};
 }
 
-// The source may be the destination.
-template <class R>
-void pack_to_perm(const R* source, R* destination, int n) {
-    const R first = source[0], last = source[n - 1];
-    if (n > 2) memmove(destination + 2, source + 1, (n - 2) * sizeof(R));
-    destination[0] = first;
-    if (n > 1) destination[1] = last;
+// Between reals and Perm.
+template <Direction D, class R, class C = complex_t<R>>
+void transform_perm(const FftCtx* object, const R* source, R* destination, void* buffer) {
+    const auto& ctx = context_of<R>(object);
+    if (ctx.order < kLowestTableOrder)
+        return signal::SmallLengths<signal::Small, R, 1, 2, 4, 8>::template run<D>(
+            ctx.order, source, destination, signal::scales<D>(ctx), ctx.normFactor);
+    const int m = ctx.order - 1;
+    const auto* x = reinterpret_cast<const C*>(source);
+    auto* z = reinterpret_cast<C*>(destination);
+    if constexpr (D == Direction::forward) {
+        run_engine<D, R>(object, x, z, m, buffer);
+        z[0] = ends(z[0]);
+        Recombination<R>::forward(z, 1 << m, 1, ctx.tabRealRec);
+    } else {
+        z[0] = ends(x[0]);
+        Recombination<R>::backward(x, z, 1 << m, -1, ctx.tabCcsRec);
+        run_engine<D, R>(object, z, z, m, buffer);
+    }
 }
 
-template <class R>
-void forward_perm(const FftCtx& object, const R* source, R* destination, void* buffer) {
-    if (object.order < kLowestTableOrder)
-        return RealSmall<R>::template run<false>(object, source, destination);
-    const int m = object.order - 1;
-    auto* z = reinterpret_cast<complex_t<R>*>(destination);
-    run_engine<false, R>(object, reinterpret_cast<const complex_t<R>*>(source), z, m, buffer);
-    z[0] = {z[0].re + z[0].im, z[0].re - z[0].im};
-    recombine(z, 1 << m, object.tabRealRec);
-}
-
-template <class R>
-void inverse_perm(const FftCtx& object, const R* source, R* destination, void* buffer) {
-    if (object.order < kLowestTableOrder)
-        return RealSmall<R>::template run<true>(object, source, destination);
-    const int m = object.order - 1;
-    const auto* x = reinterpret_cast<const complex_t<R>*>(source);
-    auto* z = reinterpret_cast<complex_t<R>*>(destination);
-    z[0] = {x[0].re + x[0].im, x[0].re - x[0].im};
-    recombine_back(x, z, 1 << m, object.tabCcsRec);
-    run_engine<true, R>(object, z, z, m, buffer);
-}
-
-template <Format format, class R>
-TavStatus forward(const R* source, R* destination, const FftCtx* object, void* given) {
-    if (const TavStatus status = check_transform(object, Traits<R>::kReal, source, destination))
+template <Direction D, Format kFormat, class R>
+TavStatus transform(const R* source, R* destination, const FftCtx* object, void* given) {
+    if (const TavStatus status = signal::refused(object, Traits<R>::kReal, source, destination))
         return status;
-    const WorkBuffer buffer(*object, given);
-    if (buffer.failed()) return tavStsMemAllocErr;
-    forward_perm(*object, source, destination, buffer.get());
-    if (format == Format::pack) perm_to_pack(destination, 1 << object->order);
-    return tavStsNoErr;
-}
-
-template <Format format, class R>
-TavStatus inverse(const R* source, R* destination, const FftCtx* object, void* given) {
-    if (const TavStatus status = check_transform(object, Traits<R>::kReal, source, destination))
-        return status;
-    const WorkBuffer buffer(*object, given);
-    if (buffer.failed()) return tavStsMemAllocErr;
-    if (format == Format::pack) {
-        pack_to_perm(source, destination, 1 << object->order);
+    const auto& ctx = context_of<R>(object);
+    const signal::WorkBuffer buffer(given, ctx.bufSize);
+    if (buffer.missing()) return tavStsMemAllocErr;
+    const int n = 1 << ctx.order;
+    if constexpr (D == Direction::backward && kFormat != Format::perm) {
+        signal::convert<kFormat, Format::perm>(source, destination, n);
         source = destination;
     }
-    inverse_perm(*object, source, destination, buffer.get());
+    transform_perm<D>(object, source, destination, buffer.data());
+    if constexpr (D == Direction::forward && kFormat != Format::perm)
+        signal::convert<Format::perm, kFormat, R>(destination, destination, n);
     return tavStsNoErr;
 }
 
 } // namespace
 } // namespace vor::fft
 
-#define REAL_TRANSFORM(X, R)                                                                       \
-    extern "C" TavStatus tavsFFTFwd_RToPerm_##X(const R* source, R* destination,                   \
-                                                const FftCtx* object, void* buffer) {              \
-        return vor::fft::forward<vor::fft::Format::perm>(source, destination, object, buffer);     \
-    }                                                                                              \
-    extern "C" TavStatus tavsFFTFwd_RToPack_##X(const R* source, R* destination,                   \
-                                                const FftCtx* object, void* buffer) {              \
-        return vor::fft::forward<vor::fft::Format::pack>(source, destination, object, buffer);     \
-    }                                                                                              \
-    extern "C" TavStatus tavsFFTInv_PermToR_##X(const R* source, R* destination,                   \
-                                                const FftCtx* object, void* buffer) {              \
-        return vor::fft::inverse<vor::fft::Format::perm>(source, destination, object, buffer);     \
-    }                                                                                              \
-    extern "C" TavStatus tavsFFTInv_PackToR_##X(const R* source, R* destination,                   \
-                                                const FftCtx* object, void* buffer) {              \
-        return vor::fft::inverse<vor::fft::Format::pack>(source, destination, object, buffer);     \
+#define REAL_TRANSFORM(name, R, D, format)                                                         \
+    extern "C" TavStatus name(const R* source, R* destination, const FftCtx* object,               \
+                              void* buffer) {                                                      \
+        using namespace vor::fft;                                                                  \
+        return transform<vor::Direction::D, Format::format>(source, destination, object, buffer);  \
     }
-REAL_TRANSFORM(32f, float)
-REAL_TRANSFORM(64f, double)
+REAL_TRANSFORM(tavsFFTFwd_RToPerm_32f, float, forward, perm)
+REAL_TRANSFORM(tavsFFTFwd_RToPack_32f, float, forward, pack)
+REAL_TRANSFORM(tavsFFTInv_PermToR_32f, float, backward, perm)
+REAL_TRANSFORM(tavsFFTInv_PackToR_32f, float, backward, pack)
+REAL_TRANSFORM(tavsFFTFwd_RToPerm_64f, double, forward, perm)
+REAL_TRANSFORM(tavsFFTFwd_RToPack_64f, double, forward, pack)
+REAL_TRANSFORM(tavsFFTInv_PermToR_64f, double, backward, perm)
+REAL_TRANSFORM(tavsFFTInv_PackToR_64f, double, backward, pack)

@@ -104,7 +104,7 @@ class EngineTables {
     using C = complex_t<R>;
 
 public:
-    EngineTables(FftCtx& object, const Circle<R>* circle, void* block)
+    EngineTables(Context<R>& object, const Circle<R>* circle, void* block)
         : object_(object), circle_(circle), block_(static_cast<char*>(block)) {}
 
     void place(int m) {
@@ -204,7 +204,7 @@ private:
         return table;
     }
 
-    FftCtx& object_;
+    Context<R>& object_;
     const Circle<R>* circle_;
     char* block_;
     uint64_t used_ = 0;
@@ -235,7 +235,7 @@ void fill_swap_form(unsigned* table, int m) {
 }
 
 template <class R>
-bool build_bit_reversal(FftCtx& object, int m) {
+bool build_bit_reversal(Context<R>& object, int m) {
     const uint64_t words = (1u << m >> 2) + 1;
     auto* table = static_cast<unsigned*>(tavsMalloc_8u(static_cast<int>(words * sizeof(unsigned))));
     object.tabBitRev = table;
@@ -248,7 +248,7 @@ bool build_bit_reversal(FftCtx& object, int m) {
 }
 
 template <class R>
-bool build_engine(FftCtx& object, const Circle<R>& circle, int m, uint64_t bytes) {
+bool build_engine(Context<R>& object, const Circle<R>& circle, int m, uint64_t bytes) {
     if (bytes == 0) return true;
     void* block = tavsMalloc_8u(static_cast<int>(bytes));
     if (!block) return false;
@@ -257,7 +257,7 @@ bool build_engine(FftCtx& object, const Circle<R>& circle, int m, uint64_t bytes
 }
 
 template <class R>
-bool build_recombination(FftCtx& object, const Circle<R>& circle) {
+bool build_recombination(Context<R>& object, const Circle<R>& circle) {
     using C = complex_t<R>;
     const unsigned quarter = circle.quarter();
     auto* forward = reinterpret_cast<C*>(allocate<R>(2 * uint64_t{quarter}));
@@ -278,18 +278,18 @@ bool build_recombination(FftCtx& object, const Circle<R>& circle) {
 } // namespace
 
 template <class R>
-bool build_tables(FftCtx& object, int m, bool real) {
+bool build_tables(Context<R>& object, int m, bool real) {
     constexpr uint64_t kLargestBlock = INT_MAX - 64; // what tavsMalloc_8u can be asked for
     EngineTables<R> measure(object, nullptr, nullptr);
     measure.place(m);
     if (measure.bytes() > kLargestBlock) return false; // before the time goes into the sines
     const Circle<R> circle(object.order);
-    return circle && build_bit_reversal<R>(object, m) &&
+    return circle && build_bit_reversal(object, m) &&
            build_engine(object, circle, m, measure.bytes()) &&
            (!real || build_recombination(object, circle));
 }
 
-template bool build_tables<float>(FftCtx&, int, bool);
-template bool build_tables<double>(FftCtx&, int, bool);
+template bool build_tables(Context<float>&, int, bool);
+template bool build_tables(Context<double>&, int, bool);
 
 } // namespace vor::fft

@@ -18,6 +18,6 @@ constexpr unsigned reverse_bits(unsigned x, int bits) {
 // bufSize, and for a real kind the recombination tables. False if memory fails: what was built by
 // then belongs to the object.
 template <class R>
-bool build_tables(FftCtx& object, int m, bool real);
+bool build_tables(Context<R>& object, int m, bool real);
 
 } // namespace vor::fft

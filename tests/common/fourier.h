@@ -2,6 +2,7 @@
 // the error of a transform in the units in which docs/numerics.md states the bounds.
 #pragma once
 
+#include "signal/direction.h"
 #include "tests/common/numbers.h"
 
 #include <complex>
@@ -12,11 +13,12 @@ namespace vor::test {
 using Wide = std::complex<long double>;
 using Spectrum = std::vector<Wide>;
 
-enum class Direction { forward = -1, inverse = 1 }; // the sign in the exponent
+using vor::Direction;
 
-// exp(sign * 2 pi i * k / n), k from 0 to n-1, each from the first octant.
+// exp(-+ 2 pi i * k / n), k from 0 to n-1, each from the first octant.
 inline Spectrum unit_roots(size_t n, Direction direction) {
-    const long double sign = static_cast<int>(direction), turn = 2 * acosl(-1.0L) / n;
+    const long double sign = direction == Direction::forward ? -1 : 1;
+    const long double turn = 2 * acosl(-1.0L) / n;
     Spectrum roots(n);
     for (size_t k = 0; k < n; ++k) {
         const size_t quarter = (4 * k + n / 2) / n; // the nearest multiple of a right angle

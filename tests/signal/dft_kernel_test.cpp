@@ -7,6 +7,45 @@
 namespace vor::test {
 namespace {
 
+using namespace dft::names;
+
+// The kernels of a precision and a direction, and those that have no direction.
+template <class T, Direction D>
+struct Kernels;
+#define KERNELS(T, D, Fwd, c, r)                                                                   \
+    template <>                                                                                    \
+    struct Kernels<T, Direction::D> {                                                              \
+        static constexpr Stage<complex_t<T>>* stages[] = {                                         \
+            tavs_cDft##Fwd##_Fact2_##c, tavs_cDft##Fwd##_Fact3_##c, tavs_cDft##Fwd##_Fact4_##c,    \
+            tavs_cDft##Fwd##_Fact5_##c};                                                           \
+        static constexpr OutStage<complex_t<T>>* out_stages[] = {                                  \
+            tavs_cDftOutOrd##Fwd##_Fact2_##c, tavs_cDftOutOrd##Fwd##_Fact3_##c,                    \
+            tavs_cDftOutOrd##Fwd##_Fact4_##c, tavs_cDftOutOrd##Fwd##_Fact5_##c};                   \
+        static constexpr auto table_stage = tavs_cDft##Fwd##_Fact_##c;                             \
+        static constexpr auto leaf3 = tavs_cDft##Fwd##_Prime3_##c;                                 \
+        static constexpr auto leaf5 = tavs_cDft##Fwd##_Prime5_##c;                                 \
+        static constexpr auto real_direct = tavs_rDft##Fwd##_Dir_##r;                              \
+    };
+KERNELS(float, forward, Fwd, 32fc, 32f)
+KERNELS(float, backward, Inv, 32fc, 32f)
+KERNELS(double, forward, Fwd, 64fc, 64f)
+KERNELS(double, backward, Inv, 64fc, 64f)
+
+template <class T>
+struct Undirected;
+#define UNDIRECTED(T, c, r)                                                                        \
+    template <>                                                                                    \
+    struct Undirected<T> {                                                                         \
+        static constexpr auto base_table = tavs_createTabDftBase_##r;                              \
+        static constexpr auto direct_table = tavs_createTabDftDir_##r;                             \
+        static constexpr auto direct = tavs_cDft_Dir_##c;                                          \
+        static constexpr auto multiply = tavs_cbMpy3_##c;                                          \
+        static constexpr auto conjugate = tavs_cbConj2_##c;                                        \
+        static constexpr auto zero = tavs_cbZero_##c;                                              \
+    };
+UNDIRECTED(float, 32fc, 32f)
+UNDIRECTED(double, 64fc, 64f)
+
 template <class T>
 class DftKernels : public testing::Test {};
 using Types = testing::Types<float, double>;
@@ -23,9 +62,9 @@ struct Owned {
 
 // Exact symmetries of the circle, values to one rounding.
 TYPED_TEST(DftKernels, BaseTable) {
-    using C = dft::complex_t<TypeParam>;
+    using C = complex_t<TypeParam>;
     for (int n : {1, 2, 3, 5, 8, 12, 18, 30, 1000, 1001, 1002, 4104}) {
-        const Owned<C> table(dft::Shared<TypeParam>::base_table(n));
+        const Owned<C> table(Undirected<TypeParam>::base_table(n));
         const Spectrum want = unit_roots(n, Direction::forward);
         const C* const w = table.data;
         ErrorMeter<TypeParam> error;
@@ -42,10 +81,10 @@ TYPED_TEST(DftKernels, BaseTable) {
 
 template <class T>
 void check_direct(int n, WorstError& worst) {
-    using C = dft::complex_t<T>;
-    using K = dft::Shared<T>;
-    using Forward = dft::Directed<T, dft::Direction::forward>;
-    using Inverse = dft::Directed<T, dft::Direction::backward>;
+    using C = complex_t<T>;
+    using K = Undirected<T>;
+    using Forward = Kernels<T, Direction::forward>;
+    using Inverse = Kernels<T, Direction::backward>;
     const Owned<C> base(K::base_table(2 * n));
     const Owned<C> table(K::direct_table(base.data, n, 2));
     Random random(n);
@@ -82,10 +121,10 @@ TYPED_TEST(DftKernels, DirectSums) {
 
 // A stage in place gives what it gives out of place, on several blocks and a single column.
 TYPED_TEST(DftKernels, StagesInPlace) {
-    using C = dft::complex_t<TypeParam>;
-    using Forward = dft::Directed<TypeParam, dft::Direction::forward>;
-    using Inverse = dft::Directed<TypeParam, dft::Direction::backward>;
-    const Owned<C> base(dft::Shared<TypeParam>::base_table(7));
+    using C = complex_t<TypeParam>;
+    using Forward = Kernels<TypeParam, Direction::forward>;
+    using Inverse = Kernels<TypeParam, Direction::backward>;
+    const Owned<C> base(Undirected<TypeParam>::base_table(7));
     Random random;
     Guarded<C> x(210), y(210), twiddle(7 * 15), scratch(6);
     twiddle.fill(random);
@@ -99,11 +138,11 @@ TYPED_TEST(DftKernels, StagesInPlace) {
         const auto blocks = [&](int f, auto kernel) {
             check(f, [&](const C* from, C* to) { kernel(from, to, r, 2, twiddle.data()); });
         };
-        blocks(2, Forward::stage2), blocks(2, Inverse::stage2);
-        blocks(3, Forward::stage3), blocks(3, Inverse::stage3);
-        blocks(4, Forward::stage4), blocks(4, Inverse::stage4);
-        blocks(5, Forward::stage5), blocks(5, Inverse::stage5);
-        for (auto kernel : {Forward::stage, Inverse::stage})
+        for (int f = 2; f <= 5; ++f) {
+            blocks(f, Forward::stages[f - 2]);
+            blocks(f, Inverse::stages[f - 2]);
+        }
+        for (auto kernel : {Forward::table_stage, Inverse::table_stage})
             check(7, [&](const C* from, C* to) {
                 for (int b = 0; b < 2; ++b)
                     kernel(from + b * 7 * r, to + b * 7 * r, 7, r, base.data, twiddle.data(),
@@ -116,9 +155,9 @@ TYPED_TEST(DftKernels, StagesInPlace) {
 // A block has the same bits alone and among others, whichever columns a kernel takes together, and
 // nothing behind the last block is touched.
 TYPED_TEST(DftKernels, BlocksTogether) {
-    using C = dft::complex_t<TypeParam>;
-    using Forward = dft::Directed<TypeParam, dft::Direction::forward>;
-    using Inverse = dft::Directed<TypeParam, dft::Direction::backward>;
+    using C = complex_t<TypeParam>;
+    using Forward = Kernels<TypeParam, Direction::forward>;
+    using Inverse = Kernels<TypeParam, Direction::backward>;
     constexpr int kBlocks = 6, kMostColumns = 11;
     Random random;
     Guarded<C> x(kBlocks * 5 * kMostColumns), twiddle(kBlocks * 4 * kMostColumns);
@@ -153,22 +192,20 @@ TYPED_TEST(DftKernels, BlocksTogether) {
                 kernel(x.data(), kBlocks, y, columns, blocks, offsets + b);
             });
         };
-        in_order(2, Forward::stage2), in_order(2, Inverse::stage2);
-        in_order(3, Forward::stage3), in_order(3, Inverse::stage3);
-        in_order(4, Forward::stage4), in_order(4, Inverse::stage4);
-        in_order(5, Forward::stage5), in_order(5, Inverse::stage5);
-        out_of_order(2, Forward::out_stage2), out_of_order(2, Inverse::out_stage2);
-        out_of_order(3, Forward::out_stage3), out_of_order(3, Inverse::out_stage3);
-        out_of_order(4, Forward::out_stage4), out_of_order(4, Inverse::out_stage4);
-        out_of_order(5, Forward::out_stage5), out_of_order(5, Inverse::out_stage5);
+        for (int f = 2; f <= 5; ++f) {
+            in_order(f, Forward::stages[f - 2]);
+            in_order(f, Inverse::stages[f - 2]);
+            out_of_order(f, Forward::out_stages[f - 2]);
+            out_of_order(f, Inverse::out_stages[f - 2]);
+        }
         leaf(3, Forward::leaf3), leaf(3, Inverse::leaf3);
         leaf(5, Forward::leaf5), leaf(5, Inverse::leaf5);
     }
 }
 
 TYPED_TEST(DftKernels, BlockHelpers) {
-    using C = dft::complex_t<TypeParam>;
-    using K = dft::Shared<TypeParam>;
+    using C = complex_t<TypeParam>;
+    using K = Undirected<TypeParam>;
     for (int n : {0, 1, 2, 3, 8, 9}) {
         Random random(n);
         Guarded<C> a(n), b(n, 8), c(n, 24);

@@ -14,7 +14,7 @@ using Types = testing::Types<cfloat, cdouble>;
 TYPED_TEST_SUITE(FftComplex, Types);
 
 constexpr double kBound = 0.5; // docs/numerics.md
-constexpr Direction kDirections[] = {Direction::forward, Direction::inverse};
+constexpr Direction kDirections[] = {Direction::forward, Direction::backward};
 
 template <class E>
 Transform<E> call_of(Direction direction) {
@@ -167,7 +167,7 @@ void expect_reversal(void (*in_place)(E*, int, const unsigned*),
         const FftObject<cdouble> object(order);
         const auto* table = order == 2   ? four
                             : order == 3 ? eight
-                                         : static_cast<const unsigned*>(object.get()->tabBitRev);
+                                         : fft::context_of<double>(object.get()).tabBitRev;
         for (size_t offset : {0, 4, 8}) {
             Guarded<E> x(n, offset), y(n, 8 - offset);
             Random random(order);
@@ -198,7 +198,7 @@ TEST(FftSteps, KernelInFourLaneForm) {
             for (auto kernel : {tavs_cRadix4Fwd_32fc, tavs_cRadix4Inv_32fc}) {
                 const int n = 1 << order;
                 FftObject<cfloat> object(order);
-                const auto* table = static_cast<const cfloat*>(object.get()->tabTwd);
+                const auto* table = fft::context_of<float>(object.get()).tabTwd;
                 Guarded<cfloat> x(n, offset), y(n, offset);
                 Guarded<float> buffer(2 * n);
                 Random random(order);

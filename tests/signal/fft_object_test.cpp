@@ -55,14 +55,22 @@ TYPED_TEST(FftObjects, RecordAndFlags) {
     for (const auto& row : rows) {
         FftCtx* object = nullptr;
         ASSERT_EQ(FftCalls<TypeParam>::build(&object, 5, row.flag, 42), tavStsNoErr);
-        EXPECT_EQ(object->idCtx,
-                  is_complex<TypeParam> ? fft::Traits<R>::kComplex : fft::Traits<R>::kReal);
-        EXPECT_EQ(object->order, 5);
-        EXPECT_EQ(object->hint, 42);
-        EXPECT_EQ(object->isOwned, 1);
-        EXPECT_EQ(object->doScaleFwd, row.forward);
-        EXPECT_EQ(object->doScaleInv, row.inverse);
-        EXPECT_EQ(fft::Traits<R>::norm(*object), static_cast<R>(row.norm));
+        // The fields stand one behind the other, and the factor is as wide as the data.
+        const auto* word = reinterpret_cast<const int*>(object);
+        constexpr int kComplex = sizeof(R) == 4 ? 4 : 7;
+        EXPECT_EQ(*word++, is_complex<TypeParam> ? kComplex : kComplex + 2);
+        EXPECT_EQ(*word++, 5);
+        EXPECT_EQ(*word++, row.forward);
+        EXPECT_EQ(*word++, row.inverse);
+        R norm;
+        std::memcpy(&norm, word, sizeof norm);
+        EXPECT_EQ(norm, static_cast<R>(row.norm));
+        word += sizeof(R) / sizeof(int);
+        EXPECT_EQ(*word++, 42) << "hint";
+        int bytes = -1;
+        FftCalls<TypeParam>::buffer_size(object, &bytes);
+        EXPECT_EQ(*word ? *word + 16 : 0, bytes) << "work buffer";
+        EXPECT_EQ(word[1], 1) << "owned";
         FftCalls<TypeParam>::release(object);
     }
 }
@@ -103,15 +111,15 @@ constexpr int kSplit32[] = {0,  0,  0,  0, 5, 6,  7,  8,  8,  8,  10,
 // Walks the tables of an object in the order in which they stand in their block.
 template <class R>
 class Tables {
-    using C = fft::complex_t<R>;
+    using C = complex_t<R>;
     static constexpr bool kSingle = sizeof(R) == 4;
     static constexpr int kLimit = kSingle ? 10 : 9;
 
 public:
-    explicit Tables(const FftCtx& object) : object_(object) {}
+    explicit Tables(const fft::Context<R>& object) : object_(object) {}
 
     void check(int m) {
-        next_ = static_cast<const C*>(object_.tabTwd);
+        next_ = object_.tabTwd;
         buffer_ = kSingle ? 8 << std::min(m, kLimit) : 0;
         blocks(m, 0);
         EXPECT_EQ(object_.bufSize, buffer_);
@@ -172,7 +180,7 @@ private:
         worst_.add(im, want.imag(), 1);
     }
 
-    const FftCtx& object_;
+    const fft::Context<R>& object_;
     const C* next_ = nullptr;
     int buffer_ = 0;
     Spectrum roots_;
@@ -204,24 +212,24 @@ TYPED_TEST(FftObjects, TablesAndBufferSize) {
     for (int order = 0; order <= 21; order += order == 18 ? 3 : 1) {
         SCOPED_TRACE(testing::Message() << "order " << order);
         FftObject<TypeParam> built(order);
-        const FftCtx& object = *built.get();
+        const auto& object = fft::context_of<R>(built.get());
         int bytes = -1;
-        FftCalls<TypeParam>::buffer_size(&object, &bytes);
+        FftCalls<TypeParam>::buffer_size(built.get(), &bytes);
         EXPECT_EQ(bytes, object.bufSize ? object.bufSize + 16 : 0);
         if (order < 4) {
             EXPECT_FALSE(object.tabBitRev || object.tabTwd || object.bufSize);
             continue;
         }
         const int m = order - !is_complex<TypeParam>;
-        const auto* reversal = static_cast<const unsigned*>(object.tabBitRev);
+        const unsigned* reversal = object.tabBitRev;
         sizeof(R) == 4 && m <= 9 ? expect_read_form(reversal, m) : expect_swap_form(reversal, m);
         Tables<R>(object).check(m);
         if (is_complex<TypeParam>) {
             EXPECT_FALSE(object.tabRealRec || object.tabCcsRec);
             continue;
         }
-        const auto* forward = static_cast<const fft::complex_t<R>*>(object.tabRealRec);
-        const auto* inverse = static_cast<const fft::complex_t<R>*>(object.tabCcsRec);
+        const complex_t<R>* forward = object.tabRealRec;
+        const complex_t<R>* inverse = object.tabCcsRec;
         const Spectrum roots = unit_roots(size_t{1} << order, Direction::forward);
         ErrorMeter<R> worst;
         for (size_t k = 0; k < roots.size() / 4; ++k) {

@@ -7,26 +7,25 @@
 // 10 and 11 run as kernels of 512 points and radix-2 passes.
 //
 // The scale happens once for each element, on the leaves.
-#include "signal/fft/kernels.h"
-#include "signal/fft/radix4_64.h"
+#include "arith/prefetch.h"
+#include "signal/fft/engine.h"
+#include "signal/fft/kernel/radix4_64.h"
 
-#include <xmmintrin.h>
-
+namespace vor::fft {
 namespace {
 
-using namespace vor;
-using namespace vor::fft;
-using C = vor::cdouble;
+using C = cdouble;
+using Object = Context<double>;
 
 constexpr int kLeafOrder = Traits<double>::kEngineLimit;
 constexpr int kLeaf = 1 << kLeafOrder;
 constexpr int kColumn = 64; // points of a pass whose twiddles stay in the cache across all blocks
 
 template <bool inverse>
-void leaf(const FftCtx& object, C* data, int n) {
-    (inverse ? tavs_cRadix4Inv_64fc : tavs_cRadix4Fwd_64fc)(data, n,
-                                                            static_cast<const C*>(object.tabTwd));
-    if (scales<inverse>(object)) tavs_rbMpy1_64f(object.normFactor.wide, &data->re, 2 * n);
+void leaf(const Object& object, C* data, int n) {
+    using K = Routines<double>;
+    K::kernel[inverse](data, n, object.tabTwd);
+    if (signal::scales<kDirection<inverse>>(object)) K::scale(object.normFactor, &data->re, 2 * n);
 }
 
 // x[j], x[S+j] := x[j] +- W^j x[S+j] for one column.
@@ -56,20 +55,16 @@ void radix2_passes(C* data, int n, int span, const C* table) {
 }
 
 template <bool inverse>
-void halves(const FftCtx& object, C* data, int n) {
+void halves(const Object& object, C* data, int n) {
     for (C* block = data + n - kLeaf; block >= data; block -= kLeaf)
         leaf<inverse>(object, block, kLeaf);
-    radix2_passes<inverse>(data, n, kLeaf, static_cast<const C*>(object.tabTwdL2));
+    radix2_passes<inverse>(data, n, kLeaf, object.tabTwdL2);
 }
 
 // ---- Columns of a block level: four, the elements of one line, in four lanes of `rows` elements.
 
 constexpr int kLanes = 4;
 constexpr int kAhead = 16; // rows of prefetch: the rows of a column lie far apart
-
-inline void prefetch(const C* p) {
-    _mm_prefetch(p, _MM_HINT_T0);
-}
 
 // Columns times their products into lanes, through the transforms of 4 points.
 template <bool inverse>
@@ -114,7 +109,7 @@ void columns(C* data, int s, int r, const C* table, const C* products, C* lanes)
 }
 
 template <bool inverse>
-void blocks(const FftCtx& object, C* data, int m, int level, C* lanes) {
+void blocks(const Object& object, C* data, int m, int level, C* lanes) {
     const int s = split<double>(m), r = m - s;
     for (C* row = data; row < data + (1 << m); row += 1 << r) {
         if (r <= kLeafOrder)
@@ -124,12 +119,11 @@ void blocks(const FftCtx& object, C* data, int m, int level, C* lanes) {
         else
             halves<inverse>(object, row, 1 << r);
     }
-    columns<inverse>(data, s, r, static_cast<const C*>(object.tabTwdBlk[level]),
-                     static_cast<const C*>(object.tabMulBlk[level]), lanes);
+    columns<inverse>(data, s, r, object.tabTwdBlk[level], object.tabMulBlk[level], lanes);
 }
 
 template <bool inverse>
-void large(const FftCtx& object, C* data, int order, void* buffer) {
+void large(const Object& object, C* data, int order, void* buffer) {
     if (split<double>(order))
         blocks<inverse>(object, data, order, 0, static_cast<C*>(buffer));
     else
@@ -137,10 +131,12 @@ void large(const FftCtx& object, C* data, int order, void* buffer) {
 }
 
 } // namespace
+} // namespace vor::fft
 
-extern "C" void tavs_cFftFwd_Large_64fc(const FftCtx* object, C* data, int order, void* buffer) {
-    large<false>(*object, data, order, buffer);
-}
-extern "C" void tavs_cFftInv_Large_64fc(const FftCtx* object, C* data, int order, void* buffer) {
-    large<true>(*object, data, order, buffer);
-}
+#define LARGE(name, inverse)                                                                       \
+    extern "C" void name(const FftCtx* object, VOR_DCOMPLEX* data, int order, void* buffer) {      \
+        using namespace vor::fft;                                                                  \
+        large<inverse>(context_of<double>(object), data, order, buffer);                           \
+    }
+LARGE(tavs_cFftFwd_Large_64fc, false)
+LARGE(tavs_cFftInv_Large_64fc, true)

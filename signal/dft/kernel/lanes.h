@@ -4,6 +4,7 @@
 
 #include "signal/dft/column.h"
 #include "signal/dft/context.h"
+#include "signal/kernel/lanes.h"
 
 namespace vor {
 namespace dft {
@@ -28,12 +29,10 @@ namespace dft {
 
 constexpr int kLanes = 4;
 
-// ---- Where the four elements of a group stand. Nothing needs alignment.
+using signal::Falling;
+using signal::Neighbours;
 
-struct Neighbours {
-    static Four load(const cfloat* p) { return Interleaved::load(&p->re); }
-    static void store(cfloat* p, Four a) { Interleaved::store(&p->re, a); }
-};
+// ---- Where the four elements of a group stand. Nothing needs alignment.
 
 // A single element, for code that serves single columns too.
 struct Lone {
@@ -44,20 +43,6 @@ struct Lone {
     template <class C>
     static void store(C* p, C a) {
         *p = a;
-    }
-};
-
-// At p, p - 1, p - 2, p - 3.
-struct Falling {
-    static Four load(const cfloat* p) {
-        const __m128 low = _mm_loadu_ps(&p[-3].re), high = _mm_loadu_ps(&p[-1].re);
-        return {_mm_shuffle_ps(high, low, _MM_SHUFFLE(0, 2, 0, 2)),
-                _mm_shuffle_ps(high, low, _MM_SHUFFLE(1, 3, 1, 3))};
-    }
-    static void store(cfloat* p, Four a) {
-        const __m128 low = _mm_unpacklo_ps(a.re, a.im), high = _mm_unpackhi_ps(a.re, a.im);
-        _mm_storeu_ps(&p[-1].re, _mm_shuffle_ps(low, low, _MM_SHUFFLE(1, 0, 3, 2)));
-        _mm_storeu_ps(&p[-3].re, _mm_shuffle_ps(high, high, _MM_SHUFFLE(1, 0, 3, 2)));
     }
 };
 

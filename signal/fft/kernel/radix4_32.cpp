@@ -6,14 +6,13 @@
 // Radix-4 passes follow to span N. The last pass stores in the form asked for.
 //
 // The work area is the result's place if that is aligned and not still to be read, else the buffer.
+#include "signal/fft/kernel/lanes.h"
 #include "signal/fft/kernels.h"
-#include "signal/fft/lanes.h"
 
+namespace vor::fft {
 namespace {
 
-using namespace vor;
-using namespace vor::fft;
-using C = vor::cfloat;
+using C = cfloat;
 
 constexpr int kRecord = 8;         // floats of four twiddles
 constexpr int kStep = 3 * kRecord; // of the twiddles of four butterflies
@@ -176,16 +175,20 @@ void radix4_norm(const C* source, C* destination, int n, const C* table, const u
 }
 
 } // namespace
+} // namespace vor::fft
 
-#define RADIX4(Fwd, inverse)                                                                       \
-    extern "C" void tavs_cRadix4##Fwd##_32fc(C* data, int n, const C* table, void* buffer,         \
-                                             int interleave) {                                     \
-        radix4<inverse>(data, n, table, buffer, interleave);                                       \
-    }                                                                                              \
-    extern "C" void tavs_cRadix4##Fwd##Norm_32fc(const C* source, C* destination, int n,           \
-                                                 const C* table, const unsigned* bit_reversal,     \
-                                                 void* buffer) {                                   \
-        radix4_norm<inverse>(source, destination, n, table, bit_reversal, buffer);                 \
+#define RADIX4(name, inverse)                                                                      \
+    extern "C" void name(VOR_SCOMPLEX* data, int n, const VOR_SCOMPLEX* table, void* buffer,       \
+                         int interleave) {                                                         \
+        vor::fft::radix4<inverse>(data, n, table, buffer, interleave);                             \
     }
-RADIX4(Fwd, false)
-RADIX4(Inv, true)
+RADIX4(tavs_cRadix4Fwd_32fc, false)
+RADIX4(tavs_cRadix4Inv_32fc, true)
+
+#define RADIX4_NORM(name, inverse)                                                                 \
+    extern "C" void name(const VOR_SCOMPLEX* source, VOR_SCOMPLEX* destination, int n,             \
+                         const VOR_SCOMPLEX* table, const unsigned* reversal, void* buffer) {      \
+        vor::fft::radix4_norm<inverse>(source, destination, n, table, reversal, buffer);           \
+    }
+RADIX4_NORM(tavs_cRadix4FwdNorm_32fc, false)
+RADIX4_NORM(tavs_cRadix4InvNorm_32fc, true)

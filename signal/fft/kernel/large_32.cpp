@@ -3,29 +3,25 @@
 // interleaved data.
 //
 // Orders without a split halve the data down to kernels of 1024 points; radix-2 steps join the halves.
-#include "signal/fft/large_32.h"
-#include "signal/fft/kernels.h"
-#include "signal/fft/lanes.h"
+#include "signal/fft/kernel/large_32.h"
+#include "arith/prefetch.h"
+#include "signal/fft/engine.h"
+#include "signal/fft/kernel/lanes.h"
 
+namespace vor::fft {
 namespace {
 
-using namespace vor;
-using namespace vor::fft;
-using C = vor::cfloat;
+using C = cfloat;
+using Object = Context<float>;
 
 constexpr int kLeafOrder = Traits<float>::kEngineLimit;
 constexpr int kLeaf = 1 << kLeafOrder;
 
 template <bool inverse>
-void kernel(C* data, int n, const void* table, void* buffer) {
-    (inverse ? tavs_cRadix4Inv_32fc : tavs_cRadix4Fwd_32fc)(data, n, static_cast<const C*>(table),
-                                                            buffer, 0);
-}
-
-template <bool inverse>
-void leaf(const FftCtx& object, C* data, int n, void* buffer) {
-    kernel<inverse>(data, n, object.tabTwd, buffer);
-    if (scales<inverse>(object)) tavs_rbMpy1_32f(object.normFactor.single, &data->re, 2 * n);
+void leaf(const Object& object, C* data, int n, void* buffer) {
+    using K = Routines<float>;
+    K::kernel[inverse](data, n, object.tabTwd, buffer, 0);
+    if (signal::scales<kDirection<inverse>>(object)) K::scale(object.normFactor, &data->re, 2 * n);
 }
 
 // ---- The radix-2 step: x[j], x[N/2+j] := x[j] +- W^j x[N/2+j], with W^(j+N/4) = -i W^j.
@@ -57,14 +53,9 @@ void radix2(C* data, int n, const C* table, int interleave) {
                    : radix2_step<inverse, LanesAnywhere, LanesAnywhere>(x, n, w);
 }
 
-template <bool inverse>
-void step(C* data, int n, const C* table, int interleave) {
-    (inverse ? tavs_cFftInv_Step_R2_32fc : tavs_cFftFwd_Step_R2_32fc)(data, n, table, interleave);
-}
-
 // Transform of n points, 2048 and up, by halves. The table begins with the section of n points.
 template <bool inverse>
-void halves(const FftCtx& object, C* data, int n, const C* table, int interleave, void* buffer) {
+void halves(const Object& object, C* data, int n, const C* table, int interleave, void* buffer) {
     const int half = n / 2;
     for (C* part = data; part < data + n; part += half) {
         if (half == kLeaf)
@@ -72,7 +63,7 @@ void halves(const FftCtx& object, C* data, int n, const C* table, int interleave
         else
             halves<inverse>(object, part, half, table + n / 4, 0, buffer);
     }
-    step<inverse>(data, n, table, interleave);
+    radix2<inverse>(data, n, table, interleave);
 }
 
 // ---- Columns of a block level: groups of four, one in each lane of the registers, so that the butterflies
@@ -81,10 +72,6 @@ void halves(const FftCtx& object, C* data, int n, const C* table, int interleave
 constexpr int kRow = 8;
 constexpr int kGroups = 2; // at a time: the columns of one line
 constexpr int kAhead = 16; // rows of prefetch: the rows of a column lie far apart
-
-inline void prefetch(const float* p) {
-    _mm_prefetch(p, _MM_HINT_T0);
-}
 
 // Rows 0 to 3 times their products, and the transform of 4 points of each column.
 template <bool inverse, class Load, class Store>
@@ -133,6 +120,12 @@ void merge(const float* row, int width, float* lanes, int rows, const float* pro
         row += 4 * stride;
         products += 4 * kRow;
     }
+}
+
+template <bool inverse>
+void merge_columns(const C* row, int width, C* lanes, int rows, const C* products, int apart) {
+    const auto run = aligned(row) ? merge<inverse, Lanes> : merge<inverse, LanesAnywhere>;
+    run(&row->re, width, &lanes->re, rows, &products->re, 2 * apart);
 }
 
 // The twiddles W^k, W^2k, W^3k of one butterfly in all lanes, out of the staged table of a span.
@@ -251,10 +244,9 @@ void columns(C* data, int s, int r, const C* kernel_table, const C* products, in
         C* x = data + row * width;
         const C* product = products + 4 * row;
         for (int c = 0; c < width; c += 4 * kGroups, product += 4 * kGroups * rows) {
-            tavs_cFftBlkMergeMpy_32fc(x + c, width, lanes, block, product, 4 * rows, !inverse);
+            merge_columns<inverse>(x + c, width, lanes, block, product, 4 * rows);
             last_table = middle_passes<inverse>(&lanes->re, block, first, table);
-            tavs_cFftBlkSplit_32fc(lanes, block, x + c, width,
-                                   reinterpret_cast<const C*>(last_table), !inverse,
+            split_to_rows<inverse>(&lanes->re, block, &x[c].re, width, last_table,
                                    interleave && block == rows);
         }
     }
@@ -262,7 +254,7 @@ void columns(C* data, int s, int r, const C* kernel_table, const C* products, in
 }
 
 template <bool inverse>
-void blocks(const FftCtx& object, C* data, int m, int level, void* buffer) {
+void blocks(const Object& object, C* data, int m, int level, void* buffer) {
     const int s = split<float>(m), r = m - s;
     for (C* row = data; row < data + (1 << m); row += 1 << r) {
         if (r <= kLeafOrder)
@@ -270,57 +262,50 @@ void blocks(const FftCtx& object, C* data, int m, int level, void* buffer) {
         else if (split<float>(r))
             blocks<inverse>(object, row, r, level + 1, buffer);
         else
-            halves<inverse>(object, row, 1 << r, static_cast<const C*>(object.tabTwdL2), 0, buffer);
+            halves<inverse>(object, row, 1 << r, object.tabTwdL2, 0, buffer);
     }
-    columns<inverse>(data, s, r, static_cast<const C*>(object.tabTwdBlk[level]),
-                     static_cast<const C*>(object.tabMulBlk[level]), level == 0,
+    columns<inverse>(data, s, r, object.tabTwdBlk[level], object.tabMulBlk[level], level == 0,
                      static_cast<C*>(buffer), object.bufSize / static_cast<int>(sizeof(float)));
 }
 
 template <bool inverse>
-void large(const FftCtx& object, C* data, int order, void* buffer) {
+void large(const Object& object, C* data, int order, void* buffer) {
     if (split<float>(order))
         blocks<inverse>(object, data, order, 0, buffer);
     else
-        halves<inverse>(object, data, 1 << order, static_cast<const C*>(object.tabTwdL2), 1,
-                        buffer);
+        halves<inverse>(object, data, 1 << order, object.tabTwdL2, 1, buffer);
 }
 
 } // namespace
+} // namespace vor::fft
 
-extern "C" {
+#define RADIX2(name, inverse)                                                                      \
+    extern "C" void name(VOR_SCOMPLEX* data, int n, const VOR_SCOMPLEX* table, int interleave) {   \
+        vor::fft::radix2<inverse>(data, n, table, interleave);                                     \
+    }
+RADIX2(tavs_cFftFwd_Step_R2_32fc, false)
+RADIX2(tavs_cFftInv_Step_R2_32fc, true)
 
-void tavs_cFftFwd_Step_R2_32fc(C* data, int n, const C* table, int interleave) {
-    radix2<false>(data, n, table, interleave);
-}
-void tavs_cFftInv_Step_R2_32fc(C* data, int n, const C* table, int interleave) {
-    radix2<true>(data, n, table, interleave);
-}
+#define LARGE(name, inverse)                                                                       \
+    extern "C" void name(const FftCtx* object, VOR_SCOMPLEX* data, int order, void* buffer) {      \
+        using namespace vor::fft;                                                                  \
+        large<inverse>(context_of<float>(object), data, order, buffer);                            \
+    }
+LARGE(tavs_cFftFwd_Large_32fc, false)
+LARGE(tavs_cFftInv_Large_32fc, true)
 
-void tavs_cFftBlkMergeMpy_32fc(const C* row, int width, C* lanes, int rows, const C* products,
-                               int apart, int forward) {
-    const float *x = &row->re, *w = &products->re;
-    float* out = &lanes->re;
-    if (aligned(x))
-        forward ? merge<false, Lanes>(x, width, out, rows, w, 2 * apart)
-                : merge<true, Lanes>(x, width, out, rows, w, 2 * apart);
-    else
-        forward ? merge<false, LanesAnywhere>(x, width, out, rows, w, 2 * apart)
-                : merge<true, LanesAnywhere>(x, width, out, rows, w, 2 * apart);
-}
-
-void tavs_cFftBlkSplit_32fc(const C* lanes, int rows, C* row, int width, const C* table,
-                            int forward, int interleave) {
-    const float *x = &lanes->re, *w = &table->re;
-    forward ? split_to_rows<false>(x, rows, &row->re, width, w, interleave)
-            : split_to_rows<true>(x, rows, &row->re, width, w, interleave);
+extern "C" void tavs_cFftBlkMergeMpy_32fc(const VOR_SCOMPLEX* row, int width, VOR_SCOMPLEX* lanes,
+                                          int rows, const VOR_SCOMPLEX* products, int apart,
+                                          int forward) {
+    using namespace vor::fft;
+    (forward ? merge_columns<false> : merge_columns<true>)(row, width, lanes, rows, products,
+                                                           apart);
 }
 
-void tavs_cFftFwd_Large_32fc(const FftCtx* object, C* data, int order, void* buffer) {
-    large<false>(*object, data, order, buffer);
+extern "C" void tavs_cFftBlkSplit_32fc(const VOR_SCOMPLEX* lanes, int rows, VOR_SCOMPLEX* row,
+                                       int width, const VOR_SCOMPLEX* table, int forward,
+                                       int interleave) {
+    using namespace vor::fft;
+    (forward ? split_to_rows<false> : split_to_rows<true>)(&lanes->re, rows, &row->re, width,
+                                                           &table->re, interleave);
 }
-void tavs_cFftInv_Large_32fc(const FftCtx* object, C* data, int order, void* buffer) {
-    large<true>(*object, data, order, buffer);
-}
-
-} // extern "C"

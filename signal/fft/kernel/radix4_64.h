@@ -8,7 +8,7 @@
 #pragma once
 
 #include "arith/number.h"
-#include "signal/fft/butterfly_64.h"
+#include "signal/fft/kernel/butterfly_64.h"
 
 #include <stddef.h>
 

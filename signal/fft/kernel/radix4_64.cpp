@@ -1,12 +1,11 @@
 // Radix-4 kernel of the 64-bit engine: N = 8 to 512 points, decimation in time, in place.
-#include "signal/fft/radix4_64.h"
+#include "signal/fft/kernel/radix4_64.h"
 #include "signal/fft/kernels.h"
 
+namespace vor::fft {
 namespace {
 
-using namespace vor;
-using namespace vor::fft;
-using C = vor::cdouble;
+using C = cdouble;
 
 template <bool inverse>
 void radix4(C* data, int n, const C* table) {
@@ -23,10 +22,11 @@ void radix4(C* data, int n, const C* table) {
 }
 
 } // namespace
+} // namespace vor::fft
 
-extern "C" void tavs_cRadix4Fwd_64fc(C* data, int n, const C* table) {
-    radix4<false>(data, n, table);
-}
-extern "C" void tavs_cRadix4Inv_64fc(C* data, int n, const C* table) {
-    radix4<true>(data, n, table);
-}
+#define RADIX4(name, inverse)                                                                      \
+    extern "C" void name(VOR_DCOMPLEX* data, int n, const VOR_DCOMPLEX* table) {                   \
+        vor::fft::radix4<inverse>(data, n, table);                                                 \
+    }
+RADIX4(tavs_cRadix4Fwd_64fc, false)
+RADIX4(tavs_cRadix4Inv_64fc, true)

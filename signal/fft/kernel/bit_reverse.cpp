@@ -18,24 +18,25 @@
 
 #include <xmmintrin.h>
 
+namespace vor::fft {
 namespace {
 
 // One element is moved as bits, by one SSE register or half of one.
-void move(const vor::cdouble& from, vor::cdouble& to) {
+void move(const cdouble& from, cdouble& to) {
     _mm_storeu_ps(reinterpret_cast<float*>(&to),
                   _mm_loadu_ps(reinterpret_cast<const float*>(&from)));
 }
-void move(const vor::cfloat& from, vor::cfloat& to) {
+void move(const cfloat& from, cfloat& to) {
     _mm_storel_pi(reinterpret_cast<__m64*>(&to),
                   _mm_loadl_pi(_mm_setzero_ps(), reinterpret_cast<const __m64*>(&from)));
 }
-void exchange(vor::cdouble& a, vor::cdouble& b) {
+void exchange(cdouble& a, cdouble& b) {
     float *p = reinterpret_cast<float*>(&a), *q = reinterpret_cast<float*>(&b);
     const __m128 x = _mm_loadu_ps(p), y = _mm_loadu_ps(q);
     _mm_storeu_ps(p, y);
     _mm_storeu_ps(q, x);
 }
-void exchange(vor::cfloat& a, vor::cfloat& b) {
+void exchange(cfloat& a, cfloat& b) {
     __m64 *p = reinterpret_cast<__m64*>(&a), *q = reinterpret_cast<__m64*>(&b);
     const __m128 x = _mm_loadl_pi(_mm_setzero_ps(), p), y = _mm_loadl_pi(_mm_setzero_ps(), q);
     _mm_storel_pi(p, y);
@@ -94,33 +95,33 @@ constexpr int kTile = 1 << kTileBits<C>;
 
 template <class C>
 constexpr int reversed(int i) {
-    return static_cast<int>(vor::fft::reverse_bits(i, kTileBits<C>));
+    return static_cast<int>(reverse_bits(i, kTileBits<C>));
 }
 
 // out[reverse(j)][reverse(i)] := in[i][j]; the runs of both are a stride apart.
-void reverse_tile(const vor::cdouble* in, vor::cdouble* out, size_t in_stride, size_t out_stride) {
-    constexpr int n = kTile<vor::cdouble>;
+void reverse_tile(const cdouble* in, cdouble* out, size_t in_stride, size_t out_stride) {
+    constexpr int n = kTile<cdouble>;
 #pragma GCC unroll 4
     for (int j = 0; j < n; ++j) {
-        vor::cdouble* run = out + reversed<vor::cdouble>(j) * out_stride;
+        cdouble* run = out + reversed<cdouble>(j) * out_stride;
 #pragma GCC unroll 4
-        for (int i = 0; i < n; ++i) move(in[i * in_stride + j], run[reversed<vor::cdouble>(i)]);
+        for (int i = 0; i < n; ++i) move(in[i * in_stride + j], run[reversed<cdouble>(i)]);
     }
 }
 
 // Runs i and i + 4 are neighbours in the result, so two elements of each make two pairs of it.
-void reverse_tile(const vor::cfloat* in, vor::cfloat* out, size_t in_stride, size_t out_stride) {
-    constexpr int n = kTile<vor::cfloat>;
+void reverse_tile(const cfloat* in, cfloat* out, size_t in_stride, size_t out_stride) {
+    constexpr int n = kTile<cfloat>;
 #pragma GCC unroll 4
     for (int j = 0; j < n; j += 2) {
-        float* even = &out[reversed<vor::cfloat>(j) * out_stride].re;
-        float* odd = &out[reversed<vor::cfloat>(j + 1) * out_stride].re;
+        float* even = &out[reversed<cfloat>(j) * out_stride].re;
+        float* odd = &out[reversed<cfloat>(j + 1) * out_stride].re;
 #pragma GCC unroll 4
         for (int i = 0; i < n / 2; ++i) {
             const __m128 x = _mm_loadu_ps(&in[i * in_stride + j].re);
             const __m128 y = _mm_loadu_ps(&in[(i + n / 2) * in_stride + j].re);
-            _mm_storeu_ps(even + 2 * reversed<vor::cfloat>(i), _mm_movelh_ps(x, y));
-            _mm_storeu_ps(odd + 2 * reversed<vor::cfloat>(i), _mm_movehl_ps(y, x));
+            _mm_storeu_ps(even + 2 * reversed<cfloat>(i), _mm_movelh_ps(x, y));
+            _mm_storeu_ps(odd + 2 * reversed<cfloat>(i), _mm_movehl_ps(y, x));
         }
     }
 }
@@ -130,8 +131,8 @@ template <class C, class Tile>
 void all_tiles(int n, Tile tile) {
     constexpr int size = kTile<C>;
     const unsigned middles = static_cast<unsigned>(n) / (size * size);
-    const int bits = vor::trailing_zeros(middles);
-    for (unsigned m = 0; m < middles; ++m) tile(size * vor::fft::reverse_bits(m, bits), size * m);
+    const int bits = trailing_zeros(middles);
+    for (unsigned m = 0; m < middles; ++m) tile(size * reverse_bits(m, bits), size * m);
 }
 
 template <class C>
@@ -179,13 +180,14 @@ void reverse(const C* source, C* destination, int n) {
 }
 
 } // namespace
+} // namespace vor::fft
 
-#define BIT_REVERSAL(Z, C)                                                                         \
-    extern "C" void tavs_BitRev1_##Z(C* data, int n, const unsigned* table) {                      \
-        reverse_in_place(data, n, table);                                                          \
+#define BIT_REVERSAL(in_place, out_of_place, C)                                                    \
+    extern "C" void in_place(C* data, int n, const unsigned* table) {                              \
+        vor::fft::reverse_in_place(data, n, table);                                                \
     }                                                                                              \
-    extern "C" void tavs_BitRev2_##Z(const C* source, C* destination, int n, const unsigned*) {    \
-        reverse(source, destination, n);                                                           \
+    extern "C" void out_of_place(const C* source, C* destination, int n, const unsigned*) {        \
+        vor::fft::reverse(source, destination, n);                                                 \
     }
-BIT_REVERSAL(C, vor::cfloat)
-BIT_REVERSAL(Z, vor::cdouble)
+BIT_REVERSAL(tavs_BitRev1_C, tavs_BitRev2_C, VOR_SCOMPLEX)
+BIT_REVERSAL(tavs_BitRev1_Z, tavs_BitRev2_Z, VOR_DCOMPLEX)
