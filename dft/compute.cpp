@@ -32,7 +32,7 @@ template <class M>
 Way way_of_many_dimensions(const DftiRecord& head) {
     if (head.dimension > 2) return head.size_so_far < kSmallVolume ? Way::serial : Way::parallel;
     if (M::kComplex && M::kInPlace) return Way::parallel;
-    const bool small = head.length * head.next->length < kSmallPlane;
+    const bool small = static_cast<long long>(head.length) * head.next->length < kSmallPlane;
     if (M::kComplex) return small ? Way::serial : Way::parallel;
     const bool one_row = !M::kForward && head.next->length == 1;
     const bool rows_count = M::kData == Data::half || sizeof(typename M::R) == sizeof(float);
