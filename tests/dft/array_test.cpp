@@ -5,6 +5,8 @@
 #include "tests/dft/job.h"
 #include "vor_service.h"
 
+#include <atomic>
+
 namespace {
 
 using namespace vor::test;
@@ -227,6 +229,154 @@ TEST(Array, LargeRealArraysHoldHalfOfTheComplexSpectrum) {
         expect_half<double, vor::cdouble>({1009, 512}, threads);
         expect_half<float, vor::cfloat>({64, 65, 128}, threads);
         expect_half<double, vor::cdouble>({63, 50, 100}, threads);
+    }
+}
+
+// The k-th allocation of a call fails, for every k until none does. Where it is the first one, the data
+// are what they were. On a team other shares run on.
+TEST(Array, EveryAllocationOfACallFails) {
+    for (const std::vector<int>& lengths : {std::vector{12, 9}, {64, 40}, {6, 5, 4}, {40, 30, 27}})
+        for (const int format : {0, 54, 57})
+            for (const int threads : {1, 3})
+                for (const int step : {1, 2})
+                    for (const bool forward : {true, false}) {
+                        if (format == 54 && lengths.size() > 2) continue;
+                        const Side side = loose(lengths, step);
+                        const Job c{.lengths = lengths,
+                                    .domain = format ? DFTI_REAL : DFTI_COMPLEX,
+                                    .in_place = format == 54,
+                                    .storage = format == 57 ? 39 : 40,
+                                    .format = format ? format : 54,
+                                    .in = side,
+                                    .out = side,
+                                    .threads = threads};
+                        std::vector<double> x(static_cast<size_t>(2 * side.distance)), y = x;
+                        std::vector<double>& output = c.in_place ? x : y;
+                        Allocations allocations;
+                        for (long k = 1; k == 1 || allocations.failed(); ++k) {
+                            VOR_FreeBuffers(); // those of descriptors too: make a new one
+                            const Committed<double> d(c);
+                            const std::vector<double> before(output.size(), 0.5);
+                            output = before;
+                            allocations.fail_at(k);
+                            const int status =
+                                forward ? DftiComputeForward(d.handle, x.data(), y.data())
+                                        : DftiComputeBackward(d.handle, x.data(), y.data());
+                            ASSERT_EQ(status, allocations.failed() ? DFTI_MEMORY_ERROR : 0)
+                                << c << " " << k;
+                            if (k == 1 && threads == 1) {
+                                EXPECT_EQ(output, before) << c;
+                            }
+                        }
+                    }
+}
+
+// What the 1-D functions of a descriptor are called with.
+struct Calls {
+    std::atomic<int> all, in_team, outside;
+    const char *first, *last; // of the data
+} calls;
+
+int note_call(void* input, void*, DftiRecord*, void*) {
+    ++calls.all;
+    if (omp_in_parallel()) ++calls.in_team;
+    if (input < calls.first || input > calls.last) ++calls.outside;
+    return 0;
+}
+
+// Which calls are direct, walk on the calling thread, run on a team, go through groups of columns.
+TEST(Array, EachCallTakesItsRoute) {
+    enum Place { in_data, in_buffer, either };
+    const struct {
+        Job c;
+        bool forward, team;
+        int calls;
+        Place place;
+    } cases[] = {
+        {{.lengths = {100}}, true, false, 1, in_data},
+        {{.lengths = {5000}, .threads = 2}, true, false, 1, in_data},
+        {{.lengths = {8}, .in = {0, 1, 8}, .count = 4}, true, false, 4, in_data},
+        {{.lengths = {8}, .in = {0, 4, 1}, .count = 4}, true, false, 4, in_buffer},
+        {{.lengths = {8}, .in = {0, 4, 1}, .count = 4, .threads = 2}, true, true, 4, in_buffer},
+        {{.lengths = {8}, .in = {0, 1, 8}, .count = 4, .threads = 2}, false, true, 4, in_data},
+        {{.lengths = {3}, .domain = DFTI_REAL, .in = {0, 1, 8}, .count = 2, .threads = 2},
+         true,
+         false,
+         2,
+         in_data},
+        {{.lengths = {4}, .domain = DFTI_REAL, .in = {0, 1, 8}, .count = 2, .threads = 2},
+         true,
+         true,
+         2,
+         in_data},
+        {{.lengths = {89, 23}, .threads = 2}, true, false, 112, either},
+        {{.lengths = {64, 32}, .threads = 2}, true, true, 96, in_buffer},
+        {{.lengths = {89, 23}, .in_place = false, .threads = 2}, false, false, 112, either},
+        {{.lengths = {64, 32}, .in_place = false, .threads = 2}, true, true, 96, in_buffer},
+        {{.lengths = {64, 32}}, true, false, 96, either},
+        {{.lengths = {89, 23}, .domain = DFTI_REAL, .format = 56, .threads = 2},
+         true,
+         false,
+         23 + 1 + 44,
+         either},
+        {{.lengths = {64, 32}, .domain = DFTI_REAL, .format = 55, .threads = 2},
+         false,
+         true,
+         32 + 2 + 31,
+         either},
+        {{.lengths = {64, 32},
+          .domain = DFTI_REAL,
+          .in_place = false,
+          .storage = 39,
+          .format = 57,
+          .threads = 2},
+         true,
+         true,
+         32 + 33,
+         either},
+        {{.lengths = {4000, 1},
+          .domain = DFTI_REAL,
+          .in_place = false,
+          .storage = 39,
+          .format = 57,
+          .threads = 2},
+         false,
+         false,
+         1,
+         either},
+        {{.lengths = {40, 40, 19}, .threads = 2}, true, false, 80 * 19 + 1600, either},
+        {{.lengths = {40, 40, 20}, .threads = 2}, true, true, 80 * 20 + 1600, either},
+        {{.lengths = {40, 40, 20},
+          .domain = DFTI_REAL,
+          .in_place = false,
+          .storage = 39,
+          .format = 57,
+          .threads = 2},
+         false,
+         true,
+         (40 + 2 + 19) * 20 + 21 * 40,
+         either},
+    };
+    for (const auto& one : cases) {
+        const Committed<double> d(one.c);
+        for (DftiRecord* r = d.handle; r; r = r->next) {
+            r->forward_z = r->backward_z = note_call;
+            r->forward_real_d = r->backward_real_d = note_call;
+        }
+        const size_t size = 2 * static_cast<size_t>(one.c.total() * one.c.count) + 100;
+        std::vector<double> x(size), y(size);
+        std::vector<double>& output = one.c.in_place ? x : y;
+        calls.all = calls.in_team = calls.outside = 0;
+        calls.first = reinterpret_cast<const char*>(output.data());
+        calls.last = reinterpret_cast<const char*>(output.data() + size);
+        ASSERT_EQ(one.forward ? DftiComputeForward(d.handle, x.data(), y.data())
+                              : DftiComputeBackward(d.handle, x.data(), y.data()),
+                  0);
+        EXPECT_EQ(calls.all, one.calls) << one.c;
+        EXPECT_EQ(calls.in_team > 0, one.team) << one.c;
+        if (one.place != either) {
+            EXPECT_EQ(calls.outside, one.place == in_data ? 0 : one.calls) << one.c;
+        }
     }
 }
 

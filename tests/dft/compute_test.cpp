@@ -1,6 +1,7 @@
 // Commit and compute: every data kind, direction, placement and layout against a long double oracle;
 // the decisions of commit; threads; failures.
 #include "dft/columns.h"
+#include "serv/memory.h"
 #include "tests/common/allocations.h"
 #include "tests/dft/job.h"
 #include "vor_service.h"
@@ -164,6 +165,39 @@ TEST(Commit, LongOrderedTransformsOnThreads) {
     EXPECT_EQ(d.commit(), 0);
 }
 
+// As many regions of the workspace as parts of the work can run at once, each as large as the largest
+// object of any dimension asks for.
+TEST(Commit, SizesTheWorkspaceByTheWorkThatCanRunAtOnce) {
+    const struct {
+        Job setup;
+        int regions;
+    } cases[] = {
+        {{.lengths = {1009}, .threads = 64}, 1},
+        {{.lengths = {1009}, .count = 3, .threads = 64}, 3},
+        {{.lengths = {1009}, .count = 300, .threads = 4}, 4},
+        {{.lengths = {1009}, .user_threads = 5, .threads = 64}, 5},
+        {{.lengths = {97, 5}, .threads = 64}, 64},
+        {{.lengths = {5, 97, 7}, .threads = 200}, 97},
+    };
+    for (const auto& c : cases) {
+        VOR_FreeBuffers();
+        Allocations allocations;
+        const Committed<double> d(c.setup);
+        const size_t size = allocations.last_size();
+        const unsigned bytes = static_cast<unsigned>(d->max_buffer_size * c.regions);
+        vor_serv_deallocate(vor_serv_allocate(bytes)); // takes what the workspace should have taken
+        EXPECT_EQ(size, allocations.last_size()) << c.setup;
+    }
+    const Descriptor plane({4, 151}, DFTI_REAL);
+    ASSERT_EQ(DftiCommitDescriptor(plane.handle), 0);
+    int complex = 0, real = 0;
+    EXPECT_EQ(tavsDFTGetBufSize_C_64fc(plane.handle[1].dft_spec_z, &complex), 0);
+    EXPECT_EQ(tavsDFTGetBufSize_R_64f(plane.handle[1].dft_spec_real_d, &real), 0);
+    EXPECT_GT(complex, real);
+    EXPECT_EQ(plane.handle[1].buffer_size, complex);
+    EXPECT_GE(plane->max_buffer_size, complex);
+}
+
 // The k-th allocation of commit and of compute fails, for every k, until none does. No commit leaves
 // anything behind of the one before it.
 TEST(Failures, EveryAllocationOfCommitAndCompute) {
@@ -220,6 +254,19 @@ TEST(Failures, AFailedColumnEndsTheCall) {
     EXPECT_EQ(calls, 3);
 }
 
+// A compute that fails gives its slot back.
+TEST(UserThreads, AFailedCallLeavesNoSlotTaken) {
+    VOR_FreeBuffers();
+    const Committed<double> d({.lengths = {50}, .in = {0, 2, 0}, .user_threads = 2});
+    std::vector<vor::cdouble> x(100);
+    Allocations allocations;
+    for (int i = 0; i < 3; ++i) {
+        allocations.fail_at(1);
+        EXPECT_EQ(DftiComputeForward(d.handle, x.data()), DFTI_MEMORY_ERROR);
+        EXPECT_EQ(d->thread_slots[0] + d->thread_slots[1], 0);
+    }
+}
+
 // Callers at once: as many as there are slots are served, one more is turned away and may come again.
 TEST(UserThreads, OneCallerMoreThanSlots) {
     constexpr size_t n = 1009;
@@ -247,6 +294,62 @@ TEST(UserThreads, OneCallerMoreThanSlots) {
         });
     for (auto& caller : callers) caller.join();
     EXPECT_EQ(d->thread_slots[0] + d->thread_slots[1], 0);
+}
+
+// Every typed entry on a descriptor of every kind: those for other data return 3 and touch nothing.
+TEST(Compute, EntriesRefuseDescriptorsOfOtherData) {
+    struct Kind {
+        int domain, precision, storage, dimension;
+    };
+    using Entry = int (*)(DFTI_DESCRIPTOR_HANDLE*, void*, void*);
+    static const auto in_place = [](auto entry, DFTI_DESCRIPTOR_HANDLE* h, void* x, void*) {
+        return entry(h, x);
+    };
+#define IN_PLACE(t)                                                                                \
+    [](DFTI_DESCRIPTOR_HANDLE* h, void* x, void* y) {                                              \
+        return in_place(dfti_compute_forward_##t, h, x, y);                                        \
+    },                                                                                             \
+        [](DFTI_DESCRIPTOR_HANDLE* h, void* x, void* y) {                                          \
+            return in_place(dfti_compute_backward_##t, h, x, y);                                   \
+        }
+#define OUT(t) dfti_compute_forward_##t##_out, dfti_compute_backward_##t##_out
+    const struct {
+        int domain, precision, storage; // of a descriptor that the entries serve
+        std::vector<Entry> entries;
+    } families[] = {
+        {DFTI_COMPLEX, DFTI_SINGLE, 0, {IN_PLACE(c), OUT(c)}},
+        {DFTI_COMPLEX, DFTI_DOUBLE, 0, {IN_PLACE(z), OUT(z)}},
+        {DFTI_REAL, DFTI_SINGLE, DFTI_COMPLEX_REAL, {IN_PLACE(s), OUT(s)}},
+        {DFTI_REAL, DFTI_DOUBLE, DFTI_COMPLEX_REAL, {IN_PLACE(d), OUT(d)}},
+        {DFTI_REAL,
+         DFTI_SINGLE,
+         DFTI_COMPLEX_COMPLEX,
+         {dfti_compute_forward_sc_out, dfti_compute_backward_cs_out}},
+        {DFTI_REAL,
+         DFTI_DOUBLE,
+         DFTI_COMPLEX_COMPLEX,
+         {dfti_compute_forward_dz_out, dfti_compute_backward_zd_out}},
+    };
+    for (const auto& of : families)
+        for (const int dimension : {1, 2}) {
+            const bool half = of.storage == DFTI_COMPLEX_COMPLEX;
+            Descriptor d(std::vector<int>(static_cast<size_t>(dimension), 4), of.domain,
+                         of.precision);
+            EXPECT_EQ(d.set(DFTI_PLACEMENT, half ? DFTI_NOT_INPLACE : DFTI_INPLACE), 0);
+            EXPECT_EQ(d.set(DFTI_CONJUGATE_EVEN_STORAGE, half ? 39 : 40), 0);
+            ASSERT_EQ(d.commit(), 0);
+            for (const auto& by : families)
+                for (const Entry entry : by.entries) {
+                    const bool other_storage = by.storage != of.storage && dimension > 1;
+                    if (by.domain == of.domain && by.precision == of.precision && !other_storage)
+                        continue;
+                    const std::vector<double> before(100, 1.5);
+                    std::vector<double> x = before, y = before;
+                    EXPECT_EQ(entry(&d.handle, x.data(), y.data()),
+                              DFTI_INCONSISTENT_CONFIGURATION);
+                    EXPECT_TRUE(x == before && y == before);
+                }
+        }
 }
 
 TEST(Compute, NullDataAndMissingCommit) {
