@@ -71,13 +71,13 @@ namespace {
 
 // Complex columns of a record, the vectors of the buffer one behind the other.
 template <class C>
-int complex_columns(const C* in, int in_stride, C* out, int out_stride, int step, int columns,
-                    const VectorTransform& transform, C* buffer, int e) {
+int complex_columns(const C* in, int in_stride, int in_step, C* out, int out_stride, int out_step,
+                    int columns, const VectorTransform& transform, C* buffer, int e) {
     using R = real_t<C>;
     const int length = transform.record->length;
     return transform_columns(
-        PlainColumns<const C>{in, in_stride, step, length},
-        PlainColumns<C>{out, out_stride, step, length}, columns, transform,
+        PlainColumns<const C>{in, in_stride, in_step, length},
+        PlainColumns<C>{out, out_stride, out_step, length}, columns, transform,
         VectorGroup<R>{reinterpret_cast<R*>(buffer), 2 * length, group_size<R>(e)});
 }
 
@@ -95,20 +95,27 @@ int real_columns(const PlainColumns<const R>& in, const PlainColumns<R>& out, in
 
 using namespace vor::dfti;
 
-#define COMPLEX_COLUMNS(in_place, out_of_place, C)                                                 \
+#define COMPLEX_COLUMNS(in_place, out_of_place, with_steps, C)                                     \
     extern "C" int in_place(C* data, int stride, Transform* function, DftiRecord* record,          \
                             int columns, int step, C* buffer, int e, void* workspace) {            \
-        return complex_columns<C>(data, stride, data, stride, step, columns,                       \
+        return complex_columns<C>(data, stride, step, data, stride, step, columns,                 \
                                   {function, record, workspace}, buffer, e);                       \
     }                                                                                              \
     extern "C" int out_of_place(const C* input, int input_stride, C* output, int output_stride,    \
                                 Transform* function, DftiRecord* record, int columns, C* buffer,   \
                                 int e, void* workspace) {                                          \
-        return complex_columns<C>(input, input_stride, output, output_stride, 1, columns,          \
+        return complex_columns<C>(input, input_stride, 1, output, output_stride, 1, columns,       \
                                   {function, record, workspace}, buffer, e);                       \
+    }                                                                                              \
+    extern "C" int with_steps(const C* input, int input_stride, int input_step, C* output,         \
+                              int output_stride, int output_step, Transform* function,             \
+                              DftiRecord* record, int columns, C* buffer, int e,                   \
+                              void* workspace) {                                                   \
+        return complex_columns<C>(input, input_stride, input_step, output, output_stride,          \
+                                  output_step, columns, {function, record, workspace}, buffer, e); \
     }
-COMPLEX_COLUMNS(vor_dft_xcdft1d_copy, vor_dft_xcdft1d_out_copy, vor::cfloat)
-COMPLEX_COLUMNS(vor_dft_xzdft1d_copy, vor_dft_xzdft1d_out_copy, vor::cdouble)
+COMPLEX_COLUMNS(vor_dft_xcdft1d_copy, vor_dft_xcdft1d_out_copy, vor_dft_xcsdft1d_copy, vor::cfloat)
+COMPLEX_COLUMNS(vor_dft_xzdft1d_copy, vor_dft_xzdft1d_out_copy, vor_dft_xzddft1d_copy, vor::cdouble)
 
 #define REAL_COLUMNS(name, R)                                                                      \
     extern "C" int name(const R* input, int input_stride, int input_count, R* output,              \

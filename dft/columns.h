@@ -37,6 +37,11 @@ struct VectorGroup {
     R* vector(int j) const { return data + static_cast<ptrdiff_t>(j) * distance; }
 };
 
+// Reals between vectors of a group that keep them out of one set of the cache when their length is a
+// power of two: a cache line.
+template <class R>
+inline constexpr int kLine = 64 / sizeof(R);
+
 // Columns of a group of exponent e.
 template <class R>
 constexpr int group_size(int e) {

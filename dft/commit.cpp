@@ -5,6 +5,7 @@
 // released first. A failed commit leaves an uncommitted descriptor that holds no table.
 #include "dft/engines.h"
 #include "dft/pending.h"
+#include "dft/real_plane.h"
 #include "dft/routines.h"
 #include "serv/entry.h"
 #include "serv/memory.h"
@@ -151,6 +152,8 @@ int commit_real(DftiRecord& record, const DftiRecord& head) {
     const bool as_complex = record.conjugate_even_storage == DFTI_COMPLEX_COMPLEX;
     if (as_complex ? record.placement == DFTI_INPLACE : head.dimension == 3)
         return DFTI_UNIMPLEMENTED;
+    if (record.dimension_index > 0)
+        if (const int status = commit_complex<R>(record, head)) return status;
     if (!set_real_functions<R, Direction::forward>(record) ||
         !set_real_functions<R, Direction::backward>(record))
         return DFTI_UNIMPLEMENTED;
@@ -196,6 +199,17 @@ void settle_direct_flags(DftiRecord& head) {
                         head.size_so_far < kLargePlane;
 }
 
+// The engines of a whole plane.
+void set_two_d(DftiRecord& head) {
+    const bool half = head.conjugate_even_storage == DFTI_COMPLEX_COMPLEX;
+    head.two_d_c = vor_dft_xcdft2d;
+    head.two_d_z = vor_dft_xzdft2d;
+    head.two_d_forward_real_s = half ? vor_dft_xsccdft2d : vor_dft_xscdft2d;
+    head.two_d_backward_real_s = half ? vor_dft_xccsdft2d : vor_dft_xcsdft2d;
+    head.two_d_forward_real_d = half ? vor_dft_xdzzdft2d : vor_dft_xdzdft2d;
+    head.two_d_backward_real_d = half ? vor_dft_xzzddft2d : vor_dft_xzddft2d;
+}
+
 // The settings of the head, in each record.
 void copy_settings(const DftiRecord& head, DftiRecord& record, int index) {
     for (int DftiRecord::*field :
@@ -217,7 +231,12 @@ int commit_record(DftiRecord& record, const DftiRecord& head) {
 
 int allocate_workspace(DftiRecord& head) {
     if (head.max_buffer_size < 1) return DFTI_NO_ERROR;
-    const int regions = head.user_threads > 1 ? head.user_threads : head.threads;
+    // Of a team as many threads may compute at once as there are shares.
+    const int shares = head.number_of_transforms > 1 ? head.number_of_transforms
+                       : head.dimension > 1          ? head.max_length
+                                                     : 1;
+    const int team = head.threads < shares ? head.threads : shares;
+    const int regions = head.user_threads > 1 ? head.user_threads : team;
     unsigned bytes;
     if (!byte_count(static_cast<size_t>(head.max_buffer_size), static_cast<size_t>(regions), 0,
                     &bytes))
@@ -229,7 +248,7 @@ int allocate_workspace(DftiRecord& head) {
 int build(DftiRecord* head) {
     if (const int status = settle_threads(*head)) return status;
     settle_direct_flags(*head);
-    if (head->dimension > 1) return engine_pending();
+    if (head->dimension == 2) set_two_d(*head);
     head->max_buffer_size = 0;
     for (DftiRecord* record = head; record; record = record->next) {
         copy_settings(*head, *record, static_cast<int>(record - head));
@@ -267,6 +286,17 @@ extern "C" int vor_dft_z_tav_fft_init(DftiRecord* record, DftiRecord* head) {
     const int status = init_complex<double>(*record, *head);
     return status == DFTI_NO_ERROR ? engine_pending() : status;
 }
+
+// The complex engine of a dimension above 0 of real data.
+#define COMPLEX_FOR_REAL(name, R)                                                                  \
+    extern "C" int name(DftiRecord* record, DftiRecord* head) {                                    \
+        const int status = commit_complex<R>(*record, *head);                                      \
+        if (status == DFTI_NO_ERROR && record->buffer_size > head->buffer_size)                    \
+            head->buffer_size = record->buffer_size;                                               \
+        return status;                                                                             \
+    }
+COMPLEX_FOR_REAL(vor_dft_complex_for_real_dft_c, float)
+COMPLEX_FOR_REAL(vor_dft_complex_for_real_dft_d, double)
 
 VOR_ENGINE int vor_dft_commit_descriptor_external PARAMS_DFTI_HANDLE {
     int status = handle ? check_handle(*handle) : DFTI_INCONSISTENT_CONFIGURATION;

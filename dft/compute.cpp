@@ -14,6 +14,15 @@ namespace vor::dfti {
 
 namespace {
 
+// Whether a committed descriptor is for data of this kind. In one dimension both storages of real data
+// have the same values.
+template <class M>
+bool serves(const DftiRecord& head) {
+    if (!M::function(head)) return false; // of another domain or precision
+    const bool half = head.conjugate_even_storage == DFTI_COMPLEX_COMPLEX;
+    return M::kComplex || head.dimension == 1 || half == (M::kData == Data::half);
+}
+
 int check_compute(const DftiRecord* head, const void* in, const void* out) {
     if (!head || !in || !out) return DFTI_INCONSISTENT_CONFIGURATION;
     if (head->tag[0] != kTag[0]) return DFTI_BAD_DESCRIPTOR;
@@ -32,7 +41,7 @@ template <class M>
 Way way_of_many_dimensions(const DftiRecord& head) {
     if (head.dimension > 2) return head.size_so_far < kSmallVolume ? Way::serial : Way::parallel;
     if (M::kComplex && M::kInPlace) return Way::parallel;
-    const bool small = head.length * head.next->length < kSmallPlane;
+    const bool small = static_cast<long long>(head.length) * head.next->length < kSmallPlane;
     if (M::kComplex) return small ? Way::serial : Way::parallel;
     const bool one_row = !M::kForward && head.next->length == 1;
     const bool rows_count = M::kData == Data::half || sizeof(typename M::R) == sizeof(float);
@@ -68,6 +77,7 @@ template <class M>
 int compute(DftiRecord** handle, void* input, void* output) {
     DftiRecord* head = handle ? *handle : nullptr;
     if (const int status = check_compute(head, input, output)) return status;
+    if (!serves<M>(*head)) return DFTI_INCONSISTENT_CONFIGURATION;
     auto* in = static_cast<typename M::In*>(input);
     auto* out = static_cast<typename M::Out*>(output);
     if (head->direct_vector || (M::kComplex && M::kInPlace && head->direct_two_d))

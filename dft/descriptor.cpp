@@ -123,7 +123,7 @@ extern "C" void vor_dft_free_allocated_buffers(DftiRecord* head) {
 }
 
 VOR_ENGINE int vor_dft_create_descriptor_highd PARAMS_DFTI_CREATE {
-    if (!legal_dimension(*dimension)) return DFTI_INCONSISTENT_CONFIGURATION;
+    if (!handle || !legal_dimension(*dimension)) return DFTI_INCONSISTENT_CONFIGURATION;
     for (int d = 0; d < *dimension; ++d)
         if (lengths[d] < 1) return DFTI_INCONSISTENT_CONFIGURATION;
     *handle = nullptr;

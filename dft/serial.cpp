@@ -1,5 +1,6 @@
 // The serial engines: one or more transforms of a descriptor on the calling thread.
 #include "dft/serial.h"
+#include "dft/array.h"
 #include "dft/interleaved.h"
 #include "serv/memory.h"
 
@@ -56,7 +57,8 @@ int serial(DftiRecord* head, typename M::In* in, typename M::Out* out, int n, vo
             {M::function(*head), head, workspace});
     int status = DFTI_NO_ERROR;
     for (int i = 0; i < n && status == DFTI_NO_ERROR; ++i) {
-        status = transform_vector<M>(head, in, out, workspace);
+        status = head->dimension == 1 ? transform_vector<M>(head, in, out, workspace)
+                                      : transform_array<M>(head, in, out, workspace, false);
         in += head->*M::kIn.distance;
         out += head->*M::kOut.distance;
     }

@@ -4,8 +4,8 @@
 // Shared state: thread_slots, claimed and released under vor_serv_dft_lock. Everything else of a
 // committed descriptor is only read; each share of a team has its own region of the workspace.
 #include "dft/team.h"
+#include "dft/array.h"
 #include "dft/serial.h"
-#include "dft/walk.h"
 #include "serv/memory.h"
 
 namespace vor::dfti {
@@ -86,6 +86,9 @@ int parallel(DftiRecord* head, typename M::In* in, typename M::Out* out) {
     if (vor_serv_in_serial() == 1 || omp_in_parallel())
         return serial<M>(head, in, out, n, head->workspace);
     if (n > 1) return in_chunks<M>(head, in, out);
+    if (n == 1 && head->dimension > 1)
+        return transform_array<M>(head, in + head->*M::kIn.offset, out + head->*M::kOut.offset,
+                                  nullptr, true);
     if constexpr (M::kComplex)
         if (n == 1 && head->dimension == 1 && head->on_primitives == 0)
             return long_vector<M>(head, in, out);

@@ -10,6 +10,7 @@ namespace vor::dfti {
 struct Share {
     int first, count;
 
+    explicit Share(int total) : first(0), count(total) {}
     Share(int total, int parts, int i) {
         const int chunk = (total - 1) / parts + 1;
         const long long start = static_cast<long long>(chunk) * i;
@@ -33,6 +34,43 @@ int in_shares(int total, int threads, Body body) {
     });
     return shared;
 }
+
+// All index tuples of some dimensions, with the offsets of two sides. Offsets wrap as addresses do.
+class Tuples {
+public:
+    void add(int length, int in_step, int out_step) {
+        axes_[dimensions_++] = {length, static_cast<unsigned>(in_step),
+                                static_cast<unsigned>(out_step)};
+    }
+    // visit(in offset, out offset) for each tuple, the dimension added first fastest; the first failure
+    // ends the walk.
+    template <class Visit>
+    int walk(Visit visit) const {
+        int counters[kMaxDimension] = {};
+        unsigned in = 0, out = 0;
+        for (;;) {
+            if (const int status = visit(static_cast<int>(in), static_cast<int>(out)))
+                return status;
+            int d = 0;
+            for (; d < dimensions_; ++d) {
+                in += axes_[d].in_step;
+                out += axes_[d].out_step;
+                if (++counters[d] < axes_[d].length) break;
+                in -= axes_[d].in_step * static_cast<unsigned>(axes_[d].length);
+                out -= axes_[d].out_step * static_cast<unsigned>(axes_[d].length);
+                counters[d] = 0;
+            }
+            if (d == dimensions_) return DFTI_NO_ERROR;
+        }
+    }
+
+private:
+    struct Axis {
+        int length;
+        unsigned in_step, out_step;
+    } axes_[kMaxDimension];
+    int dimensions_ = 0;
+};
 
 // The region of the workspace that belongs to share i.
 inline void* workspace_region(const DftiRecord& head, int i) {

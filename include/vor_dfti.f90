@@ -11,10 +11,14 @@
 !     status = DftiComputeForward(h, x)
 !     status = DftiFreeDescriptor(h)
 !
+! Data are arrays of any rank, or the first element of one: x(8, 8) for a transform of 8 by 8. A section
+! with gaps is copied to and fro by the compiler; strides tell the library of gaps without a copy.
+!
 ! Lengths and strides stand in Fortran order, the fastest dimension first. Scales are set and read in
 ! the precision of the variable. Compile this file with the program. With -ff2c add
 ! -fno-second-underscore, since the names of the library have one underscore behind them.
 module vor_dfti
+  use, intrinsic :: iso_c_binding, only: c_ptr, c_loc
   implicit none
   private
 
@@ -147,13 +151,7 @@ module vor_dfti
       integer, intent(in) :: parameter
       integer, intent(in) :: value(*)
     end function
-    function dfti_set_value_chars(handle, parameter, value)
-      import :: DFTI_DESCRIPTOR
-      integer :: dfti_set_value_chars
-      type(DFTI_DESCRIPTOR), pointer :: handle
-      integer, intent(in) :: parameter
-      character(*), intent(in) :: value
-    end function
+    module procedure set_text
   end interface
 
   interface DftiGetValue
@@ -185,151 +183,64 @@ module vor_dfti
       integer, intent(in) :: parameter
       integer, intent(out) :: value(*)
     end function
-    function dfti_get_value_chars(handle, parameter, value)
-      import :: DFTI_DESCRIPTOR
-      integer :: dfti_get_value_chars
-      type(DFTI_DESCRIPTOR), pointer :: handle
-      integer, intent(in) :: parameter
-      character(*), intent(out) :: value
-    end function
+    module procedure get_text
   end interface
 
+  ! The entries of one kind of data each, by the addresses of the arrays.
+  abstract interface
+    integer function in_place(handle, x)
+      import :: DFTI_DESCRIPTOR, c_ptr
+      type(DFTI_DESCRIPTOR), pointer :: handle
+      type(c_ptr), value :: x
+    end function
+    integer function out_of_place(handle, x, y)
+      import :: DFTI_DESCRIPTOR, c_ptr
+      type(DFTI_DESCRIPTOR), pointer :: handle
+      type(c_ptr), value :: x, y
+    end function
+    integer function text_value(handle, parameter, text)
+      import :: DFTI_DESCRIPTOR
+      type(DFTI_DESCRIPTOR), pointer :: handle
+      integer, intent(in) :: parameter
+      character(*), intent(inout) :: text
+    end function
+  end interface
+  procedure(in_place) :: dfti_compute_forward_c
+  procedure(out_of_place) :: dfti_compute_forward_c_out
+  procedure(in_place) :: dfti_compute_forward_z
+  procedure(out_of_place) :: dfti_compute_forward_z_out
+  procedure(in_place) :: dfti_compute_forward_s
+  procedure(out_of_place) :: dfti_compute_forward_s_out
+  procedure(in_place) :: dfti_compute_forward_d
+  procedure(out_of_place) :: dfti_compute_forward_d_out
+  procedure(out_of_place) :: dfti_compute_forward_sc_out
+  procedure(out_of_place) :: dfti_compute_forward_dz_out
+  procedure(in_place) :: dfti_compute_backward_c
+  procedure(out_of_place) :: dfti_compute_backward_c_out
+  procedure(in_place) :: dfti_compute_backward_z
+  procedure(out_of_place) :: dfti_compute_backward_z_out
+  procedure(in_place) :: dfti_compute_backward_s
+  procedure(out_of_place) :: dfti_compute_backward_s_out
+  procedure(in_place) :: dfti_compute_backward_d
+  procedure(out_of_place) :: dfti_compute_backward_d_out
+  procedure(out_of_place) :: dfti_compute_backward_cs_out
+  procedure(out_of_place) :: dfti_compute_backward_zd_out
+  procedure(text_value) :: dfti_set_value_chars, dfti_get_value_chars
+
   interface DftiComputeForward
-    function dfti_compute_forward_c(handle, x)
-      import :: DFTI_DESCRIPTOR
-      integer :: dfti_compute_forward_c
-      type(DFTI_DESCRIPTOR), pointer :: handle
-      complex(4), intent(inout) :: x(*)
-    end function
-    function dfti_compute_forward_c_out(handle, x, y)
-      import :: DFTI_DESCRIPTOR
-      integer :: dfti_compute_forward_c_out
-      type(DFTI_DESCRIPTOR), pointer :: handle
-      complex(4), intent(in) :: x(*)
-      complex(4), intent(inout) :: y(*)
-    end function
-    function dfti_compute_forward_z(handle, x)
-      import :: DFTI_DESCRIPTOR
-      integer :: dfti_compute_forward_z
-      type(DFTI_DESCRIPTOR), pointer :: handle
-      complex(8), intent(inout) :: x(*)
-    end function
-    function dfti_compute_forward_z_out(handle, x, y)
-      import :: DFTI_DESCRIPTOR
-      integer :: dfti_compute_forward_z_out
-      type(DFTI_DESCRIPTOR), pointer :: handle
-      complex(8), intent(in) :: x(*)
-      complex(8), intent(inout) :: y(*)
-    end function
-    function dfti_compute_forward_s(handle, x)
-      import :: DFTI_DESCRIPTOR
-      integer :: dfti_compute_forward_s
-      type(DFTI_DESCRIPTOR), pointer :: handle
-      real(4), intent(inout) :: x(*)
-    end function
-    function dfti_compute_forward_s_out(handle, x, y)
-      import :: DFTI_DESCRIPTOR
-      integer :: dfti_compute_forward_s_out
-      type(DFTI_DESCRIPTOR), pointer :: handle
-      real(4), intent(in) :: x(*)
-      real(4), intent(inout) :: y(*)
-    end function
-    function dfti_compute_forward_d(handle, x)
-      import :: DFTI_DESCRIPTOR
-      integer :: dfti_compute_forward_d
-      type(DFTI_DESCRIPTOR), pointer :: handle
-      real(8), intent(inout) :: x(*)
-    end function
-    function dfti_compute_forward_d_out(handle, x, y)
-      import :: DFTI_DESCRIPTOR
-      integer :: dfti_compute_forward_d_out
-      type(DFTI_DESCRIPTOR), pointer :: handle
-      real(8), intent(in) :: x(*)
-      real(8), intent(inout) :: y(*)
-    end function
-    function dfti_compute_forward_sc_out(handle, x, y)
-      import :: DFTI_DESCRIPTOR
-      integer :: dfti_compute_forward_sc_out
-      type(DFTI_DESCRIPTOR), pointer :: handle
-      real(4), intent(in) :: x(*)
-      complex(4), intent(inout) :: y(*)
-    end function
-    function dfti_compute_forward_dz_out(handle, x, y)
-      import :: DFTI_DESCRIPTOR
-      integer :: dfti_compute_forward_dz_out
-      type(DFTI_DESCRIPTOR), pointer :: handle
-      real(8), intent(in) :: x(*)
-      complex(8), intent(inout) :: y(*)
-    end function
+    module procedure forward_c, forward_c_out
+    module procedure forward_z, forward_z_out
+    module procedure forward_s, forward_s_out
+    module procedure forward_d, forward_d_out
+    module procedure forward_sc_out, forward_dz_out
   end interface
 
   interface DftiComputeBackward
-    function dfti_compute_backward_c(handle, x)
-      import :: DFTI_DESCRIPTOR
-      integer :: dfti_compute_backward_c
-      type(DFTI_DESCRIPTOR), pointer :: handle
-      complex(4), intent(inout) :: x(*)
-    end function
-    function dfti_compute_backward_c_out(handle, x, y)
-      import :: DFTI_DESCRIPTOR
-      integer :: dfti_compute_backward_c_out
-      type(DFTI_DESCRIPTOR), pointer :: handle
-      complex(4), intent(in) :: x(*)
-      complex(4), intent(inout) :: y(*)
-    end function
-    function dfti_compute_backward_z(handle, x)
-      import :: DFTI_DESCRIPTOR
-      integer :: dfti_compute_backward_z
-      type(DFTI_DESCRIPTOR), pointer :: handle
-      complex(8), intent(inout) :: x(*)
-    end function
-    function dfti_compute_backward_z_out(handle, x, y)
-      import :: DFTI_DESCRIPTOR
-      integer :: dfti_compute_backward_z_out
-      type(DFTI_DESCRIPTOR), pointer :: handle
-      complex(8), intent(in) :: x(*)
-      complex(8), intent(inout) :: y(*)
-    end function
-    function dfti_compute_backward_s(handle, x)
-      import :: DFTI_DESCRIPTOR
-      integer :: dfti_compute_backward_s
-      type(DFTI_DESCRIPTOR), pointer :: handle
-      real(4), intent(inout) :: x(*)
-    end function
-    function dfti_compute_backward_s_out(handle, x, y)
-      import :: DFTI_DESCRIPTOR
-      integer :: dfti_compute_backward_s_out
-      type(DFTI_DESCRIPTOR), pointer :: handle
-      real(4), intent(in) :: x(*)
-      real(4), intent(inout) :: y(*)
-    end function
-    function dfti_compute_backward_d(handle, x)
-      import :: DFTI_DESCRIPTOR
-      integer :: dfti_compute_backward_d
-      type(DFTI_DESCRIPTOR), pointer :: handle
-      real(8), intent(inout) :: x(*)
-    end function
-    function dfti_compute_backward_d_out(handle, x, y)
-      import :: DFTI_DESCRIPTOR
-      integer :: dfti_compute_backward_d_out
-      type(DFTI_DESCRIPTOR), pointer :: handle
-      real(8), intent(in) :: x(*)
-      real(8), intent(inout) :: y(*)
-    end function
-    function dfti_compute_backward_cs_out(handle, x, y)
-      import :: DFTI_DESCRIPTOR
-      integer :: dfti_compute_backward_cs_out
-      type(DFTI_DESCRIPTOR), pointer :: handle
-      complex(4), intent(in) :: x(*)
-      real(4), intent(inout) :: y(*)
-    end function
-    function dfti_compute_backward_zd_out(handle, x, y)
-      import :: DFTI_DESCRIPTOR
-      integer :: dfti_compute_backward_zd_out
-      type(DFTI_DESCRIPTOR), pointer :: handle
-      complex(8), intent(in) :: x(*)
-      real(8), intent(inout) :: y(*)
-    end function
+    module procedure backward_c, backward_c_out
+    module procedure backward_z, backward_z_out
+    module procedure backward_s, backward_s_out
+    module procedure backward_d, backward_d_out
+    module procedure backward_cs_out, backward_zd_out
   end interface
 
   interface DftiErrorClass
@@ -345,4 +256,158 @@ module vor_dfti
       integer, intent(in) :: status
     end function
   end interface
+contains
+
+  ! The library reads ten characters of a name, whatever the text has.
+  integer function set_text(handle, parameter, value)
+    type(DFTI_DESCRIPTOR), pointer :: handle
+    integer, intent(in) :: parameter
+    character(*), intent(in) :: value
+    character(DFTI_VERSION_LENGTH) :: padded
+    padded = value
+    set_text = dfti_set_value_chars(handle, parameter, padded)
+  end function
+
+  ! The library writes ten characters of a name, or all of the version, whatever the variable holds.
+  integer function get_text(handle, parameter, value)
+    type(DFTI_DESCRIPTOR), pointer :: handle
+    integer, intent(in) :: parameter
+    character(*), intent(inout) :: value
+    character(DFTI_VERSION_LENGTH) :: padded
+    padded = value
+    get_text = dfti_get_value_chars(handle, parameter, padded)
+    value = padded
+  end function
+
+  integer function forward_c(handle, x)
+    type(DFTI_DESCRIPTOR), pointer :: handle
+    complex(4), intent(inout), contiguous, target :: x(..)
+    forward_c = dfti_compute_forward_c(handle, c_loc(x))
+  end function
+
+  integer function forward_c_out(handle, x, y)
+    type(DFTI_DESCRIPTOR), pointer :: handle
+    complex(4), intent(in), contiguous, target :: x(..)
+    complex(4), intent(inout), contiguous, target :: y(..)
+    forward_c_out = dfti_compute_forward_c_out(handle, c_loc(x), c_loc(y))
+  end function
+
+  integer function forward_z(handle, x)
+    type(DFTI_DESCRIPTOR), pointer :: handle
+    complex(8), intent(inout), contiguous, target :: x(..)
+    forward_z = dfti_compute_forward_z(handle, c_loc(x))
+  end function
+
+  integer function forward_z_out(handle, x, y)
+    type(DFTI_DESCRIPTOR), pointer :: handle
+    complex(8), intent(in), contiguous, target :: x(..)
+    complex(8), intent(inout), contiguous, target :: y(..)
+    forward_z_out = dfti_compute_forward_z_out(handle, c_loc(x), c_loc(y))
+  end function
+
+  integer function forward_s(handle, x)
+    type(DFTI_DESCRIPTOR), pointer :: handle
+    real(4), intent(inout), contiguous, target :: x(..)
+    forward_s = dfti_compute_forward_s(handle, c_loc(x))
+  end function
+
+  integer function forward_s_out(handle, x, y)
+    type(DFTI_DESCRIPTOR), pointer :: handle
+    real(4), intent(in), contiguous, target :: x(..)
+    real(4), intent(inout), contiguous, target :: y(..)
+    forward_s_out = dfti_compute_forward_s_out(handle, c_loc(x), c_loc(y))
+  end function
+
+  integer function forward_d(handle, x)
+    type(DFTI_DESCRIPTOR), pointer :: handle
+    real(8), intent(inout), contiguous, target :: x(..)
+    forward_d = dfti_compute_forward_d(handle, c_loc(x))
+  end function
+
+  integer function forward_d_out(handle, x, y)
+    type(DFTI_DESCRIPTOR), pointer :: handle
+    real(8), intent(in), contiguous, target :: x(..)
+    real(8), intent(inout), contiguous, target :: y(..)
+    forward_d_out = dfti_compute_forward_d_out(handle, c_loc(x), c_loc(y))
+  end function
+
+  integer function forward_sc_out(handle, x, y)
+    type(DFTI_DESCRIPTOR), pointer :: handle
+    real(4), intent(in), contiguous, target :: x(..)
+    complex(4), intent(inout), contiguous, target :: y(..)
+    forward_sc_out = dfti_compute_forward_sc_out(handle, c_loc(x), c_loc(y))
+  end function
+
+  integer function forward_dz_out(handle, x, y)
+    type(DFTI_DESCRIPTOR), pointer :: handle
+    real(8), intent(in), contiguous, target :: x(..)
+    complex(8), intent(inout), contiguous, target :: y(..)
+    forward_dz_out = dfti_compute_forward_dz_out(handle, c_loc(x), c_loc(y))
+  end function
+
+  integer function backward_c(handle, x)
+    type(DFTI_DESCRIPTOR), pointer :: handle
+    complex(4), intent(inout), contiguous, target :: x(..)
+    backward_c = dfti_compute_backward_c(handle, c_loc(x))
+  end function
+
+  integer function backward_c_out(handle, x, y)
+    type(DFTI_DESCRIPTOR), pointer :: handle
+    complex(4), intent(in), contiguous, target :: x(..)
+    complex(4), intent(inout), contiguous, target :: y(..)
+    backward_c_out = dfti_compute_backward_c_out(handle, c_loc(x), c_loc(y))
+  end function
+
+  integer function backward_z(handle, x)
+    type(DFTI_DESCRIPTOR), pointer :: handle
+    complex(8), intent(inout), contiguous, target :: x(..)
+    backward_z = dfti_compute_backward_z(handle, c_loc(x))
+  end function
+
+  integer function backward_z_out(handle, x, y)
+    type(DFTI_DESCRIPTOR), pointer :: handle
+    complex(8), intent(in), contiguous, target :: x(..)
+    complex(8), intent(inout), contiguous, target :: y(..)
+    backward_z_out = dfti_compute_backward_z_out(handle, c_loc(x), c_loc(y))
+  end function
+
+  integer function backward_s(handle, x)
+    type(DFTI_DESCRIPTOR), pointer :: handle
+    real(4), intent(inout), contiguous, target :: x(..)
+    backward_s = dfti_compute_backward_s(handle, c_loc(x))
+  end function
+
+  integer function backward_s_out(handle, x, y)
+    type(DFTI_DESCRIPTOR), pointer :: handle
+    real(4), intent(in), contiguous, target :: x(..)
+    real(4), intent(inout), contiguous, target :: y(..)
+    backward_s_out = dfti_compute_backward_s_out(handle, c_loc(x), c_loc(y))
+  end function
+
+  integer function backward_d(handle, x)
+    type(DFTI_DESCRIPTOR), pointer :: handle
+    real(8), intent(inout), contiguous, target :: x(..)
+    backward_d = dfti_compute_backward_d(handle, c_loc(x))
+  end function
+
+  integer function backward_d_out(handle, x, y)
+    type(DFTI_DESCRIPTOR), pointer :: handle
+    real(8), intent(in), contiguous, target :: x(..)
+    real(8), intent(inout), contiguous, target :: y(..)
+    backward_d_out = dfti_compute_backward_d_out(handle, c_loc(x), c_loc(y))
+  end function
+
+  integer function backward_cs_out(handle, x, y)
+    type(DFTI_DESCRIPTOR), pointer :: handle
+    complex(4), intent(in), contiguous, target :: x(..)
+    real(4), intent(inout), contiguous, target :: y(..)
+    backward_cs_out = dfti_compute_backward_cs_out(handle, c_loc(x), c_loc(y))
+  end function
+
+  integer function backward_zd_out(handle, x, y)
+    type(DFTI_DESCRIPTOR), pointer :: handle
+    complex(8), intent(in), contiguous, target :: x(..)
+    real(8), intent(inout), contiguous, target :: y(..)
+    backward_zd_out = dfti_compute_backward_zd_out(handle, c_loc(x), c_loc(y))
+  end function
 end module

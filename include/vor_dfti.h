@@ -16,6 +16,8 @@
  * The transform, N points:
  *     forward   X[k] = forward_scale  * sum over n of x[n] exp(-2 pi i n k / N)
  *     backward  x[n] = backward_scale * sum over k of X[k] exp(+2 pi i n k / N)
+ * In several dimensions the sum runs over all of them, with the product of their exponentials; the scale
+ * is applied once.
  * (Method: Cooley, Tukey, Math. Comp. 19 (1965) 297-301; lengths with large prime factors by the
  * chirp convolution of Bluestein, IEEE Trans. Audio Electroacoust. 18 (1970) 451-455.)
  *
@@ -48,7 +50,7 @@
  *     DFTI_VERSION                                read only text, a buffer of 198 characters
  *     DFTI_NUMBER_OF_USER_THREADS  1              threads of the caller that compute at once
  *
- * In place, the input strides and the input distance serve both sides. An element of a stride or a
+ * In place, the input offset, strides and distance serve both sides. An element of a stride or a
  * distance is a complex number on a complex side and a real number on a real side (the packed formats
  * count as real).
  *
@@ -63,6 +65,34 @@
  *
  * Storage COMPLEX_COMPLEX (not in place): floor(N/2) + 1 complex numbers X[0], X[1], ...
  * In place with CCS the array must have room for the N + 2 (N + 1) values.
+ *
+ * Real data of two dimensions. M is the length of the fastest dimension, N of the other one; X[k,l] has
+ * frequency k along the fastest dimension, and k from 0 to M/2 suffices. Element (i, j) of the array lies
+ * i steps along the fastest dimension and j along the other one.
+ *
+ * Storage COMPLEX_REAL. Columns i = 0 and, for even M, i = q are packed along j as the N reals of a vector
+ * are above: they hold X[0,l] and X[M/2,l]. All other columns come in pairs, with all N frequencies l:
+ * X[t,l] = re at (p + 2(t-1), l), im at (p + 2(t-1) + 1, l), for t from 1 to floor((M-1)/2).
+ *
+ *              q      p                       room in place
+ *     CCS      M      2                       M + 2 by N + 2 (odd lengths: + 1)
+ *     PACK     M - 1  1                       M by N
+ *     PERM     1      2 (odd M: 1)            M by N
+ *
+ *     PERM, M = 6, N = 4, with A[l] = X[0,l] and B[l] = X[3,l]; from left to right i = 0 to 5
+ *           j = 0   A[0]     B[0]     re X[1,0]  im X[1,0]  re X[2,0]  im X[2,0]
+ *           j = 1   A[2]     B[2]     re X[1,1]  im X[1,1]  re X[2,1]  im X[2,1]
+ *           j = 2   re A[1]  re B[1]  re X[1,2]  im X[1,2]  re X[2,2]  im X[2,2]
+ *           j = 3   im A[1]  im B[1]  re X[1,3]  im X[1,3]  re X[2,3]  im X[2,3]
+ *
+ * In CCS columns 1 and q + 1 of the first N rows are 0 after a forward transform, and not looked at before
+ * a backward one. In place a backward transform clears what stands behind the M reals of a row; out of
+ * place it needs room for M by N reals alone.
+ *
+ * Storage COMPLEX_COMPLEX, two or three dimensions (three are there for this storage only): a complex array
+ * of floor(M/2) + 1 elements along the fastest dimension and as many as the real one along the others,
+ * element (k, l) = X[k,l]. The default strides are those of the real array on both sides: set those of the
+ * complex side, for instance 0, floor(M/2) + 1, 1 in C.
  *
  * Threads
  *     One caller, threads of the library: leave DFTI_NUMBER_OF_USER_THREADS at 1. Commit reads the
@@ -154,14 +184,16 @@ typedef struct DftiRecord* DFTI_DESCRIPTOR_HANDLE;
  * precision DFTI_SINGLE or DFTI_DOUBLE, domain DFTI_COMPLEX or DFTI_REAL, dimension 1 to 7. The last
  * argument is the length itself (an int) if dimension is 1, else a pointer to the lengths, the slowest
  * dimension first; each at least 1. The product of the lengths must fit 31 bits.
- * 3: dimension or a length out of range (handle untouched), or domain or precision unknown; 6: real
- * data in more than 3 dimensions; 1: memory. In all of these but the first the handle is null. */
+ * 3: a null handle pointer, dimension or a length out of range (handle untouched), or domain or
+ * precision unknown; 6: real data in more than 3 dimensions; 1: memory. In all of these but the first
+ * *handle is null. */
 int DftiCreateDescriptor(DFTI_DESCRIPTOR_HANDLE* handle, int precision, int domain, int dimension,
                          ...);
 
 /* DftiCommitDescriptor: builds the tables and buffers; of a committed descriptor: builds them anew.
- * 3, 5: handle; 6: a combination that is not provided; 1, 7: the tables could not be built. After a
- * failure the descriptor is uncommitted and holds no table. */
+ * 3, 5: handle; 1, 7: the tables could not be built; 6: a combination that is not provided, which is
+ * real data in three dimensions with storage COMPLEX_REAL, that storage with format CCE, and storage
+ * COMPLEX_COMPLEX in place. After a failure the descriptor is uncommitted and holds no table. */
 int DftiCommitDescriptor(DFTI_DESCRIPTOR_HANDLE handle);
 
 /* DftiFreeDescriptor: releases everything and sets *handle to null. 3, 5: handle. */
@@ -182,8 +214,11 @@ int DftiGetValue(DFTI_DESCRIPTOR_HANDLE handle, int parameter, ...);
 /* DftiComputeForward(handle, data) in place, DftiComputeForward(handle, input, output) not in place;
  * DftiComputeBackward likewise. The arrays need only the alignment of their element. Not in place the
  * input is left as it was and must not overlap the output. 2: not committed; 3: null; 5: handle;
- * 1: memory; 8: more callers than user threads. With several transforms the call ends at the first
- * failure, the earlier results in place. */
+ * 1: memory; 8: more callers than user threads.
+ * With several transforms a thread ends at its first failure, the earlier results in place; the other
+ * threads of a team go on with theirs, and the first failure to arrive is the status. In several
+ * dimensions the array is left between two stages unless the first of all allocations was the one that
+ * failed: then it is what it was. */
 int DftiComputeForward(DFTI_DESCRIPTOR_HANDLE handle, void* data, ...);
 int DftiComputeBackward(DFTI_DESCRIPTOR_HANDLE handle, void* data, ...);
 
@@ -239,7 +274,8 @@ VOR_SPELLINGS(int, dfti_get_value_chars, DFTI_GET_VALUE_CHARS,
 /* Typed compute entries. forward_t, backward_t in place, _out not in place, with t the data: c, z
  * complex single and double; s, d real single and double (the spectrum in the packed format); sc, dz
  * real to complex and cs, zd complex to real (storage COMPLEX_COMPLEX). The descriptor must have been
- * committed for that data and placement. Offsets are added here. */
+ * committed for that placement; for data of another domain, precision or, in several dimensions, storage
+ * the status is 3. Offsets are added here. */
 VOR_SPELLINGS(int, dfti_compute_forward_c, DFTI_COMPUTE_FORWARD_C,
               (DFTI_DESCRIPTOR_HANDLE * handle, void* data))
 VOR_SPELLINGS(int, dfti_compute_forward_c_out, DFTI_COMPUTE_FORWARD_C_OUT,

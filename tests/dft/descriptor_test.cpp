@@ -47,6 +47,7 @@ TEST(Descriptor, CreateReportsFaultsInOrderAndNullsTheHandle) {
     DFTI_DESCRIPTOR_HANDLE handle = foreign;
     EXPECT_EQ(create(&handle, {8}), DFTI_MEMORY_ERROR);
     EXPECT_EQ(handle, nullptr);
+    EXPECT_EQ(create(nullptr, {8}), DFTI_INCONSISTENT_CONFIGURATION);
     const Descriptor most(std::vector<int>(7, 2)), most_of_real({2, 2, 2}, DFTI_REAL);
 }
 
