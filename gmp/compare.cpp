@@ -13,9 +13,9 @@ int compare_magnitudes(const vor_mpz* a, const vor_mpz* b) {
 }
 
 int compare(const vor_mpz* a, const vor_mpz* b) {
-    const int sign_a = vor_gmp___gmpz_sgn(a), sign_b = vor_gmp___gmpz_sgn(b);
-    if (sign_a != sign_b) return sign_a > sign_b ? 1 : -1;
-    return sign_a * compare_magnitudes(a, b);
+    const int an = signed_size(a), bn = signed_size(b);
+    if (an != bn) return an > bn ? 1 : -1;
+    return an < 0 ? limb::compare(b->_mp_d, a->_mp_d, -an) : limb::compare(a->_mp_d, b->_mp_d, an);
 }
 
 // A double of 53 significant bits, as fraction * 2^(exponent - 1075) in the fields of its format.

@@ -8,24 +8,6 @@ using namespace vor::gmp;
 
 namespace {
 
-struct Sizes {
-    int quotient, rest;
-};
-
-// A quotient of few limbs by a divisor of ds, on a copy of n, since q may be n. q or r may be null.
-Sizes divide_short(limb_t* q, limb_t* r, const vor_mpz* n, const limb_t* d, int ds) {
-    const int ns = limbs_of(n);
-    limb_t unwanted[kShortQuotient + 2];
-    if (!q) q = unwanted;
-    Limbs<kLocal> rest(ns);
-    limb::copy(rest, n->_mp_d, ns);
-    if (!r) return {vor_gmp_mpl_divq_sq(q, rest, ns, d, ds), 0};
-    Sizes sizes;
-    sizes.rest = vor_gmp_mpl_divqr_sq(q, &sizes.quotient, rest, ns, d, ds);
-    limb::copy(r, rest, sizes.rest);
-    return sizes;
-}
-
 // q or r may be null.
 void divide(vor_mpz* q, vor_mpz* r, const vor_mpz* n, const vor_mpz* d) {
     const int ns = value_size(n), ds = value_size(d);
@@ -41,31 +23,18 @@ void divide(vor_mpz* q, vor_mpz* r, const vor_mpz* n, const vor_mpz* d) {
         return;
     }
     const int qn = ns - ds;
-    // The method for short quotients writes one limb above the quotient's qn + 1.
+    // One limb more than the quotient has: rounding may carry into it.
     limb_t* const quotient = q ? grow(q, uint64_t{2} + qn) : nullptr;
-    if (r) grow(r, ds);
-    Limbs<kLocal> divisor_copy(q == d ? ds : 0); // a quotient is written on the way
+    limb_t* const rest = r ? grow(r, ds) : nullptr;
+    Limbs<kLocal> divisor_copy(q == d || r == d ? ds : 0); // results are written on the way
     const limb_t* divisor = d->_mp_d;
-    if (q == d) {
+    if (q == d || r == d) {
         limb::copy(divisor_copy, divisor, ds);
         divisor = divisor_copy;
     }
-    limb_t* const rest = r ? r->_mp_d : nullptr;
-    Sizes sizes{qn + 1, ds};
-    if (ds <= kSchoolbookDivisor) {
-        limb_t unwanted[kSchoolbookDivisor];
-        const limb_t top =
-            vor_gmp_mpl_divqr_long(quotient, rest ? rest : unwanted, n->_mp_d, ns, divisor, ds);
-        if (q) quotient[qn] = top;
-    } else if (qn > kShortQuotient) {
-        Limbs<kLocal> unwanted(r ? 0 : ds);
-        vor_gmp_mpl_divqr_dc(quotient, &sizes.quotient, rest ? rest : unwanted, &sizes.rest,
-                             n->_mp_d, ns, divisor, ds);
-    } else {
-        sizes = divide_short(quotient, rest, n, divisor, ds);
-    }
-    if (q) finish(q, sizes.quotient, false);
-    if (r) finish(r, sizes.rest, false);
+    limb::divide(quotient, rest, n->_mp_d, ns, divisor, ds);
+    if (q) finish(q, qn + 1, false);
+    if (r) finish(r, ds, false);
 }
 
 } // namespace

@@ -9,7 +9,6 @@ extern "C" vor_gmp_reallocator vor_gmp_vor_gmp_reallocate;
 extern "C" vor_gmp_deallocator vor_gmp_vor_gmp_free;
 
 #define VOR_GMP_ENGINE(entry, engine) extern "C" decltype(entry) engine;
-VOR_GMP_ENGINE(__gmpn_mul, vor_gmp___gmpn_mul)
 VOR_GMP_ENGINE(__gmpz_abs, vor_gmp___gmpz_abs)
 VOR_GMP_ENGINE(__gmpz_add, vor_gmp___gmpz_add)
 VOR_GMP_ENGINE(__gmpz_add_ui, vor_gmp___gmpz_add_ui)
@@ -28,8 +27,6 @@ VOR_GMP_ENGINE(__gmpz_sub, vor_gmp___gmpz_sub)
 VOR_GMP_ENGINE(__gmpz_sub_ui, vor_gmp___gmpz_sub_ui)
 VOR_GMP_ENGINE(__gmpz_swap, vor_gmp___gmpz_swap)
 VOR_GMP_ENGINE(__gmpz_xor, vor_gmp___gmpz_xor)
-VOR_GMP_ENGINE(mpl_divq_sq, vor_gmp_mpl_divq_sq)
-VOR_GMP_ENGINE(mpl_divqr_dc, vor_gmp_mpl_divqr_dc)
 VOR_GMP_ENGINE(mpl_divqr_long, vor_gmp_mpl_divqr_long)
 VOR_GMP_ENGINE(mpl_divqr_sq, vor_gmp_mpl_divqr_sq)
 VOR_GMP_ENGINE(vor_gmp_div_n3_d2, vor_gmp_vor_gmp_div_n3_d2)

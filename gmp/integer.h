@@ -45,6 +45,12 @@ inline int value_size(const vor_mpz* x) {
     return n == 1 && x->_mp_d[0] == 0 ? 0 : n;
 }
 
+// The same with the sign of the number.
+inline int signed_size(const vor_mpz* x) {
+    const int n = x->_mp_size;
+    return (n == 1 || n == -1) && x->_mp_d[0] == 0 ? 0 : n;
+}
+
 // Limbs that hold so many bits, at least 1.
 inline int bits_to_limbs(uint64_t bits) {
     return bits == 0 ? 1 : static_cast<int>((bits + 31) / 32);

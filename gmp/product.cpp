@@ -21,11 +21,31 @@ void accumulate(vor_mpz* r, const vor_mpz* a, const vor_mpz* b, Combine combine)
     combine(r, r, product);
 }
 
+// r = r + a * v, or r - a * v if `subtract`.
+void accumulate_word(vor_mpz* r, const vor_mpz* a, limb_t v, bool subtract) {
+    const int an = value_size(a), rn = limbs_of(r), n = an > rn ? an : rn;
+    if (an == 0 || v == 0) return;
+    bool minus = negative(r);
+    const bool sum = minus == (negative(a) != subtract);
+    limb_t* const d = grow(r, uint64_t{1} + n);
+    limb::clear(d + rn, n - rn);
+    if (sum) {
+        d[n] = limb::increment(d + an, n - an, limb::addmul_1(d, a->_mp_d, an, v));
+    } else {
+        const limb_t borrow = limb::decrement(d + an, n - an, limb::submul_1(d, a->_mp_d, an, v));
+        d[n] = 0 - borrow;
+        if (borrow) {
+            limb::negate(d, d, n + 1);
+            minus = !minus;
+        }
+    }
+    finish(r, n + 1, minus);
+}
+
 } // namespace
 
 VOR_GMP(void, __gmpz_mul, __GMPZ_MUL, vor_gmp___gmpz_mul,
         (vor_mpz * r, const vor_mpz* a, const vor_mpz* b), (r, a, b)) {
-    if (limbs_of(a) < limbs_of(b)) return vor_gmp___gmpz_mul(r, b, a);
     const int an = value_size(a), bn = value_size(b);
     const bool minus = negative(a) != negative(b);
     if (an == 0 || bn == 0) {
@@ -35,10 +55,11 @@ VOR_GMP(void, __gmpz_mul, __GMPZ_MUL, vor_gmp___gmpz_mul,
     const int n = an + bn;
     if (r == a || r == b) {
         Limbs<kLocalProduct> product(n);
-        vor_gmp___gmpn_mul(product, a->_mp_d, an, b->_mp_d, bn);
+        limb::multiply(product, a->_mp_d, an, b->_mp_d, bn);
         limb::copy(grow(r, n), product, n);
     } else {
-        vor_gmp___gmpn_mul(grow(r, n), a->_mp_d, an, b->_mp_d, bn);
+        limb_t* const d = grow(r, n);
+        limb::multiply(d, a->_mp_d, an, b->_mp_d, bn);
     }
     finish(r, n, minus);
 }
@@ -74,12 +95,12 @@ VOR_GMP(void, __gmpz_submul, __GMPZ_SUBMUL, vor_gmp___gmpz_submul,
 
 VOR_GMP(void, __gmpz_addmul_ui, __GMPZ_ADDMUL_UI, vor_gmp___gmpz_addmul_ui,
         (vor_mpz * r, const vor_mpz* a, unsigned v), (r, a, v)) {
-    accumulate(r, a, WordValue(v), vor_gmp___gmpz_add);
+    accumulate_word(r, a, v, false);
 }
 
 VOR_GMP(void, __gmpz_submul_ui, __GMPZ_SUBMUL_UI, vor_gmp___gmpz_submul_ui,
         (vor_mpz * r, const vor_mpz* a, unsigned v), (r, a, v)) {
-    accumulate(r, a, WordValue(v), vor_gmp___gmpz_sub);
+    accumulate_word(r, a, v, true);
 }
 
 VOR_GMP(void, __gmpz_mul_2exp, __GMPZ_MUL_2EXP, vor_gmp___gmpz_mul_2exp,

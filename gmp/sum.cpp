@@ -6,46 +6,39 @@ using namespace vor::gmp;
 
 namespace {
 
-// The operands by magnitude: x is at least as long as y, and at least as large if `ordered`.
-struct Pair {
-    const limb_t *x, *y;
-    int xn, yn;
+// r = |x| + |y|, x at least as long; the size.
+int add_magnitudes(limb_t* r, const limb_t* x, int xn, const limb_t* y, int yn) {
+    const limb_t carry = limb::add(r, x, xn, y, yn);
+    r[xn] = carry;
+    return xn + static_cast<int>(carry);
+}
 
-    void swap() {
-        const limb_t* const p = x;
-        const int n = xn;
-        x = y, xn = yn;
-        y = p, yn = n;
+// r = |x| - |y|, negative sizes for negative differences.
+int subtract_magnitudes(limb_t* r, const limb_t* x, int xn, const limb_t* y, int yn) {
+    if (xn == yn) { // equal top limbs cancel without being subtracted
+        while (xn > 0 && x[xn - 1] == y[xn - 1]) --xn;
+        if (xn == 0) return 0;
+        yn = xn;
     }
-};
+    if (xn < yn || (xn == yn && x[xn - 1] < y[xn - 1])) {
+        limb::sub(r, y, yn, x, xn);
+        return -limb::normal_size(r, yn);
+    }
+    limb::sub(r, x, xn, y, yn);
+    return limb::normal_size(r, xn);
+}
 
-// Signed sum of a and b, where b counts with the sign `b_minus`.
-void add(vor_mpz* r, const vor_mpz* a, const vor_mpz* b, bool b_minus) {
-    const int an = value_size(a), bn = value_size(b);
-    bool minus = negative(a);
-    const bool same = minus == b_minus;
+// Signed sum of a and b, where b counts with the size bs.
+[[gnu::always_inline]] inline void add(vor_mpz* r, const vor_mpz* a, const vor_mpz* b, int bs) {
+    const int as = signed_size(a), an = as < 0 ? -as : as, bn = bs < 0 ? -bs : bs;
     limb_t* const d = grow(r, uint64_t{1} + (an > bn ? an : bn));
-    Pair p{a->_mp_d, b->_mp_d, an, bn};
-    if (an < bn) {
-        p.swap();
-        minus = b_minus;
-    }
-    if (same) {
-        const limb_t carry = limb::add(d, p.x, p.xn, p.y, p.yn);
-        d[p.xn] = carry;
-        r->_mp_size = with_sign(p.xn + static_cast<int>(carry), minus);
-        return;
-    }
-    if (an == bn) { // equal top limbs cancel without being subtracted
-        while (p.xn > 0 && p.x[p.xn - 1] == p.y[p.xn - 1]) --p.xn;
-        p.yn = p.xn;
-        if (p.xn > 0 && p.x[p.xn - 1] < p.y[p.xn - 1]) {
-            p.swap();
-            minus = b_minus;
-        }
-    }
-    limb::sub(d, p.x, p.xn, p.y, p.yn);
-    finish(r, p.xn, minus);
+    const limb_t *const x = a->_mp_d, *const y = b->_mp_d;
+    int size;
+    if ((as ^ bs) < 0)
+        size = subtract_magnitudes(d, x, an, y, bn);
+    else
+        size = an < bn ? add_magnitudes(d, y, bn, x, an) : add_magnitudes(d, x, an, y, bn);
+    r->_mp_size = as < 0 ? -size : size;
 }
 
 // |r| = |a| + v, with the sign of a; a is not 0.
@@ -73,12 +66,12 @@ void shrink_magnitude(vor_mpz* r, const vor_mpz* a, limb_t v) {
 
 VOR_GMP(void, __gmpz_add, __GMPZ_ADD, vor_gmp___gmpz_add,
         (vor_mpz * r, const vor_mpz* a, const vor_mpz* b), (r, a, b)) {
-    add(r, a, b, negative(b));
+    add(r, a, b, signed_size(b));
 }
 
 VOR_GMP(void, __gmpz_sub, __GMPZ_SUB, vor_gmp___gmpz_sub,
         (vor_mpz * r, const vor_mpz* a, const vor_mpz* b), (r, a, b)) {
-    add(r, a, b, !negative(b));
+    add(r, a, b, -signed_size(b));
 }
 
 VOR_GMP(void, __gmpz_add_ui, __GMPZ_ADD_UI, vor_gmp___gmpz_add_ui,

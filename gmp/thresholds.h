@@ -3,12 +3,13 @@
 
 namespace vor::gmp {
 
-constexpr int kSchoolbookSum = 32;    // both factors together that go by schoolbook, of any lengths
+constexpr int kSchoolbookFactor = 24; // a shorter factor up to here goes by schoolbook
 constexpr int kSchoolbookLength = 16; // below, recursion costs more than the products it saves
 constexpr int kFourierLength = 4096;  // from here on transforms are faster than Karatsuba's method
 
-constexpr int kSchoolbookDivisor = 32; // divisors up to here go by schoolbook
-constexpr int kShortQuotient = 8;      // of longer divisors: quotients found from the top limbs
+constexpr int kRecursiveDivisor = 48;  // shorter divisors go by schoolbook
+constexpr int kRecursiveQuotient = 48; // and so do shorter quotients
+constexpr int kShortQuotient = 8;      // the longest that mpl_divq_sq finds from the top limbs
 constexpr int kBaseDivisor = 16;       // where the recursion of division ends in schoolbook
 
 constexpr int kLocal = 256; // limbs of scratch that an operation takes on the stack

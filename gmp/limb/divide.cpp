@@ -1,4 +1,9 @@
-// Quotient and remainder of limb arrays.
+// Quotient and remainder of limb arrays: by one limb, by schoolbook, and for long quotients by recursion
+// (Burnikel and Ziegler, MPI Saarbruecken, research report MPI-I-98-1-022, 1998).
+//
+// Everything below `divide` works in place on a numerator w of dn + k limbs and a normalised divisor e
+// of dn limbs, with the upper dn limbs of w below e: the quotient has k limbs, and the remainder ends in
+// the low dn limbs of w.
 #include "gmp/limb/limb.h"
 #include "gmp/limb/scratch.h"
 #include "gmp/thresholds.h"
@@ -7,19 +12,71 @@ namespace vor::limb {
 
 using namespace vor::gmp; // thresholds
 
+namespace {
+
+void divide_in_place(word* q, word* w, int k, const word* e, int dn, word* product);
+
+// k < dn: the quotient of the upper 2k limbs of w by the upper k limbs of e is that of w by e, or at most
+// two too large, as the product with the rest of e tells.
+void divide_truncated(word* q, word* w, int k, const word* e, int dn, word* product) {
+    const int cut = dn - k;
+    word* const top = w + cut;
+    word above = 0; // what the remainder has above its dn limbs
+    if (compare(top + k, e + cut, k) < 0) {
+        divide_in_place(q, top, k, e + cut, k, product);
+    } else { // the upper k limbs are equal: the largest quotient
+        fill(q, k, ~word{0});
+        above = add_n(top, top, e + cut, k);
+    }
+    multiply(product, e, cut, q, k);
+    above -= sub_n(w, w, product, dn);
+    while (above) {
+        decrement(q, k, 1);
+        above += add_n(w, w, e, dn);
+    }
+}
+
+// `product` is scratch of dn limbs.
+void divide_in_place(word* q, word* w, int k, const word* e, int dn, word* product) {
+    if (dn < kRecursiveDivisor || k < kRecursiveQuotient) {
+        if (k > 0) q[k - 1] = divide_schoolbook(q, w, dn + k - 1, e, dn);
+        return;
+    }
+    if (k < dn) return divide_truncated(q, w, k, e, dn, product);
+    if (k == dn) { // in two halves
+        const int half = dn / 2;
+        divide_truncated(q + half, w + half, dn - half, e, dn, product);
+        return divide_truncated(q, w, half, e, dn, product);
+    }
+    for (int rest = k; rest > 0;) {
+        const int piece = rest % dn ? rest % dn : dn;
+        rest -= piece;
+        divide_in_place(q + rest, w + rest, piece, e, dn, product);
+    }
+}
+
+} // namespace
+
 void divide(word* q, word* r, const word* a, int an, const word* b, int bn) {
     if (bn == 1) {
         const word rest = divide_1(q, a, an, b[0]);
         if (r) r[0] = rest;
         return;
     }
+    const int k = an - bn + 1;
     const unsigned s = static_cast<unsigned>(__builtin_clz(b[bn - 1]));
-    Limbs<kLocal + 1> w(uint64_t{1} + an);
-    w[an] = lshift(w, a, an, s);
-    Limbs<kLocal> shifted(s ? bn : 0);
-    if (s) lshift(shifted, b, bn, s);
-    const word top = divide_schoolbook(q, w, an, s ? shifted : b, bn);
-    if (q) q[an - bn] = top;
+    const bool recursive = bn >= kRecursiveDivisor && k >= kRecursiveQuotient;
+    const int e_room = s ? bn : 0, q_room = q ? 0 : k, product_room = recursive ? bn : 0;
+    Limbs<2 * kLocal> scratch(uint64_t{1} + an + e_room + q_room + product_room);
+    word *const w = scratch, *const shifted = w + an + 1, *const unwanted = shifted + e_room;
+    w[an] = 0;
+    if (s) {
+        w[an] = lshift(w, a, an, s);
+        lshift(shifted, b, bn, s);
+    } else {
+        copy(w, a, an);
+    }
+    divide_in_place(q ? q : unwanted, w, k, s ? shifted : b, bn, unwanted + q_room);
     if (r) rshift(r, w, bn, s);
 }
 

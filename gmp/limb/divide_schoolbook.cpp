@@ -11,7 +11,7 @@ word divide_schoolbook(word* q, word* w, int nn, const word* e, int dn) {
     for (int j = nn - dn; j >= 0; --j) {
         word* const part = w + j;
         word digit = quotient_3_by_2(part[dn], part[dn - 1], part[dn - 2], d1, d0, v);
-        if (submul_1(part, e, dn, digit) != part[dn]) {
+        if (digit && submul_1(part, e, dn, digit) != part[dn]) {
             add_n(part, part, e, dn);
             --digit;
         }

@@ -7,26 +7,13 @@
 #pragma once
 
 #include "gmp/limb/kernel/carry_chains.h"
+#include "gmp/limb/kernel/moves.h"
 #include "gmp/limb/kernel/shift.h"
 #include "gmp/limb/word.h"
 
 namespace vor::limb {
 
 // ---- Moves and sizes -----------------------------------------------------------------------------
-
-// Ascending: r may begin below a.
-inline void copy(word* r, const word* a, int n) {
-    for (int i = 0; i < n; ++i) r[i] = a[i];
-}
-
-// Descending: r may begin above a.
-inline void copy_down(word* r, const word* a, int n) {
-    while (--n >= 0) r[n] = a[n];
-}
-
-inline void fill(word* r, int n, word w) {
-    for (int i = 0; i < n; ++i) r[i] = w;
-}
 
 inline void clear(word* r, int n) {
     fill(r, n, 0);
@@ -93,9 +80,12 @@ inline word sub(word* r, const word* a, int an, const word* b, int bn) {
 
 // r = -a over n limbs; 1 if a is not 0.
 inline word negate(word* r, const word* a, int n) {
-    word carry = 1;
-    for (int i = 0; i < n; ++i) carry = __builtin_add_overflow(~a[i], carry, &r[i]);
-    return 1 - carry;
+    int i = 0;
+    for (; i < n && a[i] == 0; ++i) r[i] = 0;
+    if (i >= n) return 0;
+    r[i] = 0 - a[i];
+    while (++i < n) r[i] = ~a[i];
+    return 1;
 }
 
 // ---- Products ------------------------------------------------------------------------------------

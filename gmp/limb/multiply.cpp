@@ -21,7 +21,7 @@ void square(word* r, const word* a, int n) {
 void multiply(word* r, const word* a, int an, const word* b, int bn) {
     if (an < bn) return multiply(r, b, bn, a, an);
     if (bn == 0) return clear(r, an);
-    if (an + bn <= kSchoolbookSum) return mul_basecase(r, a, an, b, bn);
+    if (bn <= kSchoolbookFactor) return mul_basecase(r, a, an, b, bn);
     if (an == bn) return multiply_n(r, a, b, an);
     const int whole = (an - 1) / bn; // pieces
     const int rest = an - whole * bn;
