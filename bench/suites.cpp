@@ -14,6 +14,7 @@ Suite all_cases() {
         gemm_cases,
         level3_cases,
         cblas_cases,
+        sparse_cases,
         fft_cases,
         dft_cases,
         dfti_cases,

@@ -31,17 +31,17 @@ struct Columns {
     int ldc;
 };
 
-// C(to, j) += or -= (B(from, j) * val) * alpha; rows are counted from 1.
-template <int columns, int sign = 1>
-[[gnu::always_inline]] inline void add_entry(const Columns& x, int to, int from, double val,
+// C(to, j) += (B(from, j) * val) * alpha; rows are counted from 1. An alpha of 1 may be left out.
+template <int columns, bool scaled = true>
+[[gnu::always_inline]] inline void add_entry(const Columns& x, int to, int from, const double& val,
                                              extended alpha) {
     const double* const b = x.b + from - 1;
     double* const c = x.c + to - 1;
 #pragma GCC unroll 4
     for (int j = 0; j < columns; ++j) {
-        const extended term = loaded(b[j * x.ldb]) * val * alpha;
+        const extended term = loaded(b[j * x.ldb]) * val;
         double& sum = c[j * x.ldc];
-        sum = static_cast<double>(sign > 0 ? sum + term : sum - term);
+        sum = static_cast<double>(sum + (scaled ? term * alpha : term));
     }
 }
 // The same with the product (alpha * val) * B.
@@ -237,7 +237,12 @@ using namespace vor::spblas;
 
 VOR_ENGINE void vor_spblas_dcoommgen(LIST_COO_KERNEL) {
     const extended factor = *alpha;
-    for_entries(OPERANDS, [&]<int columns>(const Columns& x, int i, int k, double v) {
+    if (factor == 1)
+        return for_entries(OPERANDS,
+                           [&]<int columns>(const Columns& x, int i, int k, const double& v) {
+                               add_entry<columns, false>(x, i, k, v, factor);
+                           });
+    for_entries(OPERANDS, [&]<int columns>(const Columns& x, int i, int k, const double& v) {
         add_entry<columns>(x, i, k, v, factor);
     });
 }
@@ -245,7 +250,7 @@ VOR_ENGINE void vor_spblas_dcoommgen(LIST_COO_KERNEL) {
 VOR_ENGINE void vor_spblas_dcoommtr(const int* lower, const int* nonunit, LIST_COO_KERNEL) {
     const extended factor = *alpha;
     const bool is_lower = is_set(lower), diagonal = is_set(nonunit);
-    for_entries(OPERANDS, [&]<int columns>(const Columns& x, int i, int k, double v) {
+    for_entries(OPERANDS, [&]<int columns>(const Columns& x, int i, int k, const double& v) {
         if (on_named_side(is_lower, i, k) || (i == k && diagonal))
             add_entry<columns>(x, i, k, v, factor);
     });
@@ -254,7 +259,7 @@ VOR_ENGINE void vor_spblas_dcoommtr(const int* lower, const int* nonunit, LIST_C
 VOR_ENGINE void vor_spblas_dcoommsym(const int* lower, const int* nonunit, LIST_COO_KERNEL) {
     const extended factor = *alpha;
     const bool is_lower = is_set(lower), diagonal = is_set(nonunit);
-    for_entries(OPERANDS, [&]<int columns>(const Columns& x, int i, int k, double v) {
+    for_entries(OPERANDS, [&]<int columns>(const Columns& x, int i, int k, const double& v) {
         if (i == k) {
             if (diagonal) add_entry<columns>(x, i, k, v, factor);
         } else if (on_named_side(is_lower, i, k)) {
@@ -267,7 +272,7 @@ VOR_ENGINE void vor_spblas_dcoommsym(const int* lower, const int* nonunit, LIST_
 VOR_ENGINE void vor_spblas_dcoommskew(const int* lower, LIST_COO_KERNEL) {
     const extended factor = *alpha;
     const bool is_lower = is_set(lower);
-    for_entries(OPERANDS, [&]<int columns>(const Columns& x, int i, int k, double v) {
+    for_entries(OPERANDS, [&]<int columns>(const Columns& x, int i, int k, const double& v) {
         if (!on_named_side(is_lower, i, k)) return;
         add_mirrored<columns>(x, i, k, v, factor);
         add_mirrored<columns, -1>(x, k, i, v, factor);
@@ -276,7 +281,7 @@ VOR_ENGINE void vor_spblas_dcoommskew(const int* lower, LIST_COO_KERNEL) {
 
 VOR_ENGINE void vor_spblas_dcoommdiag(LIST_COO_KERNEL) {
     const extended factor = *alpha;
-    for_entries(OPERANDS, [&]<int columns>(const Columns& x, int i, int k, double v) {
+    for_entries(OPERANDS, [&]<int columns>(const Columns& x, int i, int k, const double& v) {
         if (i == k) add_entry<columns>(x, i, k, v, factor);
     });
 }

@@ -3,9 +3,9 @@
 //
 // Compressed columns go to the same kernels as the compressed rows of the transpose: with both flags inverted.
 #include "spblas/csr.h"
-#include "arith/x87.h"
 #include "serv/team.h"
 #include "spblas/checks.h"
+#include "spblas/csr_rows.h"
 #include "spblas/driver.h"
 #include "vor_spblas.h"
 
@@ -67,35 +67,38 @@ private:
     static int stored(const Product& p) { return by_columns ? p.k : p.m; }
 };
 
-// The sum of the row's products with x, from 0, in the order of the entries.
-double product_of_row(int count, const double* val, const int* ja, const double* x) {
-    extended sum = 0;
-    --x;
-#pragma GCC unroll 4
-    for (int p = 0; p < count; ++p) sum += loaded(val[p]) * x[ja[p]];
-    return static_cast<double>(sum);
+// y := A x over rows `first` to first + count - 1, each summed from 0.
+void multiply_rows(int first, int count, const double* a, const int* ia, const int* ja,
+                   const double* x, double* y) {
+    sum_rows(
+        CsrMatrix{a, ja, ia, ia + 1}, first, count, Plain{}, x, [](int) { return extended{0}; },
+        [=](int i, extended sum) { y[i] = static_cast<double>(sum); });
+}
+
+// y := A^T x: row i adds its entries times x[i], each rounded where it is added.
+void multiply_transposed(int m, const double* a, const int* ia, const int* ja, const double* x,
+                         double* y) {
+    clear(m, y);
+    for (int i = 0; i < m; ++i) {
+        const extended t = x[i];
+        for (int p = ia[i] - 1; p < ia[i + 1] - 1; ++p) {
+            double& to = y[ja[p] - 1];
+            to = static_cast<double>(to + loaded(a[p]) * t);
+        }
+    }
 }
 
 void gemv(bool plain, int m, const double* a, const int* ia, const int* ja, const double* x,
           double* y) {
     constexpr int kShort = 2000; // rows below which a team costs more than it brings
-    if (!plain) {
-        clear(m, y);
-        for (int i = 0; i < m; ++i) {
-            const double t = x[i];
-            for (int p = ia[i] - 1; p < ia[i + 1] - 1; ++p)
-                y[ja[p] - 1] = static_cast<double>(y[ja[p] - 1] + loaded(a[p]) * t);
-        }
-        return;
-    }
-    const auto row = [&](int i) {
-        const int first = ia[i] - 1;
-        y[i] = product_of_row(ia[i + 1] - ia[i], a + first, ja + first, x);
-    };
+    if (!plain) return multiply_transposed(m, a, ia, ja, x, y);
     const bool alone = vor_serv_in_serial() == 1 || m < kShort;
     const int threads = alone ? 1 : omp_get_max_threads();
-    if (threads > 1) return team_loop(m, threads, row);
-    for (int i = 0; i < m; ++i) row(i);
+    if (threads < 2) return multiply_rows(0, m, a, ia, ja, x, y);
+    team_loop(threads, threads, [&](int i) {
+        const Strip strip(m, threads, i);
+        multiply_rows(strip.offset, strip.length, a, ia, ja, x, y);
+    });
 }
 
 } // namespace

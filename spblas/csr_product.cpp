@@ -6,12 +6,11 @@
 // its entries and are rounded where they reach C.
 //
 // Threads share out the rows of A where each row writes its own row of C, and the columns of C otherwise.
-#include "arith/x87.h"
 #include "serv/team.h"
-#include "spblas/csr.h"
+#include "spblas/csr_rows.h"
 #include "spblas/driver.h"
 
-#include <type_traits>
+#include <stdlib.h>
 
 namespace vor::spblas {
 namespace {
@@ -43,33 +42,71 @@ void for_all(int n, int threads, F f) {
 
 // ---- The first sweep
 
-// `columns` elements of row i of C at once: each entry is loaded once for all of them.
-template <int columns>
-[[gnu::always_inline]] inline void add_row_to(const CsrRow& row, extended alpha, const double* b,
-                                              int ldb, double* c, int ldc) {
-    extended sum[columns];
-#pragma GCC unroll 4
-    for (int j = 0; j < columns; ++j) sum[j] = c[j * ldc];
+// Four elements of row i of C at once: each entry is loaded once for all of them.
+constexpr int kColumnsTogether = 4;
+template <class Factor>
+[[gnu::always_inline]] inline void add_row_to_four(const CsrRow& row, Factor factor,
+                                                   const double* b, int ldb, double* c, int ldc) {
+    extended s0 = c[0], s1 = c[ldc], s2 = c[2 * ldc], s3 = c[3 * ldc];
     --b;
     for (int p = 0; p < row.count; ++p) {
-        const extended factor = row.val[p] * alpha;
+        const extended f = factor(row.val[p]);
         const double* const x = b + row.column[p];
-#pragma GCC unroll 4
-        for (int j = 0; j < columns; ++j) sum[j] += factor * x[j * ldb];
+        s0 += f * x[0];
+        s1 += f * x[ldb];
+        s2 += f * x[2 * ldb];
+        s3 += f * x[3 * ldb];
     }
-#pragma GCC unroll 4
-    for (int j = 0; j < columns; ++j) c[j * ldc] = static_cast<double>(sum[j]);
+    c[0] = static_cast<double>(s0);
+    c[ldc] = static_cast<double>(s1);
+    c[2 * ldc] = static_cast<double>(s2);
+    c[3 * ldc] = static_cast<double>(s3);
 }
 
-// Row i of C, all columns.
-void add_row(const Operands& o, int i) {
-    const CsrRow row = o.a.row(i);
-    if (row.count < 1) return;
+// Whether the rows of B that one row of A meets lie close together in several columns, to judge by some rows:
+// far apart, one column at a time has more of B in the second cache.
+bool columns_fit_cache(const Operands& o) {
+    constexpr int kSamples = 8;
+    constexpr ptrdiff_t kCache = 256 * 1024 / sizeof(double) / kColumnsTogether;
+    ptrdiff_t reach = 0;
+    for (int k = 0; k < kSamples; ++k) {
+        const CsrRow row = o.a.row(static_cast<int>(static_cast<long long>(o.m) * k / kSamples));
+        if (row.count > 0) reach += abs(row.column[row.count - 1] - row.column[0]);
+    }
+    return reach / kSamples < kCache;
+}
+
+// Rows `first` to first + count - 1 of C, all columns.
+template <class Factor>
+void add_rows(const Operands& o, Factor factor, int first, int count) {
     int j = 0;
-    for (; j + 4 <= o.n; j += 4)
-        add_row_to<4>(row, o.alpha, o.b_column(j), o.ldb, o.c_column(j) + i, o.ldc);
-    for (; j < o.n; ++j)
-        add_row_to<1>(row, o.alpha, o.b_column(j), o.ldb, o.c_column(j) + i, o.ldc);
+    if (o.n >= kColumnsTogether && columns_fit_cache(o))
+        for (; j + kColumnsTogether <= o.n; j += kColumnsTogether) {
+            const double* const b = o.b_column(j);
+            double* const c = o.c_column(j);
+            for (int i = first; i < first + count; ++i)
+                add_row_to_four(o.a.row(i), factor, b, o.ldb, c + i, o.ldc);
+        }
+    for (; j < o.n; ++j) {
+        double* const c = o.c_column(j);
+        sum_rows(
+            o.a, first, count, factor, o.b_column(j), [=](int i) { return extended{c[i]}; },
+            [=](int i, extended sum) { c[i] = static_cast<double>(sum); });
+    }
+}
+
+void add_rows(const Operands& o, int first, int count) {
+    if (o.alpha == 1) return add_rows(o, Plain{}, first, count);
+    add_rows(o, Scaled{o.alpha}, first, count);
+}
+
+// All rows, shared out over the threads.
+void add_all_rows(const Operands& o, int threads) {
+    if (threads < 2) return add_rows(o, 0, o.m);
+    team_loop(threads, threads, [&](int part) {
+        const Strip strip(o.m, threads, part);
+        add_rows(o, strip.offset, strip.length);
+    });
 }
 
 // What row i scatters over column j of C, each term rounded there.
@@ -165,12 +202,12 @@ template <int sign>
 void multiply_mirrored(const Operands& o, Triangle t, int threads) {
     if (o.n == 1) {
         for (int i = 0; i < o.m; ++i) {
-            add_row(o, i);
+            add_rows(o, i, 1);
             mirror_row<sign>(o, t, i, 0);
         }
         return;
     }
-    for_all(o.m, threads, [&](int i) { add_row(o, i); });
+    add_all_rows(o, threads);
     for_all(o.n, threads, [&](int j) {
         for (int i = 0; i < o.m; ++i) mirror_row<sign>(o, t, i, j);
     });
@@ -185,7 +222,7 @@ using namespace vor::spblas;
 VOR_ENGINE void vor_spblas_dcsrmmgen(const int* notrans, LIST_CSR_KERNEL) {
     const Operands o = OPERANDS;
     const int threads = team_size();
-    if (is_set(notrans)) return for_all(o.m, threads, [&](int i) { add_row(o, i); });
+    if (is_set(notrans)) return add_all_rows(o, threads);
     for_all(o.n, threads, [&](int j) {
         for (int i = 0; i < o.m; ++i)
             scatter_row(o.a.row(i), o.alpha, o.b_column(j)[i], o.c_column(j));
@@ -199,7 +236,7 @@ VOR_ENGINE void vor_spblas_dcsrmmtr(const int* notrans, const int* lower, const 
     const int threads = team_size();
     if (is_set(notrans))
         return for_all(o.m, threads, [&](int i) {
-            add_row(o, i);
+            add_rows(o, i, 1);
             take_back_row(o, t, i);
         });
     for_all(o.n, o.n < 2 ? 1 : threads, [&](int j) {

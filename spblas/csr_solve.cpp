@@ -4,8 +4,7 @@
 //
 // Sums run in extended precision over a row; an element is rounded when it is found. (Duff, Erisman, Reid:
 // Direct Methods for Sparse Matrices, 1986, chapter 10.)
-#include "arith/x87.h"
-#include "spblas/csr.h"
+#include "spblas/csr_rows.h"
 #include "spblas/driver.h"
 
 #include <stdlib.h>
@@ -16,21 +15,19 @@ namespace {
 // The sum of count terms val[p] * x[column[p]].
 [[gnu::always_inline]] inline extended dot(const double* val, const int* column, int count,
                                            const double* x) {
-    extended sum = 0;
-    --x;
-#pragma GCC unroll 4
-    for (int p = 0; p < count; ++p) sum += loaded(val[p]) * x[column[p]];
-    return sum;
+    return add_entries({val, column, count}, 0, Plain{}, x, 0);
 }
 
-void solve_lower(const CsrMatrix& a, int n, bool nonunit, double* x) {
+// A unit diagonal may stand in the row or not; one that is not unit stands there.
+template <bool nonunit>
+void solve_lower(const CsrMatrix& a, int n, double* x) {
     for (int i = 0; i < n; ++i) {
         const CsrRow row = a.row(i);
         int count = row.count;
         while (count > 0 && row.column[count - 1] > i + 1) --count;
         if (nonunit || (count > 0 && row.column[count - 1] == i + 1)) --count;
-        const extended rest = x[i] - dot(row.val, row.column, count, x);
-        x[i] = static_cast<double>(nonunit ? rest / row.val[count] : rest);
+        const extended sum = dot(row.val, row.column, count, x);
+        x[i] = static_cast<double>(nonunit ? (x[i] - sum) / row.val[count] : x[i] - sum);
     }
 }
 
@@ -40,7 +37,8 @@ struct Part {
 };
 
 // The first entry behind the diagonal of row i. One that is not unit has its diagonal just before it.
-int behind_diagonal(const CsrRow& row, int i, bool nonunit) {
+template <bool nonunit>
+int behind_diagonal(const CsrRow& row, int i) {
     int p = 0;
     while (p < row.count && row.column[p] < i + 1) ++p;
     if (nonunit || (p < row.count && row.column[p] == i + 1)) ++p;
@@ -49,9 +47,10 @@ int behind_diagonal(const CsrRow& row, int i, bool nonunit) {
 
 // Subtracts from x[i] what unknowns behind the block bring, which are final, and tells the rest. `end` is the
 // first row behind the block, none for the last one.
-Part split_row(const CsrMatrix& a, int i, int end, bool last, bool nonunit, double* x) {
+template <bool nonunit>
+Part split_row(const CsrMatrix& a, int i, int end, bool last, double* x) {
     const CsrRow row = a.row(i);
-    const int start = behind_diagonal(row, i, nonunit);
+    const int start = behind_diagonal<nonunit>(row, i);
     if (last) return {start, row.count > start ? row.count - start : 0};
     int p = start;
     while (p < row.count && row.column[p] <= end) ++p;
@@ -60,14 +59,17 @@ Part split_row(const CsrMatrix& a, int i, int end, bool last, bool nonunit, doub
     return {start, p - start};
 }
 
-void finish_row(const CsrRow& row, Part part, int i, bool nonunit, double* x) {
-    const extended rest = x[i] - dot(row.val + part.start, row.column + part.start, part.length, x);
-    x[i] = static_cast<double>(nonunit ? rest / row.val[part.start - 1] : rest);
+template <bool nonunit>
+inline void finish_row(const CsrRow& row, Part part, int i, double* x) {
+    const double* const val = row.val + part.start;
+    const extended sum = dot(val, row.column + part.start, part.length, x);
+    x[i] = static_cast<double>(nonunit ? (x[i] - sum) / val[-1] : x[i] - sum);
 }
 
 // Blocks of kBlock rows, the last one the largest, from the end; a table of their parts is made in a pass
 // that reads the block's rows ascending. Without memory for it, each row is searched and summed at once.
-void solve_upper(const CsrMatrix& a, int n, bool nonunit, double* x) {
+template <bool nonunit>
+void solve_upper(const CsrMatrix& a, int n, double* x) {
     constexpr int kBlock = 2000;
     const int size = n < kBlock ? n : kBlock;
     const int blocks = n / size;
@@ -79,10 +81,10 @@ void solve_upper(const CsrMatrix& a, int n, bool nonunit, double* x) {
         const int end = last ? n : first + size;
         if (parts)
             for (int i = first; i < end; ++i)
-                parts[i - first] = split_row(a, i, end, last, nonunit, x);
+                parts[i - first] = split_row<nonunit>(a, i, end, last, x);
         for (int i = end - 1; i >= first; --i) {
-            const Part part = parts ? parts[i - first] : split_row(a, i, end, true, nonunit, x);
-            finish_row(a.row(i), part, i, nonunit, x);
+            const Part part = parts ? parts[i - first] : split_row<nonunit>(a, i, end, true, x);
+            finish_row<nonunit>(a.row(i), part, i, x);
         }
     }
     free(parts);
@@ -141,7 +143,9 @@ using namespace vor::spblas;
 VOR_ENGINE void vor_spblas_csr_gauss(const int* lower, const int* nonunit, LIST_CSR_SOLVER) {
     if (*n < 1) return;
     const CsrMatrix a{val, indx, pntrb, pntre};
-    (is_set(lower) ? solve_lower : solve_upper)(a, *n, is_set(nonunit), x);
+    const auto solve = is_set(nonunit) ? (is_set(lower) ? solve_lower<true> : solve_upper<true>)
+                                       : (is_set(lower) ? solve_lower<false> : solve_upper<false>);
+    solve(a, *n, x);
 }
 
 VOR_ENGINE void vor_spblas_csc_gauss(const int* lower, const int* nonunit, LIST_CSR_SOLVER) {

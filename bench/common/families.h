@@ -12,6 +12,7 @@ Suite level2_cases();
 Suite gemm_cases();
 Suite level3_cases();
 Suite cblas_cases();
+Suite sparse_cases();
 Suite fft_cases();
 Suite dft_cases();
 Suite dfti_cases();
