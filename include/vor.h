@@ -6,6 +6,7 @@
 #include "vor_blas.h"
 #include "vor_cblas.h"
 #include "vor_dfti.h"
+#include "vor_fft.h"
 #include "vor_gmp.h"
 #include "vor_service.h"
 #include "vor_spblas.h"
