@@ -100,7 +100,7 @@ TavStatus direct(const R* longer, int n, const R* shorter, int m, R* dst) {
 // One product of spectra, object and memory of its own in each call.
 template <class R>
 TavStatus spectra(const R* longer, int n, const R* shorter, int m, R* dst) {
-    using F = signal::Calls<R>;
+    using F = signal::Routines<R>;
     const signal::RealFft<R> fft(signal::order_of(n + m - 1, 2));
     const signal::Block<R> block(2 * fft.n());
     R *const a = block.get(), *const b = a + fft.n();

@@ -1,6 +1,6 @@
 // 1-D functions of a record on the radix engine.
 #include "dft/radix/adapters.h"
-#include "dft/precision.h"
+#include "dft/routines.h"
 #include "dft/radix/engine.h"
 
 namespace vor::dfti::radix {
@@ -8,7 +8,7 @@ namespace {
 
 template <class R>
 Tables<R> tables_of(const DftiRecord& record) {
-    const auto* area = static_cast<const R*>(record.*Precision<R>::table);
+    const auto* area = static_cast<const R*>(record.*Routines<R>::table);
     return {data_of(area), record.log2_length};
 }
 
@@ -50,7 +50,7 @@ int adapter(void* input, void* output, DftiRecord* record) {
     using C = complex_t<R>;
     if (record->length < 1) return DFTI_NO_ERROR;
     if (input != output)
-        Precision<R>::copy(record->length, static_cast<const C*>(input), 1, static_cast<C*>(output),
+        Routines<R>::copy(record->length, static_cast<const C*>(input), 1, static_cast<C*>(output),
                            1);
     return run<D, R>(output, record, {});
 }
