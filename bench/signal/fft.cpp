@@ -106,10 +106,10 @@ TavStatus spectra(const R* longer, int n, const R* shorter, int m, R* dst) {
     R *const a = block.get(), *const b = a + fft.n();
     signal::copy_padded(longer, n, a, fft.n());
     signal::copy_padded(shorter, m, b, fft.n());
-    F::to_perm(a, a, fft.object(), nullptr);
-    F::to_perm(b, b, fft.object(), nullptr);
+    F::perm[0](a, a, fft.object(), nullptr);
+    F::perm[0](b, b, fft.object(), nullptr);
     F::multiply_perm(a, b, fft.n());
-    F::from_perm(b, b, fft.object(), nullptr);
+    F::perm[1](b, b, fft.object(), nullptr);
     return F::copy(b, dst, n + m - 1);
 }
 
