@@ -25,7 +25,7 @@ inline char option(Arguments arguments, int number) {
 }
 
 struct Test {
-    enum Kind : char { letter, count, leading, by_letter, step, by_value, band, value, predicate };
+    enum Kind : char { letter, value, count, leading, by_letter, by_value, step, band, predicate };
 
     Kind kind;
     char argument;   // its number, which is reported
