@@ -45,7 +45,7 @@ __m128 corner_mask(bool upper, int h, int first) {
 }
 
 // A left block, in the order of B: groups[(g * order + l) * 4 + r] is the coefficient of unknown l in
-// equation 4 g + r.
+// equation 4 g + r. Of a group stand there the unknowns that it has, in its corner zeros for the others.
 template <class T>
 struct Packed {
     alignas(16) T groups[kOrder<T> * kOrder<T>];
@@ -55,15 +55,32 @@ struct Packed {
     explicit Packed(const TriangularProblem<T>& p)
         : order((p.m + kGroup - 1) / kGroup * kGroup), upper(!p.lower_system()) {
         const Leaf<T> leaf(p, true);
-        for (int i = 0; i < order; ++i)
-            for (int l = 0; l < order; ++l)
-                groups[(i / kGroup * order + l) * kGroup + i % kGroup] = coefficient(leaf, i, l);
+        for (int i = 0; i < order; i += kGroup) {
+            T* const group = groups + i * order;
+            const int first = first_behind(i), count = last_behind(i) - first;
+            // The corner, and all of a group that is not full, singly.
+            const bool full = std::max(i, upper ? order - kGroup : 0) + kGroup <= leaf.order;
+            pack(leaf, i, i, kGroup, group);
+            if (!full)
+                pack(leaf, i, first, count, group);
+            else
+                for (int l = first; l < first + count; ++l)
+                    for (int r = 0; r < kGroup; ++r)
+                        group[l * kGroup + r] = leaf.coefficient(i + r, l);
+        }
     }
-    const float* at(int group, int l) const {
-        return reinterpret_cast<const float*>(groups + (group * order + l) * kGroup);
+    const float* at(int i, int l) const {
+        return reinterpret_cast<const float*>(groups + i * order + l * kGroup);
     }
+    // The unknowns of the group from equation i on that lie outside its corner.
+    int first_behind(int i) const { return upper ? i + kGroup : 0; }
+    int last_behind(int i) const { return upper ? order : i; }
 
 private:
+    void pack(const Leaf<T>& leaf, int i, int l, int count, T* group) const {
+        for (const int end = l + count; l < end; ++l)
+            for (int r = 0; r < kGroup; ++r) group[l * kGroup + r] = coefficient(leaf, i + r, l);
+    }
     T coefficient(const Leaf<T>& leaf, int i, int l) const {
         const bool inside = upper ? i <= l : i >= l;
         if (!inside || std::max(i, l) >= leaf.order) return T{};
@@ -72,25 +89,26 @@ private:
     }
 };
 
-// C columns of float: sum[c] of the four equations of a group.
-template <int C>
+// Six columns of float: sum[c] of the four equations of a group. x[c]: an unknown in all lanes.
 struct RealTile {
-    static constexpr int columns = C;
-    __m128 sum[C] = {};
+    static constexpr int columns = 6;
+    using Value = __m128;
+    __m128 sum[columns] = {};
 
-    void add(const float* t, const float (*x)[kOrder<float>], int l) {
+    static Value spread(float x) { return _mm_set1_ps(x); }
+
+    void add(const float* t, const Value* x) {
         const __m128 coefficients = _mm_load_ps(t);
-#pragma GCC unroll 4
-        for (int c = 0; c < C; ++c) sum[c] = sum[c] + coefficients * _mm_set1_ps(x[c][l]);
+#pragma GCC unroll 6
+        for (int c = 0; c < columns; ++c) sum[c] = sum[c] + coefficients * x[c];
     }
-    void add_corner(const float* t, const float (*x)[kOrder<float>], int l, bool upper, int h) {
+    void add_corner(const float* t, const Value* x, bool upper, int h) {
         const __m128 coefficients = _mm_load_ps(t), mask = corner_mask<1>(upper, h, 0);
-#pragma GCC unroll 4
-        for (int c = 0; c < C; ++c)
-            sum[c] = sum[c] + _mm_and_ps(coefficients * _mm_set1_ps(x[c][l]), mask);
+#pragma GCC unroll 6
+        for (int c = 0; c < columns; ++c) sum[c] = sum[c] + _mm_and_ps(coefficients * x[c], mask);
     }
     void finish(float alpha, int c, float* y) const {
-        _mm_store_ps(y, sum[c] * _mm_set1_ps(alpha));
+        _mm_storeu_ps(y, sum[c] * _mm_set1_ps(alpha));
     }
 };
 
@@ -102,72 +120,73 @@ __m128 combined(__m128 by_re, __m128 by_im) {
 // One column of complex numbers: two vectors of two equations.
 struct ComplexTile {
     static constexpr int columns = 1;
+    using Value = Four;
     __m128 by_re[2] = {}, by_im[2] = {};
 
-    void add(const float* t, const cfloat (*x)[kOrder<cfloat>], int l) {
-        const __m128 re = _mm_set1_ps(x[0][l].re), im = _mm_set1_ps(x[0][l].im);
+    static Value spread(cfloat x) { return {_mm_set1_ps(x.re), _mm_set1_ps(x.im)}; }
+
+    void add(const float* t, const Value* x) {
 #pragma GCC unroll 2
         for (int v = 0; v < 2; ++v) {
-            by_re[v] = by_re[v] + _mm_load_ps(t + 4 * v) * re;
-            by_im[v] = by_im[v] + _mm_load_ps(t + 4 * v) * im;
+            by_re[v] = by_re[v] + _mm_load_ps(t + 4 * v) * x->re;
+            by_im[v] = by_im[v] + _mm_load_ps(t + 4 * v) * x->im;
         }
     }
-    void add_corner(const float* t, const cfloat (*x)[kOrder<cfloat>], int l, bool upper, int h) {
-        const __m128 re = _mm_set1_ps(x[0][l].re), im = _mm_set1_ps(x[0][l].im);
+    void add_corner(const float* t, const Value* x, bool upper, int h) {
 #pragma GCC unroll 2
         for (int v = 0; v < 2; ++v) {
             const __m128 mask = corner_mask<2>(upper, h, 2 * v);
-            by_re[v] = by_re[v] + _mm_and_ps(_mm_load_ps(t + 4 * v) * re, mask);
-            by_im[v] = by_im[v] + _mm_and_ps(_mm_load_ps(t + 4 * v) * im, mask);
+            by_re[v] = by_re[v] + _mm_and_ps(_mm_load_ps(t + 4 * v) * x->re, mask);
+            by_im[v] = by_im[v] + _mm_and_ps(_mm_load_ps(t + 4 * v) * x->im, mask);
         }
     }
     void finish(cfloat alpha, int, cfloat* y) const {
         const RowFactor factor(alpha);
         float* out = &y->re;
-        _mm_store_ps(out, factor.times(combined(by_re[0], by_im[0])));
-        _mm_store_ps(out + 4, factor.times(combined(by_re[1], by_im[1])));
+        _mm_storeu_ps(out, factor.times(combined(by_re[0], by_im[0])));
+        _mm_storeu_ps(out + 4, factor.times(combined(by_re[1], by_im[1])));
     }
 };
 
-// The columns of B from b on that a tile holds.
+// `count` columns of B from b on: those that a tile holds, or fewer, with the last one in their stead.
 template <class Tile, class T>
-void multiply_columns(const Packed<T>& packed, int order, T alpha, T* b, int ldb) {
+void multiply_columns(const Packed<T>& packed, int order, T alpha, T* b, int ldb, int count) {
     constexpr int C = Tile::columns;
-    T x[C][kOrder<T>]; // what B held
-    for (int c = 0; c < C; ++c)
-        for (int l = 0; l < packed.order; ++l) x[c][l] = l < order ? b[l + c * ldb] : T{};
-
+    typename Tile::Value x[kOrder<T> * C]; // what B held
+    for (int c = 0; c < C; ++c) {
+        const T* column = b + std::min(c, count - 1) * ldb;
+        for (int l = 0; l < packed.order; ++l)
+            x[l * C + c] = Tile::spread(l < order ? column[l] : T{});
+    }
     for (int i = 0; i < order; i += kGroup) {
-        const int group = i / kGroup;
         Tile tile;
         const auto corner = [&] {
             for (int h = 0; h < kGroup; ++h)
-                tile.add_corner(packed.at(group, i + h), x, i + h, packed.upper, h);
+                tile.add_corner(packed.at(i, i + h), x + (i + h) * C, packed.upper, h);
         };
         if (packed.upper) corner();
-        const int from = packed.upper ? i + kGroup : 0, to = packed.upper ? packed.order : i;
-        for (int l = from; l < to; ++l) tile.add(packed.at(group, l), x, l);
+        for (int l = packed.first_behind(i); l < packed.last_behind(i); ++l)
+            tile.add(packed.at(i, l), x + l * C);
         if (!packed.upper) corner();
-        for (int c = 0; c < C; ++c) {
-            alignas(16) T y[kGroup];
-            tile.finish(alpha, c, y);
-            for (int r = 0; r < std::min(kGroup, order - i); ++r) b[i + r + c * ldb] = y[r];
+        for (int c = 0; c < count; ++c) {
+            T* const y = b + i + c * ldb;
+            if (i + kGroup <= order) {
+                tile.finish(alpha, c, y);
+                continue;
+            }
+            T rest[kGroup];
+            tile.finish(alpha, c, rest);
+            for (int r = 0; i + r < order; ++r) y[r] = rest[r];
         }
     }
 }
 
-void multiply_left(const TriangularProblem<float>& p, float alpha) {
-    const Packed<float> packed(p);
-    int j = 0;
-    for (; j + 4 <= p.n; j += 4)
-        multiply_columns<RealTile<4>>(packed, p.m, alpha, p.b_at(0, j), p.ldb);
-    for (; j < p.n; ++j) multiply_columns<RealTile<1>>(packed, p.m, alpha, p.b_at(0, j), p.ldb);
-}
-
-void multiply_left(const TriangularProblem<cfloat>& p, cfloat alpha) {
-    const Packed<cfloat> packed(p);
-    for (int j = 0; j < p.n; ++j)
-        multiply_columns<ComplexTile>(packed, p.m, alpha, p.b_at(0, j), p.ldb);
+template <class Tile, class T>
+void multiply_left(const TriangularProblem<T>& p, T alpha) {
+    const Packed<T> packed(p);
+    for (int j = 0; j < p.n; j += Tile::columns)
+        multiply_columns<Tile>(packed, p.m, alpha, p.b_at(0, j), p.ldb,
+                               std::min(Tile::columns, p.n - j));
 }
 
 // ---- Right.
@@ -247,11 +266,11 @@ void multiply_right(const TriangularProblem<cfloat>& p, cfloat alpha) {
         const auto p = TRIANGULAR_PROBLEM_OF_LEAF(T, side, trans);                                 \
         multiply(p, *alpha);                                                                       \
     }
-LEAF(vor_blas_strmln, float, "L", "N", multiply_left)
-LEAF(vor_blas_strmlt, float, "L", "T", multiply_left)
-LEAF(vor_blas_ctrmln, cfloat, "L", "N", multiply_left)
-LEAF(vor_blas_ctrmlt, cfloat, "L", "T", multiply_left)
-LEAF(vor_blas_ctrmlc, cfloat, "L", "C", multiply_left)
+LEAF(vor_blas_strmln, float, "L", "N", multiply_left<RealTile>)
+LEAF(vor_blas_strmlt, float, "L", "T", multiply_left<RealTile>)
+LEAF(vor_blas_ctrmln, cfloat, "L", "N", multiply_left<ComplexTile>)
+LEAF(vor_blas_ctrmlt, cfloat, "L", "T", multiply_left<ComplexTile>)
+LEAF(vor_blas_ctrmlc, cfloat, "L", "C", multiply_left<ComplexTile>)
 LEAF(vor_blas_ctrmrn, cfloat, "R", "N", multiply_right)
 LEAF(vor_blas_ctrmrt, cfloat, "R", "T", multiply_right)
 LEAF(vor_blas_ctrmrc, cfloat, "R", "C", multiply_right)
