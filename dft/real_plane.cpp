@@ -62,9 +62,8 @@ public:
           columns_(head->packed_format, length1_) {}
 
     int serial(void* workspace) const {
-        const size_t group_reals = group(nullptr, kPairGroup<R>).size * group_distance();
-        const size_t most = vector_reals() > group_reals ? vector_reals() : group_reals;
-        const Scratch<R> buffer(most);
+        const size_t columns = group_reals(kPairGroup<R>);
+        const Scratch<R> buffer(columns > vector_reals() ? columns : vector_reals());
         if (!buffer) return DFTI_MEMORY_ERROR;
         const auto whole_rows = [&] { return rows(Share(length1_), buffer.get(), workspace); };
         const auto whole_columns = [&] {
@@ -99,7 +98,7 @@ public:
     int share_of_columns(Share share, void* workspace) const {
         const bool adjacent = spectrum().stride0 == 1 && out_.stride0 == 1;
         const int size = adjacent ? kPairGroup<R> : 1;
-        const Scratch<R> buffer(static_cast<size_t>(size) * group_distance());
+        const Scratch<R> buffer(group_reals(size));
         if (!buffer) return DFTI_MEMORY_ERROR;
         return complex_columns(share, group(buffer.get(), size), workspace);
     }
@@ -122,9 +121,11 @@ private:
     }
 
     size_t vector_reals() const { return static_cast<size_t>(head_->max_length) + 2 + kSlack; }
-    size_t group_distance() const { return 2 * static_cast<size_t>(length1_) + kLine<R>; }
+    size_t group_reals(int size) const {
+        return static_cast<size_t>(size) * static_cast<size_t>(vector_distance<R>(2 * length1_));
+    }
     VectorGroup<R> group(R* buffer, int size) const {
-        return {buffer, static_cast<int>(group_distance()), size};
+        return {buffer, vector_distance<R>(2 * length1_), size};
     }
 
     // Where the rows come from: backward the columns have brought them into the output.
