@@ -1,7 +1,7 @@
 // The column-group engine. Reading K adjacent columns at once takes K elements of one cache line
 // together, where one column at a time takes one.
 #include "dft/columns.h"
-#include "dft/kernel/row_copy.h"
+#include "dft/row_copy.h"
 
 namespace vor::dfti {
 
@@ -11,12 +11,13 @@ namespace {
 template <class R, class U, class S, class V, class T>
 int transform_group(const ColumnSide<U, S>& in, const ColumnSide<V, T>& out, int first, int n,
                     const VectorTransform& transform, const VectorGroup<R>& group) {
-    gather_for<sizeof(U)>(n)(in.data + first * in.kSteps, bytes_of<S>(in.stride), in.count,
-                             group.data, bytes_of<R>(group.distance));
+    constexpr int in_reals = sizeof(U) / sizeof(R), out_reals = sizeof(V) / sizeof(R);
+    gather_for<U, S>(n)(in.data + first * in.kSteps, in.stride, in.count,
+                        reinterpret_cast<U*>(group.data), group.distance / in_reals);
     for (int j = 0; j < n; ++j)
         if (const int status = transform(group.vector(j), group.vector(j))) return status;
-    scatter_for<sizeof(V)>(n)(out.data + first * out.kSteps, bytes_of<T>(out.stride), out.count,
-                              group.data, bytes_of<R>(group.distance));
+    scatter_for<V, T>(n)(out.data + first * out.kSteps, out.stride, out.count,
+                         reinterpret_cast<const V*>(group.data), group.distance / out_reals);
     return DFTI_NO_ERROR;
 }
 

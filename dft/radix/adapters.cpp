@@ -1,14 +1,14 @@
 // 1-D functions of a record on the radix engine.
 #include "dft/radix/adapters.h"
-#include "dft/precision.h"
 #include "dft/radix/engine.h"
+#include "dft/routines.h"
 
 namespace vor::dfti::radix {
 namespace {
 
 template <class R>
 Tables<R> tables_of(const DftiRecord& record) {
-    const auto* area = static_cast<const R*>(record.*Precision<R>::table);
+    const auto* area = static_cast<const R*>(record.*Routines<R>::table);
     return {data_of(area), record.log2_length};
 }
 
@@ -26,7 +26,7 @@ void forward_scaled(Pairs<R> x, const DftiRecord& record, Team team) {
     if constexpr (kSingle<R>) {
         forward(x, tables, order_of(record), team);
         const int reals = 2 * record.length, step = 1;
-        vor_blas_sscal(&reals, &scale, &x.x->re, &step);
+        vor_blas_sscal(&reals, &scale, x.re(), &step);
     } else {
         forward(x, scaled(x, scale), tables, order_of(record), team);
     }
@@ -50,8 +50,8 @@ int adapter(void* input, void* output, DftiRecord* record) {
     using C = complex_t<R>;
     if (record->length < 1) return DFTI_NO_ERROR;
     if (input != output)
-        Precision<R>::copy(record->length, static_cast<const C*>(input), 1, static_cast<C*>(output),
-                           1);
+        Routines<R>::copy(record->length, static_cast<const C*>(input), 1, static_cast<C*>(output),
+                          1);
     return run<D, R>(output, record, {});
 }
 
