@@ -100,16 +100,16 @@ TavStatus direct(const R* longer, int n, const R* shorter, int m, R* dst) {
 // One product of spectra, object and memory of its own in each call.
 template <class R>
 TavStatus spectra(const R* longer, int n, const R* shorter, int m, R* dst) {
-    using F = signal::Calls<R>;
+    using F = signal::Routines<R>;
     const signal::RealFft<R> fft(signal::order_of(n + m - 1, 2));
     const signal::Block<R> block(2 * fft.n());
     R *const a = block.get(), *const b = a + fft.n();
     signal::copy_padded(longer, n, a, fft.n());
     signal::copy_padded(shorter, m, b, fft.n());
-    F::to_perm(a, a, fft.object(), nullptr);
-    F::to_perm(b, b, fft.object(), nullptr);
+    F::perm[0](a, a, fft.object(), nullptr);
+    F::perm[0](b, b, fft.object(), nullptr);
     F::multiply_perm(a, b, fft.n());
-    F::from_perm(b, b, fft.object(), nullptr);
+    F::perm[1](b, b, fft.object(), nullptr);
     return F::copy(b, dst, n + m - 1);
 }
 

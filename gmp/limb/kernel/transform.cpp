@@ -1,3 +1,4 @@
+#include "serv/bits.h"
 #include "gmp/limb/kernel/transform.h"
 
 #include <math.h>
@@ -245,7 +246,7 @@ void join_blocks(Point* z, int size, int radix, int blocks, const Point* w) {
 int radix_of(int size) {
     if (size % 3 == 0) return 3;
     if (size % 5 == 0) return 5;
-    return __builtin_ctz(static_cast<unsigned>(size)) % 2 ? 2 : 4;
+    return trailing_zeros(static_cast<unsigned>(size)) % 2 ? 2 : 4;
 }
 
 } // namespace
