@@ -12,9 +12,8 @@ template <class R, class U, class S, class V, class T>
 int transform_group(const ColumnSide<U, S>& in, const ColumnSide<V, T>& out, int first, int n,
                     const VectorTransform& transform, const VectorGroup<R>& group) {
     constexpr int in_reals = sizeof(U) / sizeof(R), out_reals = sizeof(V) / sizeof(R);
-    gather_for<U, std::remove_const_t<S>>(n)(in.data + first * in.kSteps, in.stride, in.count,
-                                             reinterpret_cast<U*>(group.data),
-                                             group.distance / in_reals);
+    gather_for<U, S>(n)(in.data + first * in.kSteps, in.stride, in.count,
+                        reinterpret_cast<U*>(group.data), group.distance / in_reals);
     for (int j = 0; j < n; ++j)
         if (const int status = transform(group.vector(j), group.vector(j))) return status;
     scatter_for<V, T>(n)(out.data + first * out.kSteps, out.stride, out.count,

@@ -37,10 +37,13 @@ struct VectorGroup {
     R* vector(int j) const { return data + static_cast<ptrdiff_t>(j) * distance; }
 };
 
-// Reals between vectors of a group that keep them out of one set of the cache when their length is a
-// power of two: a cache line.
+// The distance of vectors of `reals` in a group: whole cache lines, so that one is aligned as the other,
+// and a line more, which keeps vectors of a power of two out of one set of the cache.
 template <class R>
-inline constexpr int kLine = 64 / sizeof(R);
+constexpr int vector_distance(int reals) {
+    constexpr int line = 64 / sizeof(R);
+    return (reals + line - 1) / line * line + line;
+}
 
 // Columns of a group of exponent e.
 template <class R>

@@ -22,7 +22,7 @@ int transform_interleaved(const PlainColumns<const In>& in, const PlainColumns<O
     const int length = transform.record->length;
     const int most = group_size<R>(group_exponent<R>(length, n));
     const int size = most < n ? most : n;
-    const int distance = (complex ? 2 * length : half_spectrum(length)) + kLine<R>;
+    const int distance = vector_distance<R>(complex ? 2 * length : half_spectrum(length));
     constexpr size_t kSlack = 320; // reals, so that the sizes follow from the group alone
     const Scratch<R> buffer(static_cast<size_t>(distance) * static_cast<size_t>(size) + kSlack);
     if (!buffer) return DFTI_MEMORY_ERROR;

@@ -20,7 +20,7 @@ int plane_group(int stride0, int length0, int length1) {
 
 template <class R>
 size_t group_reals(int vectors, int length) {
-    return static_cast<size_t>(vectors) * (2 * static_cast<size_t>(length) + kLine<R>);
+    return static_cast<size_t>(vectors) * static_cast<size_t>(vector_distance<R>(2 * length));
 }
 
 // Rows of a share. With a buffer they go through it; without one each is copied to its place in the
@@ -70,7 +70,7 @@ int transform_share_of_columns(const PlaneSide<C>& side, Share share, int width,
     const int size = plane_group<R>(side.stride0, width, length);
     const Scratch<R> buffer(group_reals<R>(size, length));
     if (!buffer) return DFTI_MEMORY_ERROR;
-    return columns<C>(side, share, second, {buffer.get(), 2 * length + kLine<R>, size});
+    return columns<C>(side, share, second, {buffer.get(), vector_distance<R>(2 * length), size});
 }
 
 template <class C>
@@ -87,7 +87,7 @@ int transform_plane(const PlaneSide<const C>& in, const PlaneSide<C>& out, Trans
     const int status = rows<C>(in, out, Share(length1), {function0, head, workspace}, row);
     if (status != DFTI_NO_ERROR || length1 == 1) return status;
     return columns<C>(out, Share(length0), {function1, head->next, workspace},
-                      {buffer.get(), 2 * length1 + kLine<R>, size});
+                      {buffer.get(), vector_distance<R>(2 * length1), size});
 }
 
 template <class C>

@@ -6,41 +6,28 @@
 #include "dft/real_plane.h"
 #include "dft/by_row.h"
 #include "serv/memory.h"
+#include "signal/format.h"
 
 namespace vor::dfti {
 
 namespace {
 
-// Where the packed format of a row of `length` reals has what.
-struct Packing {
-    int nyquist;    // column of the Nyquist frequency, of even lengths
-    int first_pair; // first column of the pairs
-    int values;     // of a whole row
+using signal::Format;
 
-    Packing(int format, int length) {
-        const bool ccs = format == DFTI_CCS_FORMAT, pack = format == DFTI_PACK_FORMAT;
-        nyquist = ccs ? length : pack ? length - 1 : 1;
-        first_pair = ccs || (!pack && length % 2 == 0) ? 2 : 1;
-        values = ccs ? half_spectrum(length) : length;
-    }
-};
+// Storage 39 has the order of CCS in complex numbers.
+Format format_of(const DftiRecord& head) {
+    if (head.packed_format == DFTI_PACK_FORMAT) return Format::pack;
+    return head.packed_format == DFTI_PERM_FORMAT ? Format::perm : Format::ccs;
+}
 
-// y := a conjugate-even vector of n values in Perm order. x holds its first half, in CCS or as complex
-// numbers.
+// The conjugate-even vector in CCS at x, as reals or complex numbers, to Perm order at y.
 template <class R>
 void gather_perm(const R* x, int stride, R* y, int n) {
-    const int even = n % 2 == 0;
-    y[0] = *x;
-    if (even) y[1] = *ahead(x, n, stride);
-    Routines<R>::copy(n - 1 - even, ahead(x, 2, stride), stride, y + 1 + even, 1);
+    signal::convert<Format::ccs, Format::perm>(signal::reals(x, stride), signal::reals(y), n);
 }
 template <class R>
 void gather_perm(const complex_t<R>* x, int stride, R* y, int n) {
-    const int even = n % 2 == 0;
-    y[0] = x->re;
-    if (even) y[1] = ahead(x, n / 2, stride)->re;
-    Routines<R>::copy((n - 1) / 2, ahead(x, stride), stride,
-                      reinterpret_cast<complex_t<R>*>(y + 1 + even), 1);
+    signal::convert<Format::ccs, Format::perm>(signal::complexes(x, stride), signal::reals(y), n);
 }
 
 template <class R, Data data, Direction direction>
@@ -57,14 +44,11 @@ public:
         : in_(in), out_(out), head_(head), second_(head->next), length0_(head->length),
           length1_(head->next->length),
           turns_(!kForward && head->placement == DFTI_NOT_INPLACE && has_half_spectrum(*head)),
-          spectrum_(head->packed_format, length0_),
-          rows_(turns_ ? +DFTI_PERM_FORMAT : head->packed_format, length0_),
-          columns_(head->packed_format, length1_) {}
+          spectrum_(format_of(*head)), rows_(turns_ ? Format::perm : spectrum_) {}
 
     int serial(void* workspace) const {
-        const size_t group_reals = group(nullptr, kPairGroup<R>).size * group_distance();
-        const size_t most = vector_reals() > group_reals ? vector_reals() : group_reals;
-        const Scratch<R> buffer(most);
+        const size_t columns = group_reals(kPairGroup<R>);
+        const Scratch<R> buffer(columns > vector_reals() ? columns : vector_reals());
         if (!buffer) return DFTI_MEMORY_ERROR;
         const auto whole_rows = [&] { return rows(Share(length1_), buffer.get(), workspace); };
         const auto whole_columns = [&] {
@@ -99,7 +83,7 @@ public:
     int share_of_columns(Share share, void* workspace) const {
         const bool adjacent = spectrum().stride0 == 1 && out_.stride0 == 1;
         const int size = adjacent ? kPairGroup<R> : 1;
-        const Scratch<R> buffer(static_cast<size_t>(size) * group_distance());
+        const Scratch<R> buffer(group_reals(size));
         if (!buffer) return DFTI_MEMORY_ERROR;
         return complex_columns(share, group(buffer.get(), size), workspace);
     }
@@ -122,9 +106,11 @@ private:
     }
 
     size_t vector_reals() const { return static_cast<size_t>(head_->max_length) + 2 + kSlack; }
-    size_t group_distance() const { return 2 * static_cast<size_t>(length1_) + kLine<R>; }
+    size_t group_reals(int size) const {
+        return static_cast<size_t>(size) * static_cast<size_t>(vector_distance<R>(2 * length1_));
+    }
     VectorGroup<R> group(R* buffer, int size) const {
-        return {buffer, static_cast<int>(group_distance()), size};
+        return {buffer, vector_distance<R>(2 * length1_), size};
     }
 
     // Where the rows come from: backward the columns have brought them into the output.
@@ -149,8 +135,8 @@ private:
     // Values of a row behind its transform. Backward in place the first one behind the reals held a part
     // of the spectrum in CCS: it is cleared.
     int row_values() const {
-        if (kForward) return kHalf ? length0_ / 2 + 1 : spectrum_.values;
-        return length0_ + (head_->packed_format == DFTI_CCS_FORMAT && !turns_ ? 1 : 0);
+        if (kForward) return kHalf ? length0_ / 2 + 1 : stored_values(spectrum_, length0_);
+        return length0_ + (rows_ == Format::ccs ? 1 : 0);
     }
 
     // The row in `vector`, of unit stride, to row j of the output, where it may stand already.
@@ -165,7 +151,7 @@ private:
     int rows(Share share, R* buffer, void* workspace) const {
         const VectorTransform transform = real_transform(head_, workspace);
         const PlaneSide<const R> source = row_source();
-        const int values = kForward ? length0_ : rows_.values;
+        const int values = kForward ? length0_ : stored_values(rows_, length0_);
         int status = DFTI_NO_ERROR;
         for (int j = share.first; j < share.first + share.count && status == DFTI_NO_ERROR; ++j) {
             if (source.stride0 == 1 && out_.stride0 == 1) {
@@ -188,8 +174,8 @@ private:
         if (turns_)
             gather_perm<R>(in_.data, in_.stride0, vector, length0_);
         else if (static_cast<const void*>(vector) != in_.data)
-            Routines<R>::copy(rows_.values, reinterpret_cast<const R*>(in_.data), in_.stride0,
-                              vector, 1);
+            Routines<R>::copy(stored_values(rows_, length0_), reinterpret_cast<const R*>(in_.data),
+                              in_.stride0, vector, 1);
         return finish_row(vector, 0, real_transform(head_, workspace));
     }
 
@@ -200,12 +186,12 @@ private:
         if (turns_)
             gather_perm<R>(source.column(from), source.stride1, buffer, length1_);
         else
-            Routines<R>::copy(kForward ? length1_ : columns_.values,
+            Routines<R>::copy(kForward ? length1_ : stored_values(spectrum_, length1_),
                               reinterpret_cast<const R*>(source.column(from)), source.stride1,
                               buffer, 1);
         const VectorTransform transform = real_transform(second_, workspace);
         if (const int status = transform(buffer, buffer)) return status;
-        Routines<R>::copy(kForward ? columns_.values : length1_, buffer, 1,
+        Routines<R>::copy(kForward ? stored_values(spectrum_, length1_) : length1_, buffer, 1,
                           reinterpret_cast<R*>(out_.column(to)), out_.stride1);
         return DFTI_NO_ERROR;
     }
@@ -214,15 +200,15 @@ private:
         if (kForward && kHalf) return DFTI_NO_ERROR; // they are complex columns like any other
         const int status = real_column(0, 0, buffer, workspace);
         if (status != DFTI_NO_ERROR || length0_ % 2 != 0) return status;
-        const int nyquist = kHalf ? length0_ / 2 : spectrum_.nyquist;
-        return real_column(nyquist, rows_.nyquist, buffer, workspace);
+        const int nyquist = kHalf ? length0_ / 2 : middle_value(spectrum_, length0_);
+        return real_column(nyquist, middle_value(rows_, length0_), buffer, workspace);
     }
 
     int column_count() const { return kForward && kHalf ? length0_ / 2 + 1 : (length0_ - 1) / 2; }
     int complex_columns(Share share, const VectorGroup<R>& room, void* workspace) const {
         constexpr int in_step = is_complex<Spectrum> ? 1 : 2, out_step = is_complex<Out> ? 1 : 2;
-        const int first_in = kHalf ? !kForward : spectrum_.first_pair;
-        const int first_out = kHalf && kForward ? 0 : rows_.first_pair;
+        const int first_in = kHalf ? !kForward : first_pair(spectrum_, length0_);
+        const int first_out = kHalf && kForward ? 0 : first_pair(rows_, length0_);
         return transform_pairs<R, Spectrum, Out>(
             spectrum(), first_in + in_step * share.first, out_, first_out + out_step * share.first,
             share.count, {second_->*Directed<R, direction>::function, second_, workspace}, room);
@@ -232,10 +218,9 @@ private:
     PlaneSide<Out> out_;
     DftiRecord *head_, *second_;
     int length0_, length1_;
-    bool turns_;       // the rows of the output are in Perm order, whatever the input has
-    Packing spectrum_; // of the rows of the spectrum
-    Packing rows_;     // of the rows that the transform of dimension 0 writes or reads
-    Packing columns_;  // of the columns of real sequences
+    bool turns_;      // the rows of the output are in Perm order, whatever the input has
+    Format spectrum_; // of the rows and columns of the spectrum
+    Format rows_;     // of the rows that the transform of dimension 0 writes or reads
 };
 
 } // namespace

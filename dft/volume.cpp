@@ -88,7 +88,7 @@ int transform_columns_at(const Tuples& others, const PlainColumns<const C>& in,
                          const PlainColumns<C>& out, int count, const VectorTransform& transform,
                          int group) {
     using R = real_t<C>;
-    const int distance = 2 * in.count + kLine<R>;
+    const int distance = vector_distance<R>(2 * in.count);
     const Scratch<R> buffer(static_cast<size_t>(distance) * static_cast<size_t>(group));
     if (!buffer) return DFTI_MEMORY_ERROR;
     return others.walk([&](int in_offset, int out_offset) {

@@ -1,5 +1,6 @@
 // Transforms of several dimensions: every kind of data, shape and layout against a direct sum, large
 // ones against the 1-D transforms of the library; threads; failures.
+#include "dft/radix/adapters.h"
 #include "dft/walk.h"
 #include "tests/common/allocations.h"
 #include "tests/dft/job.h"
@@ -187,6 +188,60 @@ TEST(Array, LargeArraysHaveTheBitsOfTheirLines) {
         expect_lines<vor::cfloat>({64, 100, 128}, threads);
         expect_lines<vor::cdouble>({16, 16, 2049}, threads);
     }
+}
+
+// Long scrambled rows and columns, and long columns of real data, run on the radix engine: they hold what
+// one dimension at a time leaves, and come back.
+TEST(Array, LongDimensionsOnTheRadixEngine) {
+    constexpr int n = 65536;
+    Random random(3);
+    for (const std::vector<int>& lengths : {std::vector{n, 5}, {5, n}})
+        for (const int threads : {1, 2}) {
+            const Job c{.lengths = lengths, .backward_scale = 1.0 / (5 * n), .threads = threads};
+            Committed<float> plane(c), dense({.lengths = {5}}), row({.lengths = {n}});
+            for (Committed<float>* d : {&plane, &dense, &row}) {
+                EXPECT_EQ(d->set(DFTI_ORDERING, DFTI_BACKWARD_SCRAMBLED), 0);
+                EXPECT_EQ(d->commit(), 0);
+            }
+            EXPECT_EQ(plane.handle[lengths[0] == n ? 0 : 1].on_primitives, 0);
+            std::vector<vor::cfloat> x(5 * n), vector(n);
+            for (auto& v : x) v = random.next<vor::cfloat>();
+            auto want = x;
+            const auto given = widen(x.data(), x.size());
+            size_t step = 1;
+            for (int length : lengths) {
+                const size_t size = static_cast<size_t>(length);
+                for (size_t first = 0; first < x.size(); ++first) {
+                    if (first / step % size != 0) continue;
+                    for (size_t i = 0; i < size; ++i) vector[i] = want[first + i * step];
+                    Descriptor& line = length == n ? row : dense;
+                    ASSERT_EQ(DftiComputeForward(line.handle, vector.data()), 0);
+                    for (size_t i = 0; i < size; ++i) want[first + i * step] = vector[i];
+                }
+                step *= size;
+            }
+            ASSERT_EQ(DftiComputeForward(plane.handle, x.data()), 0);
+            EXPECT_EQ(std::memcmp(x.data(), want.data(), x.size() * sizeof x[0]), 0) << c;
+            ASSERT_EQ(DftiComputeBackward(plane.handle, x.data()), 0);
+            EXPECT_LE(relative_error(x.data(), given), 2 * kBound);
+
+            Job real = c;
+            real.lengths = {6, n};
+            real.domain = DFTI_REAL;
+            real.format = DFTI_PERM_FORMAT;
+            real.backward_scale = 1.0 / (6 * n);
+            const Committed<float> d(real);
+            EXPECT_EQ(d.handle[1].forward_c, &vor_dft_xcdft1df);
+            std::vector<float> r(6 * n);
+            for (float& v : r) v = random.next<float>();
+            const auto before = widen(r.data(), r.size());
+            ASSERT_EQ(DftiComputeForward(d.handle, r.data()), 0);
+            ASSERT_EQ(DftiComputeBackward(d.handle, r.data()), 0);
+            double worst = 0;
+            for (size_t i = 0; i < r.size(); ++i)
+                worst = std::max(worst, static_cast<double>(fabsl(r[i] - before[i].real())));
+            EXPECT_LE(worst, 1e-5);
+        }
 }
 
 // Half the spectrum of a large real plane against the complex transform of the same data.
