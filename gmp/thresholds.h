@@ -5,7 +5,12 @@ namespace vor::gmp {
 
 constexpr int kSchoolbookFactor = 24; // a shorter factor up to here goes by schoolbook
 constexpr int kSchoolbookLength = 16; // below, recursion costs more than the products it saves
-constexpr int kFourierLength = 4096;  // from here on transforms are faster than Karatsuba's method
+constexpr int kFourierLength = 1100;  // from here on transforms are faster than Karatsuba's method
+constexpr int kFourierSum = 1500;     // of unequal lengths: the sum, where the shorter one has
+constexpr int kFourierFactor = 300;   // at least so many
+constexpr int kFourierPiece = 6;      // times the shorter factor: longer ones are cut
+constexpr int kKaratsubaSquare = 32;  // from here on, the same for squares; at most 33
+constexpr int kFourierSquare = 1300;
 
 constexpr int kRecursiveDivisor = 48;  // shorter divisors go by schoolbook
 constexpr int kRecursiveQuotient = 48; // and so do shorter quotients

@@ -15,6 +15,8 @@
 #include "gmp/limb/scratch.h"
 #include "serv/kernel/float_environment.h"
 
+#include <string.h>
+
 namespace vor::limb {
 
 namespace {
@@ -41,7 +43,8 @@ struct Plan {
     int64_t digits(int limbs) const { return digits_in(limbs, width); }
     // Does a product of digits with the product `norms` of Euclidean lengths come out exact?
     bool proved(long double norms) const {
-        const long double error = 3 * Transform::passes_of(m) * Transform::kPassError + 3 * 0x1p-53L;
+        const long double error =
+            3 * Transform::passes_of(m) * Transform::kPassError + 3 * 0x1p-53L;
         return norms * error < kErrorLimit;
     }
     // The largest product of Euclidean lengths of any operands of these lengths: the top digit is up to
@@ -63,30 +66,49 @@ struct Plan {
     }
 };
 
+// Windows of 25 bits of a limb array, zeros behind its end.
+class Bits {
+public:
+    Bits(const word* a, int n) : limbs_(a), last_bit_(32 * (static_cast<unsigned>(n) - 1)) {
+        last_[0] = a[n - 1];
+    }
+    word at(unsigned bit) const {
+        word window;
+        if (bit <= last_bit_)
+            memcpy(&window, reinterpret_cast<const char*>(limbs_) + bit / 8, sizeof window);
+        else
+            memcpy(&window, reinterpret_cast<const char*>(last_) + (bit - last_bit_) / 8,
+                   sizeof window);
+        return window >> bit % 8;
+    }
+
+private:
+    const word* limbs_;
+    unsigned last_bit_; // where the last limb begins
+    word last_[2] = {};
+};
+
 // The balanced digits of a into z: digit j into the real part of point j, those from m on into the
 // imaginary parts. The sum of their squares.
 uint64_t split(Point* z, int m, const word* a, int n, int width) {
     const int count = static_cast<int>(digits_in(n, width));
-    const int32_t base = int32_t{1} << width;
-    const word mask = static_cast<word>(base - 1);
+    const int32_t base = int32_t{1} << width, half = base / 2;
+    const Bits bits(a, n);
     int32_t carry = 0;
     unsigned bit = 0; // n < 2^27, since the transform is not too long
     uint64_t squares = 0;
-    double* place = &z[0].re;
-    for (int i = 0; i < count; ++i, bit += static_cast<unsigned>(width), place += 2) {
-        if (i == m) place = &z[0].im;
-        const int k = static_cast<int>(bit / 32);
-        const dword above = k + 1 < n ? a[k + 1] : 0;
-        const word window = static_cast<word>((above << 32 | a[k]) >> bit % 32);
-        int32_t digit = static_cast<int32_t>(window & mask) + carry;
-        carry = (digit + base / 2) >> width;
-        if (i < count - 1) digit -= carry * base;
-        squares += static_cast<uint64_t>(static_cast<int64_t>(digit) * digit);
-        *place = digit;
-    }
-    for (int i = count; i < 2 * m; ++i, place += 2) {
-        if (i == m) place = &z[0].im;
-        *place = 0;
+    for (int part = 0; part < 2; ++part) {
+        double* const place = part ? &z[0].im : &z[0].re;
+        const int left = count - part * m, filled = left < 0 ? 0 : left < m ? left : m;
+        for (int j = 0; j < filled; ++j, bit += static_cast<unsigned>(width)) {
+            int32_t digit =
+                static_cast<int32_t>(bits.at(bit) & static_cast<word>(base - 1)) + carry;
+            carry = (digit + half) >> width;
+            if (j < left - 1) digit -= carry << width; // the top one keeps what is left
+            squares += static_cast<uint64_t>(static_cast<int64_t>(digit) * digit);
+            place[2 * j] = digit;
+        }
+        for (int j = filled; j < m; ++j) place[2 * j] = 0;
     }
     return squares;
 }
@@ -94,20 +116,23 @@ uint64_t split(Point* z, int m, const word* a, int n, int width) {
 // r = sum of round(x[j]) 2^(width j) over n limbs, x[j] the `digits` real numbers in the points of z.
 void join(word* r, int n, const Point* z, int m, int digits, int width) {
     const word mask = ~word{0} >> (32 - width);
-    const double* place = &z[0].re;
     int64_t carry = 0;
-    dword bits = 0;
-    int held = 0;
-    for (int j = 0, next = 0; next < n; ++j, place += 2) {
-        if (j == m) place = &z[0].im;
-        if (j < digits) carry += nearest(*place);
-        bits |= dword{static_cast<word>(carry) & mask} << held;
-        carry >>= width;
-        held += width;
-        if (held < 32) continue;
-        r[next++] = static_cast<word>(bits);
-        bits >>= 32;
-        held -= 32;
+    word bits = 0;
+    int held = 0, next = 0;
+    for (int part = 0; part < 3 && next < n; ++part) {
+        const double* const place = part ? &z[0].im : &z[0].re;
+        const int left = digits - part * m;
+        for (int j = 0; (j < m || part == 2) && next < n; ++j) {
+            if (j < left) carry += nearest(place[2 * j]);
+            const word digit = static_cast<word>(carry) & mask;
+            carry >>= width;
+            bits |= digit << held;
+            held += width;
+            if (held < 32) continue;
+            r[next++] = bits;
+            held -= 32;
+            bits = digit >> (width - held);
+        }
     }
 }
 

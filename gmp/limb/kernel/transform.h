@@ -27,7 +27,7 @@ public:
     static constexpr long double kPassError = 1.75L * 0x1p-53L;
     static constexpr int kLongest = 1 << 26;
 
-    // The least length of at least n points, 4 <= n <= kLongest: 1, 3 or 5 times a power of two.
+    // The least length of at least n points, 4 <= n <= kLongest: 1, 3 or 9 times a power of two.
     static int length_for(int n);
     static int passes_of(int m);
     // The numbers that the roots of all passes of length m take.
