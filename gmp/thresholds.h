@@ -14,6 +14,8 @@ constexpr int kFourierSquare = 1300;
 
 constexpr int kRecursiveDivisor = 48;  // shorter divisors go by schoolbook
 constexpr int kRecursiveQuotient = 48; // and so do shorter quotients
+constexpr int kNewtonDivisor = 3000;   // from here on, with quotients as long, by an inverse
+constexpr int kNewtonInverse = 800;    // an inverse up to here comes from a division
 constexpr int kShortQuotient = 8;      // the longest that mpl_divq_sq finds from the top limbs
 constexpr int kBaseDivisor = 16;       // where the recursion of division ends in schoolbook
 

@@ -1,4 +1,5 @@
-// The product of limb arrays by a ladder of methods: schoolbook, Karatsuba's, Fourier transforms.
+// The product of limb arrays by a ladder of methods: schoolbook, Karatsuba's, Fourier transforms. Where
+// memory for transforms is refused, the next lower method serves, and its parts come back here.
 #include "gmp/limb/fourier.h"
 #include "gmp/limb/limb.h"
 #include "gmp/limb/scratch.h"
@@ -44,9 +45,8 @@ void multiply(word* r, const word* a, int an, const word* b, int bn) {
     if (bn == 0) return clear(r, an);
     if (a == b && an == bn) return square(r, a, an);
     if (bn <= kSchoolbookFactor) return mul_basecase(r, a, an, b, bn);
-    if (bn >= kFourierFactor && an + bn >= 2 * kFourierLength && by_transforms(r, a, an, b, bn))
-        return;
-    if (an == bn) return multiply_karatsuba(r, a, b, an);
+    if (an == bn) return multiply_n(r, a, b, an);
+    if (bn >= kFourierFactor && an + bn >= kFourierSum && by_transforms(r, a, an, b, bn)) return;
     const int whole = (an - 1) / bn; // pieces
     const int rest = an - whole * bn;
     Limbs<0> odd(an);

@@ -2,7 +2,6 @@
 #include "tests/gmp/boxes.h"
 
 #include <bit>
-#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <sstream>
@@ -460,7 +459,7 @@ const std::map<std::string, Operation>& operations() {
 }
 
 void for_each_case(const std::function<void(const std::string&)>& f) {
-    std::ifstream file(std::filesystem::path(__FILE__).parent_path() / "cases.txt");
+    std::ifstream file(VOR_GMP_CASES);
     for (std::string line; !::testing::Test::HasFailure() && std::getline(file, line);) f(line);
 }
 

@@ -244,27 +244,7 @@ void join_blocks(Point* z, int size, int radix, int blocks, const Point* w) {
     });
 }
 
-// The radices from the top: threes, a two if one is left, then fours.
-int radix_of(int size) {
-    if (size % 3 == 0) return 3;
-    return __builtin_ctz(static_cast<unsigned>(size)) % 2 ? 2 : 4;
-}
-
 } // namespace
-
-int Transform::length_for(int n) {
-    int power = 4;
-    while (power < n) power *= 2;
-    if (power < 16) return power;
-    if (power / 16 * 9 >= n) return power / 16 * 9;
-    return power / 4 * 3 >= n ? power / 4 * 3 : power;
-}
-
-int Transform::passes_of(int m) {
-    int count = 0;
-    for (; m > 1; m /= radix_of(m)) ++count;
-    return count;
-}
 
 int Transform::table_size(int m) {
     int points = 0, blocks = 1;
