@@ -99,7 +99,10 @@ void multiply(word* r, const word* a, int an, const word* b, int bn);
 void multiply_n(word* r, const word* a, const word* b, int n);
 // The same by Karatsuba's method down to schoolbook.
 void multiply_karatsuba(word* r, const word* a, const word* b, int n);
-// r[0 .. 2n) = a * a.
+// r[0 .. 2n) = a * a: by schoolbook, n < kKaratsubaSquare; by Karatsuba's method down to it; by the method
+// that the length calls for.
+void square_basecase(word* r, const word* a, int n);
+void square_karatsuba(word* r, const word* a, int n);
 void square(word* r, const word* a, int n);
 
 // ---- Quotients -------------------------------------------------------------------------------------

@@ -7,6 +7,7 @@
 #include <csignal>
 #include <functional>
 #include <numeric>
+#include <sys/mman.h>
 
 namespace vor::test {
 namespace {
@@ -130,6 +131,24 @@ TEST(SizeInBase, TenAtMostOneTooLarge) {
         __gmpz_sub_ui(power, power, 1);
         EXPECT_LE(__gmpz_sizeinbase(power, 10) - digits, 1u);
     }
+}
+
+// A record of more than 2^32 bits, of which one is set, on pages that are never written.
+TEST(Bits, BeyondNumbersOfAWord) {
+    const size_t limbs = (size_t{1} << 27) + 1;
+    void* const pages = mmap(nullptr, limbs * 4, PROT_READ | PROT_WRITE,
+                             MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    ASSERT_NE(pages, MAP_FAILED);
+    auto* const d = static_cast<unsigned*>(pages);
+    d[limbs - 1] = 1; // x = -2^(2^32)
+    const vor_mpz x{static_cast<int>(limbs), -static_cast<int>(limbs), d};
+    for (const unsigned i : {0u, 1u, 31u, ~0u}) {
+        EXPECT_EQ(__gmpz_tstbit(&x, i), 0) << i;
+        EXPECT_EQ(__gmpz_divisible_2exp_p(&x, i), 1) << i;
+        EXPECT_EQ(__gmpz_scan0(&x, i), i) << i;
+    }
+    EXPECT_EQ(__gmpz_scan1(&x, 5), ~0u);
+    munmap(pages, limbs * 4);
 }
 
 // ---- Random numbers ----------------------------------------------------------------------------------

@@ -5,6 +5,8 @@
 #include "tests/gmp/operations.h"
 #include "vor_service.h"
 
+#include <csetjmp>
+
 namespace vor::test {
 namespace {
 
@@ -167,6 +169,50 @@ TEST(Blocks, ReplacedFunctions) {
     EXPECT_EQ(blocks, 0);
     EXPECT_EQ(bytes, 0u);
     __gmp_set_memory_functions(allocate, reallocate, deallocate);
+}
+
+// ---- An allocator that leaves by a jump ------------------------------------------------------------
+
+jmp_buf refusal;
+
+void* refuse(unsigned) {
+    longjmp(refusal, 1);
+}
+
+bool refused(const std::function<void()>& call) {
+    __gmp_set_memory_functions(refuse, __gmp_default_reallocate, __gmp_default_free);
+    const bool jumped = setjmp(refusal) != 0;
+    if (!jumped) call();
+    __gmp_set_memory_functions(__gmp_default_allocate, __gmp_default_reallocate,
+                               __gmp_default_free);
+    return jumped;
+}
+
+// It finds the operands, which are results at once, as they were.
+TEST(Blocks, NothingIsWrittenBeforeTheRoomIsThere) {
+    const std::pair<const char*, std::function<void(vor_mpz*)>> calls[] = {
+        {"setbit of a negative", [](auto* x) { __gmpz_setbit(x, 1000); }},
+        {"clrbit of a negative", [](auto* x) { __gmpz_clrbit(x, 1000); }},
+        {"clrbit with a carry", [](auto* x) { __gmpz_clrbit(x, 0); }},
+        {"fdiv_q_2exp", [](auto* x) { __gmpz_fdiv_q_2exp(x, x, 3); }},
+        {"fdiv_r_2exp", [](auto* x) { __gmpz_fdiv_r_2exp(x, x, 1000); }},
+        {"fdiv_q", [](auto* x) { __gmpz_fdiv_q(x, x, Z(Int(7))); }},
+        {"fdiv_qr_ui",
+         [](auto* x) {
+             Z r;
+             __gmpz_fdiv_qr_ui(x, r, x, 7);
+         }},
+        {"addmul_ui", [](auto* x) { __gmpz_addmul_ui(x, x, ~0u); }},
+        {"com", [](auto* x) { __gmpz_com(x, x); }},
+    };
+    const Int value("-ones(256)"); // fills the room of 8 limbs
+    for (const auto& [name, call] : calls) {
+        SCOPED_TRACE(name);
+        Z x(value);
+        if (refused([&, &f = call] { f(x); })) {
+            EXPECT_EQ(x.value(), value);
+        }
+    }
 }
 
 // One line names the size, and the process aborts.

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Exact answers for the tests of the integers, from Python's own.
 
-    oracle.py --table          writes the table: one case a line, "operation operand... = result..."
+    oracle.py --table FILE     writes the chosen cases: one a line, "operation operand... = result..."
     oracle.py --random SEED    writes random cases in the same form, without an end
 
 An operand is a hexadecimal number, ones(n) = 2^n - 1, bit(k) = 2^k, rep(w,n), n words w, or
@@ -519,6 +519,26 @@ def short_quotient_cases():
                 yield "div_magnitudes", "%x" % ((parse("ones(%d)" % (32 * qn)) - 5) * parse(d) - 1), d
 
 
+def add_back_cases():
+    """A quotient digit that three limbs by two find one too large: for q d - 1 with d = (2^31, 0, ones),
+    whose third limb from the top the estimate does not see."""
+    for dn in (3, 4, 9, 31, 32, 33, 47, 48, 60):
+        d = "bit(%d)+ones(%d)" % (32 * dn - 1, 32 * (dn - 2))
+        for q in ("1", "12345678", "80000000", "ffffffff", "ones(64)", "ffffffff00000001"):
+            n = "%x" % (parse(q) * parse(d) - 1)
+            yield "div_magnitudes", n, d
+            yield "bn_div", n, d
+
+
+def multiply_add_cases():
+    """Sums that run off the room of the result, differences that change its sign or need one word more."""
+    factors = ("1", "80000000", "ones(32)", "ones(64)")
+    for a, b in itertools.product(factors, factors):
+        for c in ("0", "1", "ones(32)", "bit(63)", "ones(64)", "bit(95)", "ones(96)"):
+            for x, y in ((a, c), (a, "-" + c), ("-" + a, c)):
+                yield "bn_mac", x, b, y
+
+
 DIVISIONS = ("tdiv", "fdiv", "cdiv", "div_magnitudes", "mod")
 
 
@@ -816,8 +836,8 @@ OPERANDS = {kinds: names.split() for kinds, names in {
 }.items()}
 
 
-def random_case(x):
-    op = list(OPERATIONS)[x.below(len(OPERATIONS))]
+def random_case(x, op=None):
+    op = op or list(OPERATIONS)[x.below(len(OPERATIONS))]
     longest = (10, 70, 700)[x.below(24) // 11]
     if op in DIVISIONS or op in ("bn_div", "bn_mod"):
         return (op, *x.divided(longest, "" if op == "bn_mod" else x.sign()))
@@ -848,18 +868,23 @@ def answered(case):
 
 
 def table():
-    operands = Operands(1)
-    yield from dict.fromkeys([*chosen_cases(), *product_cases(), *long_cases(),
-                              *division_cases(), *short_quotient_cases(), *theory_cases(),
-                              *conversion_cases()])
-    for _ in range(4000):
-        yield random_case(operands)
+    chosen = dict.fromkeys([*chosen_cases(), *product_cases(), *long_cases(), *division_cases(),
+                            *short_quotient_cases(), *add_back_cases(), *multiply_add_cases(),
+                            *theory_cases(), *conversion_cases()])
+    yield from chosen
+    # Operations of which little or nothing was chosen.
+    operands, names = Operands(1), [case[0] for case in chosen]
+    for op in OPERATIONS:
+        for _ in range(60 - names.count(op)):
+            yield random_case(operands, op)
 
 
 def main():
     signal.signal(signal.SIGPIPE, signal.SIG_DFL)
-    if sys.argv[1:] == ["--table"]:
-        print("\n".join(map(answered, table())))
+    if sys.argv[1:2] == ["--table"]:
+        lines = "\n".join(map(answered, table()))
+        with open(sys.argv[2], "w") as file:
+            file.write(lines + "\n")
     elif sys.argv[1:2] == ["--random"]:
         operands = Operands(int(sys.argv[2]))
         while True:
