@@ -96,9 +96,29 @@ int init_complex(DftiRecord& record, const DftiRecord& head) {
                      : build_object(record, Routine::spec, Routine::init, Routine::size);
 }
 
+template <class R>
+int build_table(DftiRecord& record) {
+    unsigned bytes;
+    constexpr size_t kMargin = 256;
+    if (!byte_count(3 * static_cast<size_t>(record.length), sizeof(R), kMargin, &bytes))
+        return DFTI_MEMORY_ERROR;
+    void* table = vor_serv_allocate(bytes);
+    record.*Routines<R>::table = table;
+    if (!table) return DFTI_MEMORY_ERROR;
+    Routines<R>::fill_table(&record.log2_length, static_cast<R*>(table));
+    return DFTI_NO_ERROR;
+}
+
+template <class R>
 int init_radix(DftiRecord& record) {
     clear_engine(record);
-    return engine_pending();
+    return build_table<R>(record);
+}
+
+template <class R>
+int init_both(DftiRecord& record, const DftiRecord& head) {
+    const int status = init_complex<R>(record, head);
+    return status == DFTI_NO_ERROR ? build_table<R>(record) : status;
 }
 
 // The complex object that a dimension above 0 has by then stays.
@@ -116,17 +136,40 @@ void set_adapter(DftiRecord& record) {
         record.ordering == DFTI_ORDERED ? Call::adapter : Call::scrambled_adapter;
 }
 
+template <class R, Direction D>
+void set_radix(DftiRecord& record) {
+    using Call = Directed<R, D>;
+    record.*Call::function = Call::radix_adapter;
+    record.*Call::parallel = Call::radix_team;
+}
+
+// With both engines the object serves a direction of scale 1, the radix engine the other one; its team works
+// only if it serves both.
+template <class R, Direction D>
+void set_either(DftiRecord& record) {
+    set_radix<R, D>(record);
+    if (record.*Directed<R, D>::scale != 1) return;
+    record.on_primitives = 1;
+    set_adapter<R, D>(record);
+}
+
 template <class R>
 int commit_complex(DftiRecord& record, const DftiRecord& head) {
     const Engine engine = choose_engine(record, head);
-    if (engine == Engine::radix) return engine_pending();
-    // The object serves a direction of scale 1, the radix engine's team the other one.
-    const bool scaled = record.forward_scale_d != 1 || record.backward_scale_d != 1;
-    if (engine == Engine::both && scaled) return engine_pending();
-    record.on_primitives = 1;
-    set_adapter<R, Direction::forward>(record);
-    set_adapter<R, Direction::backward>(record);
-    return init_complex<R>(record, head);
+    record.on_primitives = engine == Engine::objects;
+    if (engine == Engine::objects) {
+        set_adapter<R, Direction::forward>(record);
+        set_adapter<R, Direction::backward>(record);
+        return init_complex<R>(record, head);
+    }
+    if (engine == Engine::both) {
+        set_either<R, Direction::forward>(record);
+        set_either<R, Direction::backward>(record);
+        return init_both<R>(record, head);
+    }
+    set_radix<R, Direction::forward>(record);
+    set_radix<R, Direction::backward>(record);
+    return init_radix<R>(record);
 }
 
 // ---- Real data -----------------------------------------------------------------------------------
@@ -276,15 +319,14 @@ using namespace vor::dfti;
         return init_real<R>(*record, index);                                                       \
     }                                                                                              \
     extern "C" int radix(DftiRecord* record, DftiRecord*) {                                        \
-        return init_radix(*record);                                                                \
+        return init_radix<R>(*record);                                                             \
     }
 INITIALISERS(vor_dft_c_tav_init, vor_dft_c_tav_real_init, vor_dft_c_fft_init, float)
 INITIALISERS(vor_dft_z_tav_init, vor_dft_z_tav_real_init, vor_dft_z_fft_init, double)
 
 // Both engines on one record, double precision.
 extern "C" int vor_dft_z_tav_fft_init(DftiRecord* record, DftiRecord* head) {
-    const int status = init_complex<double>(*record, *head);
-    return status == DFTI_NO_ERROR ? engine_pending() : status;
+    return init_both<double>(*record, *head);
 }
 
 // The complex engine of a dimension above 0 of real data.

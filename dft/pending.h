@@ -1,6 +1,5 @@
-// Engines that are not part of the library yet: transforms of several dimensions, and the radix
-// engine (long scrambled powers of two, its coefficient tables, one long transform by a team of
-// threads). Commit refuses a descriptor that needs one of them, and this is the one place that says so.
+// Engines that are not part of the library yet: transforms of several dimensions. Commit refuses a descriptor
+// that needs them, and this is the one place that says so.
 #pragma once
 
 #include "dft/record.h"

@@ -4,6 +4,7 @@
 #include "arith/element.h"
 #include "blas/level1/engines.h"
 #include "dft/adapters.h"
+#include "dft/radix/adapters.h"
 #include "signal/direction.h"
 
 namespace vor::dfti {
@@ -16,7 +17,7 @@ struct Directed;
 
 // The precisions and the directions differ in names only.
 //   R, C  element types   c, s  letters of the complex and the real type   bits  of a real
-#define VOR_DFT_ROUTINES(R, C, c, s, bits)                                                         \
+#define VOR_DFT_ROUTINES(R, C, c, s, bits, table_suffix)                                           \
     template <>                                                                                    \
     struct Routines<R> {                                                                           \
                                                                                                    \
@@ -31,6 +32,7 @@ struct Directed;
         static constexpr auto size = tavsDFTGetBufSize_C_##bits##fc;                               \
         static constexpr auto out_ord_size = tavsDFTOutOrdGetBufSize_C_##bits##fc;                 \
         static constexpr auto real_size = tavsDFTGetBufSize_R_##bits##f;                           \
+        static constexpr auto fill_table = vor_dft_coef4r22##table_suffix;                         \
         static void copy(int n, const C* x, int incx, C* y, int incy) {                            \
             vor_blas_##c##copy(&n, x, &incx, y, &incy);                                            \
         }                                                                                          \
@@ -38,10 +40,12 @@ struct Directed;
             vor_blas_##s##copy(&n, x, &incx, y, &incy);                                            \
         }                                                                                          \
     };                                                                                             \
-    VOR_DFT_DIRECTED(R, c, s, bits, forward, Fwd, RToCCS, RToPack, RToPerm, fwd, rtocomplex)       \
-    VOR_DFT_DIRECTED(R, c, s, bits, backward, Inv, CCSToR, PackToR, PermToR, inv, complextor)
+    VOR_DFT_DIRECTED(R, c, s, bits, forward, Fwd, RToCCS, RToPack, RToPerm, fwd, rtocomplex, f,    \
+                     forw)                                                                         \
+    VOR_DFT_DIRECTED(R, c, s, bits, backward, Inv, CCSToR, PackToR, PermToR, inv, complextor, b,   \
+                     back)
 
-#define VOR_DFT_DIRECTED(R, c, s, bits, direction, Fwd, Ccs, Pack, Perm, fwd, toother)             \
+#define VOR_DFT_DIRECTED(R, c, s, bits, direction, Fwd, Ccs, Pack, Perm, fwd, toother, end, forw)  \
     template <>                                                                                    \
     struct Directed<R, Direction::direction> {                                                     \
         static constexpr auto function = &DftiRecord::direction##_##c;                             \
@@ -57,10 +61,12 @@ struct Directed;
         static constexpr auto adapter = vor_dft_xtavs_##fwd##_##bits##fc;                          \
         static constexpr auto scrambled_adapter = vor_dft_xtavs_##fwd##_rev_##bits##fc;            \
         static constexpr auto real_adapter = vor_dft_xtavs_##fwd##_##toother##_##bits##f;          \
+        static constexpr auto radix_adapter = vor_dft_x##c##dft1d##end;                            \
+        static constexpr auto radix_team = vor_dft_##c##1d_##forw##_dft;                           \
     };
 
-VOR_DFT_ROUTINES(float, cfloat, c, s, 32)
-VOR_DFT_ROUTINES(double, cdouble, z, d, 64)
+VOR_DFT_ROUTINES(float, cfloat, c, s, 32, )
+VOR_DFT_ROUTINES(double, cdouble, z, d, 64, _z)
 #undef VOR_DFT_DIRECTED
 #undef VOR_DFT_ROUTINES
 

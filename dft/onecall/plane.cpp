@@ -24,8 +24,9 @@ void run(Form x, int m, int n, int isign, int threads, Name name) {
     const Scratch<R> wsave(3 * static_cast<size_t>(m > n ? m : n) + kMargin);
     if (!wsave) return report_no_memory(name.text, name.length);
     radix::fill_coefficients(wsave.get(), order_of(m));
-    share(n, threads, [&](int first, int columns) {
-        transform_columns(x.from(first * m), m, m, columns, isign, wsave.get());
+    share(n, threads, [&](Share columns) {
+        transform_columns(x.from(columns.first * m), m, m, columns.count, isign, wsave.get());
+        return true;
     });
     if (n != m) radix::fill_coefficients(wsave.get(), order_of(n));
     if (!transform_rows(x, m, m, n, isign, wsave.get(), threads))

@@ -5,6 +5,7 @@
 #include "dft/onecall/report.h"
 #include "dft/onecall/transform.h"
 #include "dft/row_copy.h"
+#include "dft/walk.h"
 #include "serv/memory.h"
 
 namespace vor::dfti::onecall {
@@ -15,16 +16,13 @@ struct Name {
     int length;
 };
 
-// body(first, count) for the shares of `total` in a power of two of threads, at most `threads` of them.
+// body(share) for the shares of `total` on a power of two of threads, at most `threads` of them. False if one of
+// the bodies is.
 template <class Body>
-void share(int total, int threads, Body body) {
+bool share(int total, int threads, Body body) {
     const int shares = 1 << order_of(threads);
-    if (shares == 1) return body(0, total);
-    const int chunk = (total - 1) / shares + 1;
-    team_loop(shares, shares, [&](int i) {
-        const int first = i * chunk, left = total - first;
-        if (left > 0) body(first, left < chunk ? left : chunk);
-    });
+    if (shares == 1) return body(Share(total, 1, 0));
+    return in_shares(total, shares, [&](Share part, int) { return body(part) ? 0 : 1; }) == 0;
 }
 
 template <class Form>
@@ -89,12 +87,9 @@ template <class Form>
 bool transform_rows(Form x, int ld, int count, int n, int isign, const typename Form::Real* wsave,
                     int threads) {
     if (count < 1) return true;
-    int failures = 0;
-    share(count, threads, [&](int first, int rows) {
-        if (!transform_rows(x.from(first), ld, rows, n, isign, wsave))
-            __atomic_fetch_add(&failures, 1, __ATOMIC_RELAXED);
+    return share(count, threads, [&](Share rows) {
+        return transform_rows(x.from(rows.first), ld, rows.count, n, isign, wsave);
     });
-    return failures == 0;
 }
 
 } // namespace vor::dfti::onecall

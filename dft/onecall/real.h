@@ -1,10 +1,10 @@
 // Transforms of one real vector of n values, n a power of two above 1, with the tables of a filled wsave.
 #pragma once
 
-#include "dft/onecall/copy.h"
 #include "dft/onecall/report.h"
 #include "dft/onecall/transform.h"
 #include "dft/radix/recombine.h"
+#include "dft/routines.h"
 #include "serv/memory.h"
 
 namespace vor::dfti::onecall {
@@ -40,29 +40,29 @@ enum class Storage { pairs, split };
 template <Storage storage, class R>
 void fetch_spectrum(const R* r, int step, int n, R* work) {
     const int half = n / 2 + 1;
-    if (storage == Storage::pairs) return copy(n + 2, r, step, work, 1);
-    copy(half, r, step, work, 2);
-    copy(half, ahead(r, half, step), step, work + 1, 2);
+    if (storage == Storage::pairs) return Routines<R>::copy(n + 2, r, step, work, 1);
+    Routines<R>::copy(half, r, step, work, 2);
+    Routines<R>::copy(half, ahead(r, half, step), step, work + 1, 2);
 }
 template <Storage storage, class R>
 void put_spectrum(const R* work, int n, R* r, int step) {
     const int half = n / 2 + 1;
-    if (storage == Storage::pairs) return copy(n + 2, work, 1, r, step);
-    copy(half, work, 2, r, step);
-    copy(half, work + 1, 2, ahead(r, half, step), step);
+    if (storage == Storage::pairs) return Routines<R>::copy(n + 2, work, 1, r, step);
+    Routines<R>::copy(half, work, 2, r, step);
+    Routines<R>::copy(half, work + 1, 2, ahead(r, half, step), step);
 }
 
 // The transform of a vector with a step, by way of `work`, which has room for n + 2 words.
 template <Direction D, Storage storage, class R>
 void transform_apart(R* r, int step, int n, const R* wsave, R* work, Team team = {}) {
     if constexpr (D == Direction::forward) {
-        copy(n, r, step, work, 1);
+        Routines<R>::copy(n, r, step, work, 1);
         real_transform<D>(work, n, wsave, team);
         put_spectrum<storage>(work, n, r, step);
     } else {
         fetch_spectrum<storage>(r, step, n, work);
         real_transform<D>(work, n, wsave, team);
-        copy(n, work, 1, r, step);
+        Routines<R>::copy(n, work, 1, r, step);
     }
 }
 

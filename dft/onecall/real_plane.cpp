@@ -65,16 +65,16 @@ struct RealPlane {
 
 // False if there is no memory.
 template <Direction D, Storage storage, class R>
-bool transform_columns(RealPlane<storage, R> plane, int first, int count, const R* wsave) {
+bool transform_columns(RealPlane<storage, R> plane, Share share, const R* wsave) {
     if (plane.m < 2) return true;
     if constexpr (storage == Storage::pairs) {
-        for (int i = first; i < first + count; ++i)
+        for (int i = share.first; i < share.first + share.count; ++i)
             real_transform<D>(plane.column(i), plane.m, wsave);
         return true;
     } else {
         const Scratch<R> work(static_cast<size_t>(plane.ld()));
         if (!work) return false;
-        for (int i = first; i < first + count; ++i)
+        for (int i = share.first; i < share.first + share.count; ++i)
             transform_apart<D, storage>(plane.column(i), 1, plane.m, wsave, work.get());
         return true;
     }
@@ -97,12 +97,8 @@ bool transform_plane(RealPlane<storage, R> plane, int threads) {
     const Tables<R> tables(plane.m, plane.n);
     if (!tables) return false;
     const auto columns = [&] {
-        int failures = 0;
-        share(plane.n, threads, [&](int first, int count) {
-            if (!transform_columns<D>(plane, first, count, tables.columns))
-                __atomic_fetch_add(&failures, 1, __ATOMIC_RELAXED);
-        });
-        return failures == 0;
+        return share(plane.n, threads,
+                     [&](Share part) { return transform_columns<D>(plane, part, tables.columns); });
     };
     const auto complex_rows = [&] {
         return transform_rows(plane.complex_row(0), plane.complex_ld(), plane.complex_rows(),
@@ -184,8 +180,9 @@ REAL2DC(vor_dft_xzdfft2dc, "XZDFFT2DC", vor_dft_zdfft2dc, "ZDFFT2DC", vor_dft_er
 #define SHARES(columns, rows, R, direction, storage)                                               \
     extern "C" int columns(R* r, const int* m, const int* n, const int* first, const int* count,   \
                            const R* wsave) {                                                       \
-        const RealPlane<Storage::storage, R> plane{r, *m, *n};                                     \
-        return !transform_columns<Direction::direction>(plane, *first, *count, wsave);             \
+        RealPlane<Storage::storage, R> plane{r, *m, *n};                                           \
+        plane.r = plane.column(*first);                                                            \
+        return !transform_columns<Direction::direction>(plane, {*count, 1, 0}, wsave);             \
     }                                                                                              \
     extern "C" int rows(R* r, const int* m, const int* n, const int* first, const int* count,      \
                         const R* wsave) {                                                          \

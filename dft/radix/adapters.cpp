@@ -1,7 +1,7 @@
 // 1-D functions of a record on the radix engine.
 #include "dft/radix/adapters.h"
-#include "dft/routines.h"
 #include "dft/radix/engine.h"
+#include "dft/routines.h"
 
 namespace vor::dfti::radix {
 namespace {
@@ -26,7 +26,7 @@ void forward_scaled(Pairs<R> x, const DftiRecord& record, Team team) {
     if constexpr (kSingle<R>) {
         forward(x, tables, order_of(record), team);
         const int reals = 2 * record.length, step = 1;
-        vor_blas_sscal(&reals, &scale, &x.x->re, &step);
+        vor_blas_sscal(&reals, &scale, x.re(), &step);
     } else {
         forward(x, scaled(x, scale), tables, order_of(record), team);
     }
@@ -51,7 +51,7 @@ int adapter(void* input, void* output, DftiRecord* record) {
     if (record->length < 1) return DFTI_NO_ERROR;
     if (input != output)
         Routines<R>::copy(record->length, static_cast<const C*>(input), 1, static_cast<C*>(output),
-                           1);
+                          1);
     return run<D, R>(output, record, {});
 }
 

@@ -113,7 +113,7 @@ void fill_twisted(R* table, int k) {
 }
 
 void fill_sections(float* section, int k) {
-    for (int n = 1 << k; n > 1 << kLeafOrder<float>; section += n, n /= 2)
+    for (int n = 1 << k; n >= 1 << kLeafOrder<float>; section += n, n /= 2)
         quarter_circle(n, [=](int m, cextended w) {
             const auto place = [=](int i) { return section + 8 * (i / 4) + i % 4; };
             put(place(m), w);
@@ -140,7 +140,7 @@ void fill_coefficients(R* area, int k) {
     if (k > (kSingle<R> ? kGroupOrder<R> : kLeafOrder<R>))
         fill_twisted(data, k);
     else if constexpr (kSingle<R>)
-        fill_sections(data, k);
+        if (k > kLeafOrder<R>) fill_sections(data, k);
     if (k > 4) fill_reversal(list_of(data, 1 << k), 1 << k);
 }
 

@@ -3,7 +3,7 @@
 //   word 0, word 1   n, 0
 //   data             from the first 32-byte boundary above the area's start
 //     k = 3                  four copies of cos(pi/4), in words 4 to 7
-//     plain stages           (single precision, k from 4 to 15) for each L = n, n/2, .., 2048 the values
+//     plain stages           (single precision, k from 11 to 15) for each L = n, n/2, .., 1024 the values
 //                            W^m, m from 0 to L/2 - 1, in four-lane form, W = exp(-2 pi i / L)
 //     twisted stages         (k above 15, double precision k above 9) the twiddles V, V^2, V^3 of block b for
 //                            all b below n/4: V is exp(-2 pi i m / n), m the reverse of the k - 2 bits of b

@@ -90,6 +90,7 @@ struct Pairs<float> {
     Four load(int j) const { return Interleaved::load(&x[j].re); }
     void store(int j, Four v) const { Interleaved::store(&x[j].re, v); }
     Pairs from(int j) const { return {x + j}; }
+    float* re() const { return &x->re; }
 };
 
 template <>

@@ -25,10 +25,13 @@ void transform_by_parts(In x, Out y, Tables<R> tables, Team team) {
     const int k = tables.order, part = k - team.cut, size = 1 << part;
     const auto between = in_flight(x);
     const auto top = [&](auto from, auto to) {
-        if constexpr (kSingle<R>)
+        if constexpr (kSingle<R>) {
+            if (tables.is_leaf())
+                return run_stages<D>(from, between, to, 1 << k, team.cut, Staged{});
             if (tables.is_plain())
                 return run_stages<D>(from, between, to, 1 << k, team.cut,
                                      Sections{tables.data, tables.n()});
+        }
         run_stages<D>(from, between, to, 1 << k, team.cut, Twisted<R>{tables.twisted(), 0});
     };
     const auto parts = [&](auto from, auto to) {

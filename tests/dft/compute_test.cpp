@@ -138,10 +138,6 @@ TEST(Commit, RefusesWhatIsNotProvidedAndLeavesNothingBehind) {
         {{8, 8, 8}, DFTI_REAL, DFTI_SINGLE, DFTI_ORDERING, DFTI_ORDERED, 6},
         {{8}, DFTI_REAL, DFTI_DOUBLE, DFTI_CONJUGATE_EVEN_STORAGE, DFTI_COMPLEX_COMPLEX, 6},
         {{8}, DFTI_REAL, DFTI_DOUBLE, DFTI_PACKED_FORMAT, DFTI_CCE_FORMAT, 6},
-        {{32768}, DFTI_COMPLEX, DFTI_SINGLE, DFTI_ORDERING, DFTI_BACKWARD_SCRAMBLED, 0},
-        {{65536}, DFTI_COMPLEX, DFTI_SINGLE, DFTI_ORDERING, DFTI_BACKWARD_SCRAMBLED, 6},
-        {{8192}, DFTI_COMPLEX, DFTI_DOUBLE, DFTI_ORDERING, DFTI_BACKWARD_SCRAMBLED, 0},
-        {{16384}, DFTI_COMPLEX, DFTI_DOUBLE, DFTI_ORDERING, DFTI_BACKWARD_SCRAMBLED, 6},
     };
     omp_set_num_threads(1);
     for (const auto& c : cases) {
@@ -154,15 +150,6 @@ TEST(Commit, RefusesWhatIsNotProvidedAndLeavesNothingBehind) {
             EXPECT_EQ(DftiComputeForward(d.handle, data, data), DFTI_INVALID_CONFIGURATION);
         }
     }
-}
-
-TEST(Commit, LongOrderedTransformsOnThreads) {
-    Committed<double> d({.lengths = {16384}, .threads = 2});
-    EXPECT_EQ(d->on_primitives, 1);
-    EXPECT_EQ(DftiSetValue(d.handle, DFTI_FORWARD_SCALE, 0.5), 0);
-    EXPECT_EQ(d.commit(), DFTI_UNIMPLEMENTED); // the radix engine's team
-    EXPECT_EQ(d.set(DFTI_PLACEMENT, DFTI_NOT_INPLACE), 0);
-    EXPECT_EQ(d.commit(), 0);
 }
 
 // As many regions of the workspace as parts of the work can run at once, each as large as the largest
