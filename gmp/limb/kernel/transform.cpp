@@ -1,5 +1,5 @@
-#include "serv/bits.h"
 #include "gmp/limb/kernel/transform.h"
+#include "serv/bits.h"
 
 #include <math.h>
 
