@@ -98,7 +98,8 @@ constexpr Test predicate(char argument, bool (*fits)(Arguments)) {
 // The number of the first argument that fails its test; 0 if none does. (Called before every product,
 // small ones included: its arguments go in registers.)
 #pragma GCC visibility push(hidden)
-[[gnu::regparm(3), gnu::aligned(64)]] int first_unfit(const Test* tests, size_t count, Arguments arguments);
+[[gnu::regparm(3), gnu::aligned(64)]] int first_unfit(const Test* tests, size_t count,
+                                                      Arguments arguments);
 #pragma GCC visibility pop
 
 // 1 if an argument is unfit, which is then reported under `name` (of `length` characters); 0 if none is.
