@@ -91,6 +91,7 @@ public:
         return store_[static_cast<size_t>(layout_.place(i, j))];
     }
     T* data() { return store_.data(); }
+    size_t size() const { return store_.size(); }
     const int& ld() const { return layout_.ld; }
     int rows() const { return layout_.rows; }
     int columns() const { return layout_.columns; }
