@@ -67,7 +67,7 @@ void axpy(int n, const cfloat& alpha, const cfloat* x, int incx, cfloat* y, int 
 
 #define AXPY(name, NAME, engine, T)                                                                \
     LEVEL1(void, name, NAME, engine, PARAMS_AXPY(T), ARGS_AXPY,                                    \
-           if (*n > 0 && !is_zero(*alpha)) axpy(*n, *alpha, x, *incx, y, *incy))
+           if (*n > 0 && !has_zero_bits(*alpha)) axpy(*n, *alpha, x, *incx, y, *incy))
 AXPY(saxpy, SAXPY, vor_blas_saxpy, float)
 AXPY(daxpy, DAXPY, vor_blas_daxpy, double)
 AXPY(caxpy, CAXPY, vor_blas_caxpy, cfloat)

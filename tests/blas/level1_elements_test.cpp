@@ -156,13 +156,13 @@ TYPED_TEST(Elements, RotRotates) {
 // y, incy) on vectors against run on single pairs.
 template <class T, class Run>
 void expect_same_at_every_place(Run run) {
+    Vector<T> u(1, 1, 0), v(1, 1, 0);
     each_pair_of_vectors([&](int n, int incx, int incy, size_t ox, size_t oy) {
         Vector<T> x(n, incx, ox), y(n, incy, oy);
         const auto x0 = x.copy(), y0 = y.copy();
         run(n, x.data(), incx, y.data(), incy);
         bool same = true;
         for (int i = 0; i < n; ++i) {
-            Vector<T> u(1, 1, 0), v(1, 1, 0);
             u.at(0) = x0[x.slot(i)], v.at(0) = y0[y.slot(i)];
             run(1, u.data(), 1, v.data(), 1);
             same &= same_bits(u.at(0), x.at(i)) && same_bits(v.at(0), y.at(i));
