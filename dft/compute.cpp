@@ -59,6 +59,7 @@ Way way_of(const DftiRecord& head) {
         const int shift = head.threads + 1 < 62 ? head.threads + 1 : 62;
         return work < 1LL << shift ? Way::serial : Way::parallel;
     }
+    if (n < 1) return Way::serial;
     if (head.dimension > 1) return way_of_many_dimensions<M>(head);
     if (!M::kComplex || head.length <= kShort || head.on_primitives == 1) return Way::serial;
     return Way::parallel;

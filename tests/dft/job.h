@@ -10,7 +10,7 @@
 
 namespace vor::test {
 
-inline constexpr double kBound = 2; // of the error, in eps log2 n
+inline constexpr double kBound = 1; // of the error, in eps log2 n
 
 // Steps of the dimensions; none: as a new descriptor has them.
 struct Steps : std::vector<int> {
