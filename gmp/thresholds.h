@@ -5,6 +5,8 @@ namespace vor::gmp {
 
 constexpr int kSchoolbookFactor = 24; // a shorter factor up to here goes by schoolbook
 constexpr int kSchoolbookLength = 16; // below, recursion costs more than the products it saves
+constexpr int kToomLength = 300;      // from here on four parts are faster than two
+constexpr int kToomSquare = 300;      // the same for squares
 constexpr int kFourierLength = 1100;  // from here on transforms are faster than Karatsuba's method
 constexpr int kFourierSum = 1500;     // of unequal lengths: the sum, where the shorter one has
 constexpr int kFourierFactor = 300;   // at least so many
