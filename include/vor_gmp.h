@@ -487,14 +487,14 @@ VOR_SPELLINGS(unsigned, __gmpn_submul_1, __GMPN_SUBMUL_1,
 VOR_SPELLINGS(int, __gmpn_cmp, __GMPN_CMP, (const unsigned* a, const unsigned* b, int n))
 
 /* r[0 .. an + bn) = a * b, an >= bn >= 0, r apart from both: schoolbook for short operands,
- * Karatsuba's method for longer ones, Fourier transforms from 4096 limbs on, exact at every size.
- * With bn = 0 only r[0 .. an) = 0 is written. */
+ * Karatsuba's and Toom's methods for longer ones, then Fourier transforms, exact at every size and under
+ * any control word. With bn = 0 only r[0 .. an) = 0 is written. */
 VOR_SPELLINGS(void, __gmpn_mul, __GMPN_MUL,
               (unsigned* r, const unsigned* a, int an, const unsigned* b, int bn))
 VOR_SPELLINGS(void, __gmpn_mul_n, __GMPN_MUL_N,
               (unsigned* r, const unsigned* a, const unsigned* b, int n))
 /* The same by one method: Karatsuba's, Fourier transforms (r has 2 max(an, bn) limbs, all written;
- * where the transforms are refused, or memory for them, by the other methods), schoolbook. */
+ * where memory for them is refused, by the other methods), schoolbook. */
 VOR_SPELLINGS(void, vor_gmp_mul_n_kara, VOR_GMP_MUL_N_KARA,
               (const unsigned* a, const unsigned* b, unsigned* r, int n))
 VOR_SPELLINGS(void, vor_gmp_mul_dft, VOR_GMP_MUL_DFT,

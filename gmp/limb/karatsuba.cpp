@@ -41,7 +41,7 @@ void by_halves(word* r, const word* a, const word* b, int n, word* scratch) {
     high += add_n(r + l, r + l, p, 2 * m);
     // Added even if it is 0, which no processor foresees. It ends within r, as the product does.
     word* const above = r + l + 2 * m;
-    if (__builtin_add_overflow(*above, high, above)) increment(above + 1, l, 1);
+    if (__builtin_add_overflow(*above, high, above)) increment(above + 1, l - 1, 1);
 }
 
 // a^2 = a0^2 + (a0^2 + a1^2 - (a1 - a0)^2) B^l + a1^2 B^(2l), a1 - a0 as a magnitude.
@@ -61,7 +61,7 @@ void square_by_halves(word* r, const word* a, int n, word* scratch) {
     high += increment(p + 2 * l, 2 * (m - l), add_n(p, p, r, 2 * l));
     high += add_n(r + l, r + l, p, 2 * m);
     word* const above = r + l + 2 * m;
-    if (__builtin_add_overflow(*above, high, above)) increment(above + 1, l, 1);
+    if (__builtin_add_overflow(*above, high, above)) increment(above + 1, l - 1, 1);
 }
 
 } // namespace

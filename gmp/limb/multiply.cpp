@@ -1,4 +1,5 @@
-// The product of limb arrays by a ladder of methods: schoolbook, Karatsuba's, Fourier transforms. Where
+// The product of limb arrays by a ladder of methods: schoolbook, Karatsuba's, Toom's, Fourier
+// transforms. Where
 // memory for transforms is refused, the next lower method serves, and its parts come back here.
 #include "gmp/limb/fourier.h"
 #include "gmp/limb/limb.h"
@@ -11,11 +12,15 @@ using namespace vor::gmp; // thresholds
 
 void multiply_n(word* r, const word* a, const word* b, int n) {
     if (a == b) return square(r, a, n);
-    if (n < kFourierLength || !fourier_product(r, a, n, b, n)) multiply_karatsuba(r, a, b, n);
+    if (n >= kFourierLength && fourier_product(r, a, n, b, n)) return;
+    if (n >= kToomLength && n < kFourierLength) return multiply_toom4(r, a, b, n);
+    multiply_karatsuba(r, a, b, n);
 }
 
 void square(word* r, const word* a, int n) {
-    if (n < kFourierSquare || !fourier_product(r, a, n, a, n)) square_karatsuba(r, a, n);
+    if (n >= kFourierSquare && fourier_product(r, a, n, a, n)) return;
+    if (n >= kToomSquare && n < kFourierSquare) return multiply_toom4(r, a, a, n);
+    square_karatsuba(r, a, n);
 }
 
 namespace {

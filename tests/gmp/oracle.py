@@ -450,10 +450,13 @@ def product_cases():
     # Both sides of the schoolbook limits, odd and even halves on each level of recursion, the sizes
     # at which scratch leaves the stack.
     equal = [1, 2, 3, 4, 8, 15, 16, 17, 18, 19, 31, 32, 33, 34, 35, 63, 64, 65, 66, 67, 127, 128, 129,
-             130, 131, 255, 256, 257, 258, 300]
+             130, 131, 255, 256, 257, 258, 299, 300, 301, 302, 303, 401, 640, 899]
     unequal = [(17, 15), (17, 16), (16, 15), (18, 17), (40, 20), (41, 20), (61, 20), (60, 20),
                (81, 20), (100, 1), (100, 2), (39, 20), (21, 20), (256, 255), (256, 256), (257, 256),
                (300, 17), (200, 99)]
+    for n in [*range(1, 41), 47, 48, 49, 64, 65, 128, 129, 299, 300, 303, 601]:
+        for x in shapes(n) + [fresh(32 * n)]:
+            yield "mul", x, x
     for n in range(1, 41):
         for w in ("0", "1", "80000000", "ffffffff"):
             yield "limb_rows", fresh(32 * n), fresh(32 * n), w
@@ -485,7 +488,7 @@ def long_operands(n, i):
 def long_cases():
     # Both sides of the limit of transforms, lengths other than powers of two, and lengths at which
     # digits of 16 bits are no longer proved for every operand.
-    for n in (4095, 4096, 4097, 5000, 8192, 9001, 16384, 20011, 40000):
+    for n in (1040, 1099, 1100, 1300, 2047, 2500, 4095, 4096, 4097, 5000, 8192, 9001, 16384, 20011, 40000):
         for i in range(5):
             yield "mul", long_operands(n, i), long_operands(n, (i + n) % 5)
     yield "mul", long_operands(9001, 0), long_operands(9001, 0)
@@ -496,6 +499,16 @@ def long_cases():
             yield "dft_product", a, b
             if n == m < 5000:
                 yield "limb_product", a, b
+    for n, m in ((1100, 400), (1200, 300), (1201, 299), (6000, 4096), (20000, 3000), (9000, 310)):
+        for i in range(5):
+            yield "mul", long_operands(n, i), long_operands(m, (i + 2) % 5)
+    # Divisors long enough for an inverse, quotients shorter, as long, longer than the divisor.
+    for n, m in ((5999, 3000), (6000, 3000), (6001, 3000), (8191, 4095), (12100, 4000), (20000, 5000)):
+        for i in range(5):
+            yield "tdiv", long_operands(n, i), long_operands(m, (i + 3) % 5)
+        yield "tdiv", "ones(%d)" % (32 * n), "bit(%d)" % (32 * m - 1)
+        yield "tdiv", "bit(%d)*ones(%d)-1" % (32 * (n - m), 32 * m), "ones(%d)" % (32 * m)
+        yield "tdiv", long_operands(n, 4), "bit(%d)+1" % (32 * m - 1)
     for n, m in ((1000, 500), (2000, 1000), (1100, 600), (8192, 4096), (9000, 300), (12000, 4999),
                  (5000, 4995)):
         for i in range(5):

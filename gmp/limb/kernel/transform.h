@@ -15,6 +15,7 @@
 #pragma once
 
 #include "gmp/limb/word.h"
+#include "serv/bits.h"
 
 namespace vor::limb {
 
@@ -56,7 +57,7 @@ private:
     // The radices from the top: threes, a two if one is left, then fours.
     static int radix_of(int size) {
         if (size % 3 == 0) return 3;
-        return __builtin_ctz(static_cast<unsigned>(size)) % 2 ? 2 : 4;
+        return trailing_zeros(static_cast<unsigned>(size)) % 2 ? 2 : 4;
     }
 
     // A pass over blocks that end up in `radix` parts each, with radix - 1 powers of a root for each block.
