@@ -11,6 +11,7 @@
 // The cofactors X, Y with x = -X a, y = Y a (mod m) start as 0, 1 for x = m, y = a; they stay at 0 or
 // above, and x Y + y X = m, so that they never exceed m.
 #include "gmp/euclid.h"
+#include "gmp/limb/kernel/divide_2_by_1.h"
 
 using namespace vor;
 using namespace vor::gmp;
@@ -21,18 +22,81 @@ constexpr dlimb_t kLeast = dlimb_t{1} << 32;
 
 struct Matrix {
     limb_t xx = 1, xy = 0, yx = 0, yy = 1; // (x, y) = (xx xy; yx yy) (x', y')
+
+    // The step x -= q y; the step y -= q x.
+    void x_less(limb_t q) {
+        xy += q * xx;
+        yy += q * yx;
+    }
+    void y_less(limb_t q) {
+        xx += q * xy;
+        yx += q * yy;
+    }
 };
 
-// a -= q b for the largest q that leaves a >= kLeast, a >= b >= kLeast; q.
+// The symbol (x/y), or (y/x), of Jacobi through the steps: what is below is odd. Low limbs suffice.
+//   (a - q b / b) = (a/b)
+//   (a/b) = (b/a), minus that for a = b = 3 mod 4
+//   (a / b - q a) = (a/b) for a = 0 mod 4; for a = 2 m, m odd, a change of (2/b), and of sign for
+//   m = 3 mod 4 and odd q
+class Symbol {
+public:
+    Symbol(limb_t x, limb_t y, bool y_is_below) : x_(x), y_(y), y_is_below_(y_is_below) {}
+
+    void x_less(limb_t q) {
+        if (!y_is_below_) exchange_or_shift(&x_, y_, q, true);
+        x_ -= q * y_;
+    }
+    void y_less(limb_t q) {
+        if (y_is_below_) exchange_or_shift(&y_, x_, q, false);
+        y_ -= q * x_;
+    }
+    bool minus() const { return minus_; }
+    bool y_is_below() const { return y_is_below_; }
+
+private:
+    static bool two_is_negative(limb_t b) { return b % 8 == 3 || b % 8 == 5; }
+
+    // b, below, is to become b - q a.
+    void exchange_or_shift(const limb_t* b, limb_t a, limb_t q, bool to_y) {
+        if (a % 2) {
+            minus_ ^= a % 4 == 3 && *b % 4 == 3;
+            y_is_below_ = to_y;
+        } else if (a % 4 == 2) {
+            minus_ ^= two_is_negative(*b) ^ two_is_negative(*b - q * a);
+            minus_ ^= a % 8 == 6 && q % 2;
+        }
+    }
+
+    limb_t x_, y_;
+    bool y_is_below_, minus_ = false;
+};
+
+// floor(a / b) for a >= b >= 2^32; *rest = a - q b. By the leading 32 bits of b, one too small or right
+// once the estimate, at most one too large, is lowered (Warren, Hacker's Delight, 9-5).
+limb_t quotient(dlimb_t a, dlimb_t b, dlimb_t* rest) {
+    const int s = __builtin_clz(static_cast<limb_t>(b >> 32));
+    const limb_t top = static_cast<limb_t>(b << s >> 32);
+    const dlimb_t half = a >> 1;
+    limb_t q = limb::divide_2_by_1(static_cast<limb_t>(half >> 32), static_cast<limb_t>(half), top)
+                   .quotient >>
+               (31 - s);
+    q -= q > 0;
+    *rest = a - q * b;
+    if (*rest >= b) {
+        *rest -= b;
+        ++q;
+    }
+    return q;
+}
+
+// a -= q b for the largest q that leaves a >= kLeast, a >= b >= kLeast; q, below 2^32.
 limb_t reduce(dlimb_t* a, dlimb_t b) {
     dlimb_t rest = *a - b;
     if (rest < kLeast) return 0;
     limb_t q = 1;
-    if (rest >= b) {
-        const limb_t more = static_cast<limb_t>(rest / b);
-        rest -= more * b;
-        q += more;
-    }
+    for (int i = 0; i < 3 && rest >= b; ++i, ++q) rest -= b;
+    if (rest >= b) q += quotient(rest, b, &rest);
     if (rest < kLeast) {
         rest += b;
         --q;
@@ -41,21 +105,20 @@ limb_t reduce(dlimb_t* a, dlimb_t b) {
     return q;
 }
 
-// Whether there is a matrix other than 1.
-bool simulate(dlimb_t x, dlimb_t y, Matrix* m) {
+// Steps on leading bits, told to `steps`; whether there is one.
+template <class... Steps>
+bool simulate(dlimb_t x, dlimb_t y, Steps&... steps) {
     if (x < kLeast || y < kLeast) return false;
     bool any = false;
     for (;; any = true) {
         if (x >= y) {
             const limb_t q = reduce(&x, y);
             if (q == 0) return any;
-            m->xy += q * m->xx;
-            m->yy += q * m->yx;
+            (steps.x_less(q), ...);
         } else {
             const limb_t q = reduce(&y, x);
             if (q == 0) return any;
-            m->xx += q * m->xy;
-            m->yx += q * m->yy;
+            (steps.y_less(q), ...);
         }
     }
 }
@@ -93,11 +156,12 @@ public:
     bool x_is_larger() const { return limb::compare(x_.limbs, x_.size, y_.limbs, y_.size) >= 0; }
     const Number& result() const { return x_.size ? x_ : y_; }
 
-    bool find_matrix(Matrix* m) const {
+    template <class... Steps>
+    bool simulate_steps(Steps&... steps) const {
         const int n = x_.size > y_.size ? x_.size : y_.size;
         const auto top = [n](const Number& a) { return a.size == n ? a.limbs[n - 1] : 0; };
         const unsigned s = static_cast<unsigned>(__builtin_clz(top(x_) | top(y_)));
-        return simulate(leading(x_, n, s), leading(y_, n, s), m);
+        return simulate(leading(x_, n, s), leading(y_, n, s), steps...);
     }
 
     // x' = yy x - xy y, y' = xx y - yx x
@@ -115,19 +179,18 @@ public:
     }
 
     // Of one limb each, to the end.
-    void finish_words(Matrix* m) {
+    template <class... Steps>
+    void finish_words(Steps&... steps) {
         limb_t &x = x_.limbs[0], &y = y_.limbs[0];
         while (x && y) {
             if (x >= y) {
                 const limb_t q = x / y;
                 x -= q * y;
-                m->xy += q * m->xx;
-                m->yy += q * m->yx;
+                (steps.x_less(q), ...);
             } else {
                 const limb_t q = y / x;
                 y -= q * x;
-                m->xx += q * m->xy;
-                m->yx += q * m->yy;
+                (steps.y_less(q), ...);
             }
         }
         x_.size = x != 0;
@@ -221,18 +284,21 @@ namespace vor::gmp {
 
 namespace {
 
-// Reduces until one of the two is 0. `quotient` has two limbs more than the longer of them.
-void reduce(Pair* pair, Cofactors* cofactors, limb_t* quotient) {
+// Reduces until one of the two is 0. `quotient` has two limbs more than the longer of them, cofactors
+// may be null.
+template <class... Steps>
+void reduce(Pair* pair, Cofactors* cofactors, limb_t* quotient, Steps&... steps) {
     while (!pair->done()) {
         Matrix m;
         if (pair->words()) {
-            pair->finish_words(&m);
-        } else if (pair->find_matrix(&m)) {
+            pair->finish_words(m, steps...);
+        } else if (pair->simulate_steps(m, steps...)) {
             pair->apply(m);
         } else {
             const bool x_is_larger = pair->x_is_larger();
             const Number q = pair->divide(quotient);
             if (cofactors) cofactors->add_multiple(x_is_larger, q);
+            ((x_is_larger ? steps.x_less(q.limbs[0]) : steps.y_less(q.limbs[0])), ...);
             continue;
         }
         if (cofactors) cofactors->apply(m);
@@ -240,6 +306,17 @@ void reduce(Pair* pair, Cofactors* cofactors, limb_t* quotient) {
 }
 
 } // namespace
+
+int jacobi_limbs(limb_t* x, int xn, limb_t* y, int yn) {
+    const int n = xn > yn ? xn : yn;
+    Limbs<0> scratch(uint64_t{2} * n + 2);
+    Pair pair({x, xn}, {y, yn}, scratch);
+    Symbol symbol(x[0], y[0], true);
+    reduce(&pair, nullptr, scratch + n, symbol);
+    const Number& result = pair.result(); // what is below, for it stays odd
+    if (result.size != 1 || result.limbs[0] != 1) return 0;
+    return symbol.minus() ? -1 : 1;
+}
 
 int gcd_limbs(limb_t* g, limb_t* x, int xn, limb_t* y, int yn) {
     const int n = xn > yn ? xn : yn;

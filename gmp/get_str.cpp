@@ -1,10 +1,11 @@
 // The digits of an integer. Bases that are powers of two: bits by bits. Others: a long number is divided
 // by a power of the base of half its length, and both parts go the same way (Knuth, 4.4; Brent and
-// Zimmermann, Modern Computer Arithmetic, 1.7); a short one gives up a limb of digits with each division
-// by a limb.
+// Zimmermann, Modern Computer Arithmetic, 1.7), by Barrett's products with an inverse where a power divides
+// more than once (Menezes, van Oorschot and Vanstone, Handbook of Applied Cryptography, 14.42); a short one
+// gives up a limb of digits with each division by a limb.
 #include "gmp/bytes.h"
-
 #include "gmp/radix.h"
+
 #include <string.h>
 
 using namespace vor;
@@ -13,42 +14,79 @@ using namespace vor::gmp;
 namespace {
 
 constexpr char kDigits[] = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";
-constexpr int kQuadratic = 30; // groups up to which division by limbs is faster
+constexpr int kQuadratic = 20; // groups up to which division by limbs is faster
+constexpr int kBarrett =
+    200; // limbs of a divisor from which two products are faster than a division
+constexpr int kLocalText = 660; // bytes: the longest text of kQuadratic groups, with sign and NUL
+
+// The last `count` digits of a group; kBase is the base, or 0 for one that only the caller knows.
+template <limb_t kBase>
+void write_group(char* end, int count, limb_t group, limb_t any_base) {
+    const limb_t base = kBase ? kBase : any_base;
+    for (; count > 0; --count) {
+        *--end = kDigits[group % base];
+        group /= base;
+    }
+}
+
+// Exactly `count` digits of the n limbs x, which are destroyed, zeros in front.
+void write_short(char* out, unsigned count, limb_t* x, int n, const Radix& radix) {
+    const auto group_of = radix.base == 10 ? write_group<10> : write_group<0>;
+    while (count > 0) {
+        const limb_t group = limb::divide_1(x, x, n, radix.power);
+        n = limb::normal_size(x, n);
+        const unsigned digits = static_cast<unsigned>(radix.digits);
+        const unsigned here = count < digits ? count : digits;
+        group_of(out + count, static_cast<int>(here), group, radix.base);
+        count -= here;
+    }
+}
 
 class Digits {
 public:
-    Digits(const Radix& radix, int groups) : radix_(radix), powers_(radix, groups, kQuadratic) {}
+    Digits(const Radix& radix, int groups) : radix_(radix), powers_(radix, groups, kQuadratic) {
+        powers_.invert(kBarrett);
+    }
 
-    // Exactly so many digits of x, which is destroyed, zeros in front.
-    void write(char* out, unsigned count, vor_mpz* x, int level = 0) const {
-        const int groups = radix_.groups(count);
-        level = powers_.cutting(level, groups);
-        if (level == powers_.levels()) return write_short(out, count, x);
-        const unsigned low = static_cast<unsigned>(powers_.exponent(level) * radix_.digits);
-        {
-            Temporary high;
-            vor_gmp_vor_gmp_div_qr(high, x, x, powers_[level]);
-            write(out, count - low, high, level + 1);
+    // The same; scratch has n + 8 limbs for each level.
+    void write(char* out, unsigned count, limb_t* x, int n, limb_t* scratch, int level = 0) const {
+        level = powers_.cutting(level, radix_.groups(count));
+        if (level == powers_.levels()) return write_short(out, count, x, n, radix_);
+        const Power& power = powers_[level];
+        const unsigned low = static_cast<unsigned>(power.exponent * radix_.digits);
+        limb_t *const high = scratch, *const numerator = x + power.zeros;
+        const int nn = n - power.zeros;
+        int high_size = 0;
+        if (nn >= power.n) {
+            high_size = nn - power.n + 1;
+            divide(high, numerator, nn, power);
+            high_size = limb::normal_size(high, high_size);
+            n = limb::normal_size(x, power.zeros + power.n);
         }
-        write(out + (count - low), low, x, level + 1);
+        write(out, count - low, high, high_size, scratch + high_size, level + 1);
+        write(out + (count - low), low, x, n, scratch, level + 1);
     }
 
 private:
-    void write_short(char* out, unsigned count, vor_mpz* x) const {
-        int n = limbs_of(x);
-        limb_t* const limbs = x->_mp_d;
-        for (char* end = out + count; end > out;) {
-            limb_t group = n > 0 ? limb::divide_1(limbs, limbs, n, radix_.power) : 0;
-            n = limb::normal_size(limbs, n);
-            for (int i = 0; i < radix_.digits && end > out; ++i) {
-                *--end = kDigits[group % radix_.base];
-                group /= radix_.base;
-            }
+    // q = x / power, the remainder in place of x, nn <= 2 n limbs.
+    static void divide(limb_t* q, limb_t* x, int nn, const Power& power) {
+        const int n = power.n, qn = nn - n + 1;
+        if (!power.inverse || nn > 2 * n || qn < kBarrett)
+            return limb::divide(q, x, x, nn, power.limbs, n);
+        // The quotient of the leading parts is at most two too small.
+        Limbs<0> product(uint64_t{2} * static_cast<unsigned>(n) + 4);
+        limb::multiply(product, power.inverse, n + 1, x + n - 1, qn);
+        limb::copy(q, product + n + 1, qn);
+        limb::multiply(product, power.limbs, n, q, qn > n ? n : qn); // q is below the power
+        limb::sub_n(x, x, product, n + 1);
+        while (x[n] != 0 || limb::compare(x, power.limbs, n) >= 0) {
+            limb::sub(x, x, n + 1, power.limbs, n);
+            limb::increment(q, qn, 1);
         }
     }
 
     const Radix radix_;
-    const Powers powers_;
+    Powers powers_;
 };
 
 // Digits of `width` bits, the last one lowest.
@@ -67,14 +105,38 @@ void write_bits(char* out, unsigned count, const limb_t* limbs, int n, int width
     }
 }
 
-// `count` digits of |x|; the size in a base may be one too large, and then the first is zero.
 void write_digits(char* out, unsigned count, unsigned base, const vor_mpz* x) {
-    if (const int width = bits_of_digit(base))
-        return write_bits(out, count, x->_mp_d, limbs_of(x), width);
+    const int n = value_size(x);
+    if (const int width = bits_of_digit(base)) return write_bits(out, count, x->_mp_d, n, width);
     const Radix radix(base);
-    Temporary rest;
-    vor_gmp___gmpz_abs(rest, x);
-    Digits(radix, radix.groups(count)).write(out, count, rest);
+    const int groups = radix.groups(count);
+    if (groups <= kQuadratic) {
+        limb_t copy[kQuadratic + 1];
+        limb::copy(copy, x->_mp_d, n);
+        return write_short(out, count, copy, n, radix);
+    }
+    Limbs<0> copy(uint64_t{3} * static_cast<unsigned>(n) + 300);
+    limb::copy(copy, x->_mp_d, n);
+    Digits(radix, groups).write(out, count, copy, n, copy + n);
+}
+
+// The text with its sign, in a buffer of count + 2 bytes; the size in a base may be one too large, and
+// then the first digit is zero.
+char* write_text(char* buffer, unsigned count, unsigned base, const vor_mpz* x) {
+    char* const digits = buffer + 1;
+    write_digits(digits, count, base, x);
+    digits[count] = '\0';
+    char* const first = digits + (count > 1 && digits[0] == '0');
+    if (!negative(x)) return first;
+    first[-1] = '-';
+    return first - 1;
+}
+
+char* to_caller(char* str, const char* text) {
+    const size_t bytes = strlen(text) + 1;
+    if (!str) str = static_cast<char*>(allocate_bytes(bytes));
+    memcpy(str, text, bytes);
+    return str;
 }
 
 } // namespace
@@ -97,16 +159,8 @@ VOR_GMP(char*, __gmpz_get_str, __GMPZ_GET_STR, vor_gmp___gmpz_get_str,
     if (!is_base(b)) return nullptr;
     if (b == 16) return vor_gmp_vor_gmp_get_hexstr(str, x);
     const unsigned count = vor_gmp___gmpz_sizeinbase(x, static_cast<int>(b));
-    const bool minus = negative(x);
-    Bytes work(uint64_t{count} + 2);
-    char* const digits = work.text() + 1;
-    write_digits(digits, count, b, x);
-    digits[count] = '\0';
-    char* const first = digits + (count > 1 && digits[0] == '0');
-    char* const text = first - minus;
-    if (minus) *text = '-';
-    const unsigned bytes = static_cast<unsigned>(digits + count + 1 - text);
-    if (!str) str = static_cast<char*>(allocate_bytes(bytes));
-    memcpy(str, text, bytes);
-    return str;
+    char local[kLocalText];
+    if (count + 2 <= kLocalText) return to_caller(str, write_text(local, count, b, x));
+    const Bytes buffer(uint64_t{count} + 2);
+    return to_caller(str, write_text(buffer.text(), count, b, x));
 }

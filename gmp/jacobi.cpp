@@ -3,7 +3,8 @@
 //
 // For odd b > 0: (2/b) = -1 for b = 3, 5 mod 8; (-1/b) = -1 for b = 3 mod 4; (a/b) = (b/a) for odd a > 0,
 // but for a = b = 3 mod 4, where it is -(b/a).
-#include "gmp/integer.h"
+#include "gmp/euclid.h"
+#include "gmp/thresholds.h"
 
 using namespace vor;
 using namespace vor::gmp;
@@ -49,19 +50,14 @@ bool take_twos(vor_mpz* x) {
     return c % 2;
 }
 
-// (y/x) for odd x > 0 and y >= 0, both destroyed
-int jacobi_odd(vor_mpz* y, vor_mpz* x, bool minus) {
-    while (limbs_of(y) > 1 || limbs_of(x) > 1) {
-        if (vor_gmp___gmpz_cmp(y, x) < 0) {
-            if (y->_mp_size == 0) return 0; // x > 1
-            minus ^= take_twos(y) && two_is_negative(low_limb(x));
-            minus ^= exchange_is_negative(low_limb(y), low_limb(x));
-            vor_gmp___gmpz_swap(x, y);
-        }
-        vor_gmp_vor_gmp_div_r(y, y, x);
-    }
-    const int s = jacobi_words(y->_mp_size ? low_limb(y) : 0, low_limb(x));
-    return minus ? -s : s;
+// (y/x) for odd x > 0 and y > 0
+int jacobi_odd(const vor_mpz* y, const vor_mpz* x) {
+    const int yn = limbs_of(y), xn = limbs_of(x), n = xn > yn ? xn : yn;
+    if (n == 1) return jacobi_words(low_limb(y), low_limb(x));
+    Limbs<kLocal> copies(uint64_t{2} * n);
+    limb::copy(copies, y->_mp_d, yn);
+    limb::copy(copies + n, x->_mp_d, xn);
+    return jacobi_limbs(copies, yn, copies + n, xn);
 }
 
 } // namespace
@@ -78,12 +74,12 @@ VOR_GMP(int, __gmpz_jacobi, __GMPZ_JACOBI, vor_gmp___gmpz_jacobi,
     if (an == 0) return vor_gmp___gmpz_cmpabs_ui(b, 1) == 0;
     if (low_limb(a) % 2 == 0 && low_limb(b) % 2 == 0) return 0;
     bool minus = negative(a) && negative(b);
-    Temporary x, y;
+    Temporary x;
     vor_gmp___gmpz_abs(x, b);
-    vor_gmp___gmpz_abs(y, a);
-    minus ^= take_twos(x) && two_is_negative(low_limb(y));
+    minus ^= take_twos(x) && two_is_negative(low_limb(a));
     minus ^= negative(a) && low_limb(x) % 4 == 3;
-    return jacobi_odd(y, x, minus);
+    const int symbol = jacobi_odd(a, x);
+    return minus ? -symbol : symbol;
 }
 
 VOR_GMP(int, __gmpz_kronecker_si, __GMPZ_KRONECKER_SI, vor_gmp___gmpz_kronecker_si,

@@ -63,7 +63,7 @@ Answer miller_rabin(const vor_mpz* n, int reps) {
 extern "C" int _impMRtest(const vor_mpz* q, vor_mpz* t, const vor_mpz* y, vor_mpz* x,
                           const vor_mpz* n, const vor_mpz* nm1, unsigned k) {
     vor_gmp___gmpz_set(t, q);
-    vor_gmp___gmpz_powm(x, y, t, n);
+    vor_gmp_mpz_powm_mary(x, y, t, n); // the power that __gmpz_powm finds, sooner
     if (vor_gmp___gmpz_cmp_ui(x, 1) == 0 || vor_gmp___gmpz_cmp(x, nm1) == 0) return 1;
     for (unsigned i = 1; i < k; ++i) {
         vor_gmp___gmpz_mul(x, x, x);

@@ -35,31 +35,42 @@ struct Radix {
     limb_t power;
 };
 
-// The powers power^e for e = ceil(groups / 2), ceil(e / 2), ... down to the last one above `smallest`:
-// one squaring each, from the bottom up. Level 0 is the largest.
+// A power of the base: n limbs without zeros at either end, above `zeros` zero limbs.
+struct Power {
+    int exponent; // of radix.power
+    int zeros, n;
+    limb_t* limbs;
+    // floor(B^(2n) / limbs), n + 1 limbs, where division by products pays, else null.
+    limb_t* inverse;
+};
+
+// The powers power^e for e = ceil(groups / 2), ceil(e / 2), ... down to the first one not above
+// `smallest`: one squaring each, from the bottom up. Level 0 is the largest.
 class Powers {
 public:
     Powers(const Radix& radix, int groups, int smallest);
-    ~Powers() {
-        for (int i = 0; i < levels_; ++i) vor_gmp___gmpz_clear(&power_[i]);
-    }
+    ~Powers();
     Powers(const Powers&) = delete;
     Powers& operator=(const Powers&) = delete;
 
+    // Inverses of the powers from level 1 on (the largest divides once) of `shortest` limbs and more.
+    void invert(int shortest);
+
     // The first level from `level` on whose power cuts a number of so many groups; levels() if none does.
     int cutting(int level, int groups) const {
-        while (level < levels_ && exponent_[level] >= groups) ++level;
+        while (level < levels_ && power_[level].exponent >= groups) ++level;
         return level;
     }
     int levels() const { return levels_; }
-    int exponent(int level) const { return exponent_[level]; }
-    const vor_mpz* operator[](int level) const { return &power_[level]; }
+    const Power& operator[](int level) const { return power_[level]; }
 
 private:
     static constexpr int kMostLevels = 32;
+    void raise(Power* p, const Radix& radix);
+    void square(Power* p, const Power& root, const Radix& radix);
+
     int levels_ = 0;
-    int exponent_[kMostLevels];
-    vor_mpz power_[kMostLevels];
+    Power power_[kMostLevels];
 };
 
 } // namespace vor::gmp

@@ -1,133 +1,149 @@
-// Integer roots. Square roots by Zimmermann's recursion: half of the digits, a division for the others.
-// Other roots by Newton's iteration from above, at a precision that doubles (Brent and Zimmermann, Modern
-// Computer Arithmetic, 1.5). Results may be the operand.
+// Integer roots. Higher ones by Newton's iteration on truncated numbers, whose precision doubles with each
+// step from what logarithms give (Brent and Zimmermann, Modern Computer Arithmetic, 1.5.2 and 4.2), with
+// some bits behind the point: unless these are nearly all equal, they tell the integral part and that the
+// root is not exact. Otherwise the power tells. Results may be the operand.
 #include "gmp/root.h"
-#include "gmp/integer.h"
 #include "gmp/limb/kernel/divide_2_by_1.h"
+
+#include <math.h>
 
 using namespace vor;
 using namespace vor::gmp;
 
 namespace {
 
-// floor(sqrt(n)) for n >= 2^62, from the top bit down.
-limb_t square_root(uint64_t n, uint64_t* rest) {
-    limb_t s = static_cast<limb_t>(__builtin_sqrtl(static_cast<long double>(n)));
-    // The root of a number of 64 bits, rounded to nearest, may be 2^32, and one too large.
-    if (static_cast<long double>(s) * s > static_cast<long double>(n)) --s;
-    *rest = n - uint64_t{s} * s;
-    return s;
-}
+constexpr unsigned kGuardBits = 16;
+constexpr int64_t kShortRoot = 16; // bits of roots that logarithms alone tell, guard bits included
+constexpr unsigned kGuardedUnits = 8; // of the last guard bit, by which a root may be off
 
-uint64_t low_two(const vor_mpz* x) {
-    return uint64_t{x->_mp_d[1]} << 32 | x->_mp_d[0];
-}
-
-void set_two(vor_mpz* x, uint64_t v) {
-    x->_mp_d[0] = static_cast<limb_t>(v);
-    x->_mp_d[1] = static_cast<limb_t>(v >> 32);
-    finish(x, 2, false);
-}
-
-// s and rest of n, which has 2 h limbs, the top one 2^30 or above.
-void normalised_root(vor_mpz* s, vor_mpz* rest, const vor_mpz* n) {
-    if (limbs_of(n) == 2) {
-        uint64_t r;
-        vor_gmp___gmpz_set_ui(s, square_root(low_two(n), &r));
-        return set_two(rest, r);
+// m * 2^exponent, about `precision` bits of it.
+class Truncated {
+public:
+    Truncated() = default;
+    void set(const vor_mpz* x, int64_t bits) {
+        exponent_ = 0;
+        vor_gmp___gmpz_set(m_, x);
+        cut(bits);
     }
-    // n = (high, a1, a0) in digits of l limbs, high of twice h - l limbs.
-    const int h = limbs_of(n) / 2, l = h / 2;
-    const unsigned digit = 32 * static_cast<unsigned>(l);
-    const auto part = [n](int from, int count) {
-        return vor_mpz{count, limb::normal_size(n->_mp_d + from, count), n->_mp_d + from};
-    };
-    const vor_mpz high = part(2 * l, 2 * (h - l)), a1 = part(l, l), a0 = part(0, l);
-    Temporary q(uint64_t{2} + l), u;
-    normalised_root(s, rest, &high);
-    vor_gmp___gmpz_mul_2exp(rest, rest, digit);
-    vor_gmp___gmpz_add(rest, rest, &a1);
-    vor_gmp___gmpz_mul_2exp(u, s, 1);
-    vor_gmp___gmpz_tdiv_qr(q, rest, rest, u);
-    vor_gmp___gmpz_mul_2exp(s, s, digit);
-    vor_gmp___gmpz_add(s, s, q);
-    vor_gmp___gmpz_mul_2exp(rest, rest, digit);
-    vor_gmp___gmpz_add(rest, rest, &a0);
-    vor_gmp___gmpz_mul(u, q, q);
-    vor_gmp___gmpz_sub(rest, rest, u);
-    if (!negative(rest)) return;
-    // One too large: rest += 2 s - 1.
-    vor_gmp___gmpz_addmul_ui(rest, s, 2);
-    vor_gmp___gmpz_sub_ui(rest, rest, 1);
-    vor_gmp___gmpz_sub_ui(s, s, 1);
+    void set(uint64_t m, int64_t exponent) {
+        m_->_mp_d[0] = static_cast<limb_t>(m);
+        m_->_mp_d[1] = static_cast<limb_t>(m >> 32);
+        finish(m_, 2, false);
+        exponent_ = exponent;
+    }
+    void multiply(Truncated* other, int64_t bits) {
+        vor_gmp___gmpz_mul(m_, m_, other->m_);
+        exponent_ += other->exponent_;
+        cut(bits);
+    }
+    // this = base^k, k > 0
+    void power(Truncated* base, unsigned k, int64_t bits) {
+        vor_gmp___gmpz_set(m_, base->m_);
+        exponent_ = base->exponent_;
+        cut(bits);
+        for (int i = 30 - __builtin_clz(k); i >= 0; --i) {
+            multiply(this, bits);
+            if (k >> i & 1) multiply(base, bits);
+        }
+    }
+    // The integral part after a shift by `bits` to the left.
+    void integral(vor_mpz* r, int64_t bits) const {
+        const int64_t shift = exponent_ + bits;
+        vor_mpz* const m = const_cast<Truncated*>(this)->m_;
+        if (shift >= 0)
+            vor_gmp___gmpz_mul_2exp(r, m, static_cast<unsigned>(shift));
+        else
+            vor_gmp___gmpz_tdiv_q_2exp(r, m, static_cast<unsigned>(-shift));
+    }
+    vor_mpz* m() { return m_; }
+    int64_t exponent() const { return exponent_; }
+    void set_exponent(int64_t exponent) { exponent_ = exponent; }
+    void cut(int64_t bits) {
+        const int64_t more = static_cast<int64_t>(bit_length(m_)) - bits;
+        if (more <= 0) return;
+        vor_gmp___gmpz_tdiv_q_2exp(m_, m_, static_cast<unsigned>(more));
+        exponent_ += more;
+    }
+
+private:
+    Temporary m_;
+    int64_t exponent_ = 0;
+};
+
+// The bits that are right in a root of so many bits from logarithms: an error in the last of the 53 bits
+// (a caller may have switched off extended precision) of a number of that size, and some more.
+int64_t first_bits(int64_t bits) {
+    return 44 - (63 - __builtin_clzll(static_cast<uint64_t>(bits)));
+}
+
+// n^(1/k) from logarithms.
+void first_root(Truncated* x, const vor_mpz* n, unsigned k) {
+    const int size = limbs_of(n);
+    const limb_t* const p = n->_mp_d;
+    long double leading = p[size - 1];
+    if (size > 1) leading = leading * 0x1p32L + p[size - 2];
+    if (size > 2) leading = leading * 0x1p32L + p[size - 3];
+    const int64_t below = 32 * int64_t{size > 3 ? size - 3 : 0};
+    const long double logarithm = (log2l(leading) + static_cast<long double>(below)) / k;
+    const int64_t whole = static_cast<int64_t>(logarithm);
+    const long double m = exp2l(logarithm - static_cast<long double>(whole) + 62);
+    x->set(static_cast<uint64_t>(m), whole - 62);
+}
+
+// One step of Newton to `bits` bits: x' = ((k - 1) x + n / x^(k-1)) / k.
+void step(Truncated* x, const vor_mpz* n, unsigned k, int64_t bits) {
+    Truncated power, numerator;
+    power.power(x, k - 1, bits);
+    numerator.set(n, 2 * bits);
+    // A quotient of at least `bits` bits.
+    const int64_t longer = static_cast<int64_t>(bit_length(power.m())) + bits -
+                           static_cast<int64_t>(bit_length(numerator.m())) + 1;
+    if (longer > 0)
+        vor_gmp___gmpz_mul_2exp(numerator.m(), numerator.m(), static_cast<unsigned>(longer));
+    const int64_t exponent = numerator.exponent() - (longer > 0 ? longer : 0) - power.exponent();
+    vor_gmp___gmpz_tdiv_q(numerator.m(), numerator.m(), power.m());
+    // Both at the exponent of the quotient, which is the lower one.
+    Temporary sum;
+    x->integral(sum, -exponent);
+    vor_gmp___gmpz_mul_ui(sum, sum, k - 1);
+    vor_gmp___gmpz_add(sum, sum, numerator.m());
+    vor_gmp___gmpz_tdiv_q_ui(x->m(), sum, k);
+    x->set_exponent(exponent);
+    x->cut(bits);
+}
+
+// r = floor(n^(1/k)) for a root of so many bits; whether it is exact. k > 2, n >= 2^k.
+bool higher_root(vor_mpz* r, const vor_mpz* n, unsigned k, int64_t bits) {
+    Truncated x;
+    first_root(&x, n, k);
+    const int64_t wanted = bits + kGuardBits + 4;
+    if (bits > kShortRoot) {
+        // An error e becomes (k - 1) / 2 e^2. A root of 2^i bits of a number of less than 2^38 has k below
+        // 2^(38 - i): more than one bit is won.
+        const int64_t lost = 32 - __builtin_clz(k);
+        for (int64_t right = first_bits(bits); right < wanted;) {
+            right = 2 * right - lost;
+            if (right > wanted) right = wanted;
+            step(&x, n, k, right + 4 + lost);
+        }
+    }
+    Temporary guarded;
+    x.integral(guarded, kGuardBits);
+    const limb_t fraction = guarded->_mp_size ? guarded->_mp_d[0] & ((1u << kGuardBits) - 1) : 0;
+    const bool clear = fraction >= kGuardedUnits && fraction < (1u << kGuardBits) - kGuardedUnits;
+    if (!clear) vor_gmp___gmpz_add_ui(guarded, guarded, kGuardedUnits); // to the nearest integer
+    vor_gmp___gmpz_tdiv_q_2exp(r, guarded, kGuardBits);
+    if (clear) return false;
+    Temporary power;
+    vor_gmp___gmpz_pow_ui(power, r, k);
+    const int order = vor_gmp___gmpz_cmp(power, n);
+    if (order > 0) vor_gmp___gmpz_sub_ui(r, r, 1);
+    return order == 0;
 }
 
 } // namespace
 
 namespace vor::gmp {
-
-bool integer_sqrt(vor_mpz* s, const vor_mpz* n) {
-    const uint64_t bits = bit_length(n);
-    if (bits == 0) {
-        s->_mp_size = 0;
-        return true;
-    }
-    // An even shift to whole pairs of limbs.
-    const unsigned shift = static_cast<unsigned>((0 - bits) % 64) & ~1u;
-    Temporary shifted, root, rest;
-    vor_gmp___gmpz_mul_2exp(shifted, n, shift);
-    vor_gmp___gmpz_abs(shifted, shifted);
-    normalised_root(root, rest, shifted);
-    vor_gmp___gmpz_tdiv_q_2exp(s, root, shift / 2);
-    return rest->_mp_size == 0;
-}
-
-// Bits of a root that are found one by one, with k-th powers: Newton's iteration is slow as long as its
-// relative error is above 1 / k.
-static uint64_t bits_by_search(unsigned k) {
-    return 5u + static_cast<unsigned>(31 - __builtin_clz(k));
-}
-
-static void search(vor_mpz* r, const vor_mpz* n, unsigned k, uint64_t bits) {
-    Temporary power;
-    r->_mp_size = 0;
-    for (uint64_t i = bits; i-- > 0;) {
-        vor_gmp___gmpz_setbit(r, static_cast<unsigned>(i));
-        vor_gmp___gmpz_pow_ui(power, r, k);
-        if (vor_gmp___gmpz_cmp(power, n) > 0) vor_gmp___gmpz_clrbit(r, static_cast<unsigned>(i));
-    }
-}
-
-// r above or at the root before, at the root behind: r' = ((k - 1) r + n / r^(k - 1)) / k is not below
-// the root, and below r as long as r is above it. Whether r^k = n.
-static bool newton(vor_mpz* r, const vor_mpz* n, unsigned k) {
-    Temporary power, quotient, rest;
-    for (;;) {
-        vor_gmp___gmpz_pow_ui(power, r, k - 1);
-        vor_gmp___gmpz_tdiv_qr(quotient, rest, n, power);
-        const int order = vor_gmp___gmpz_cmp(quotient, r);
-        if (order >= 0) return order == 0 && rest->_mp_size == 0;
-        vor_gmp___gmpz_addmul_ui(quotient, r, k - 1);
-        vor_gmp___gmpz_tdiv_q_ui(r, quotient, k);
-    }
-}
-
-static bool higher_root(vor_mpz* r, const vor_mpz* n, unsigned k) {
-    const uint64_t bits = (bit_length(n) - 1) / k + 1; // of the root
-    if (bits <= bits_by_search(k)) {
-        search(r, n, k, bits);
-    } else {
-        // The root of n without its low digits, one unit of the last one above.
-        const uint64_t found = bits / 2 + bits_by_search(k) / 2 + 1;
-        const uint64_t cut = bits > found ? bits - found : bits / 2;
-        Temporary high;
-        vor_gmp___gmpz_tdiv_q_2exp(high, n, static_cast<unsigned>(cut * k));
-        higher_root(r, high, k);
-        vor_gmp___gmpz_add_ui(r, r, 1);
-        vor_gmp___gmpz_mul_2exp(r, r, static_cast<unsigned>(cut));
-    }
-    return newton(r, n, k);
-}
 
 bool integer_root(vor_mpz* r, const vor_mpz* n, unsigned k) {
     if (k == 1) {
@@ -135,13 +151,16 @@ bool integer_root(vor_mpz* r, const vor_mpz* n, unsigned k) {
         return true;
     }
     if (k == 2) return integer_sqrt(r, n);
-    if (bit_length(n) <= k) { // below 2^k
-        const bool exact = vor_gmp___gmpz_cmp_ui(n, 1) <= 0;
-        vor_gmp___gmpz_set_ui(r, value_size(n) != 0);
+    const uint64_t bits = bit_length(n);
+    if (bits <= k) { // below 2^k
+        const bool exact = bits <= 1;
+        vor_gmp___gmpz_set_ui(r, bits > 0);
         return exact;
     }
     Temporary root;
-    const bool exact = higher_root(root, n, k);
+    // The root has floor((bits - 1) / k) + 1 bits; one more does no harm.
+    const int64_t root_bits = static_cast<int64_t>(static_cast<long double>(bits) / k) + 2;
+    const bool exact = higher_root(root, n, k, root_bits);
     vor_gmp___gmpz_set(r, root);
     return exact;
 }
@@ -157,8 +176,7 @@ VOR_GMP(int, __gmpz_root, __GMPZ_ROOT, vor_gmp___gmpz_root,
         r->_mp_size = 0;
         return 0;
     }
-    vor_mpz magnitude = *a;
-    magnitude._mp_size = value_size(a);
+    const vor_mpz magnitude{a->_mp_alloc, value_size(a), a->_mp_d};
     const bool exact = integer_root(r, &magnitude, k);
     if (!minus) return exact;
     if (!exact) vor_gmp___gmpz_add_ui(r, r, 1); // downward

@@ -2,6 +2,7 @@
 // are read first, and joined by a product with a power of the base (Knuth, 4.4); a short one a limb of
 // digits at a time.
 #include "gmp/radix.h"
+#include "gmp/thresholds.h"
 
 #include <string.h>
 
@@ -23,22 +24,32 @@ class Reader {
 public:
     Reader(const Radix& radix, int groups) : radix_(radix), powers_(radix, groups, kQuadratic) {}
 
-    // r = the value of so many digits
-    void read(vor_mpz* r, const char* text, unsigned count, int level = 0) const {
+    // r = the value of so many digits, in room for their groups and one limb more; its size. scratch has
+    // two limbs for each group, and 8 for each level.
+    int read(limb_t* r, const char* text, unsigned count, limb_t* scratch, int level = 0) const {
         const int groups = radix_.groups(count);
         level = powers_.cutting(level, groups);
-        if (level == powers_.levels()) return read_short(r, text, count, groups);
-        const unsigned low = static_cast<unsigned>(powers_.exponent(level) * radix_.digits);
-        Temporary high;
-        read(high, text, count - low, level + 1);
-        read(r, text + (count - low), low, level + 1);
-        vor_gmp___gmpz_mul(high, high, powers_[level]);
-        vor_gmp___gmpz_add(r, r, high);
+        if (level == powers_.levels()) return read_short(r, text, count);
+        const Power& power = powers_[level];
+        const unsigned low = static_cast<unsigned>(power.exponent * radix_.digits);
+        limb_t* const high = scratch;
+        limb_t* const product = high + (groups - power.exponent + 1);
+        const int hn = read(high, text, count - low, product, level + 1);
+        const int n = read(r, text + (count - low), low, product, level + 1);
+        if (hn == 0) return n;
+        if (hn >= power.n)
+            limb::multiply(product, high, hn, power.limbs, power.n);
+        else
+            limb::multiply(product, power.limbs, power.n, high, hn);
+        // The lower part is below the power: its limbs above the zeros are at most power.n.
+        const int above = power.zeros + power.n;
+        limb::clear(r + n, above - n);
+        limb::add(r + power.zeros, product, hn + power.n, r + power.zeros, power.n);
+        return limb::normal_size(r, above + hn);
     }
 
 private:
-    void read_short(vor_mpz* r, const char* text, unsigned count, int groups) const {
-        limb_t* const limbs = grow(r, groups);
+    int read_short(limb_t* r, const char* text, unsigned count) const {
         int n = 0;
         const unsigned digits = static_cast<unsigned>(radix_.digits);
         for (unsigned first = count % digits ? count % digits : digits; count > 0; first = digits) {
@@ -46,16 +57,24 @@ private:
             for (unsigned i = 0; i < first; ++i)
                 group = group * radix_.base + static_cast<limb_t>(digit_value(*text++));
             count -= first;
-            const limb_t carry = limb::mul_1(limbs, limbs, n, radix_.power);
-            limbs[n] = carry + limb::increment(limbs, n, group);
-            n += limbs[n] != 0;
+            const limb_t carry = limb::mul_1(r, r, n, radix_.power);
+            r[n] = carry + limb::increment(r, n, group);
+            n += r[n] != 0;
         }
-        finish(r, n, false);
+        return n;
     }
 
     const Radix radix_;
     const Powers powers_;
 };
+
+void read_digits(vor_mpz* r, const char* text, unsigned count, const Radix& radix) {
+    const int groups = radix.groups(count);
+    limb_t* const limbs = grow(r, static_cast<unsigned>(groups) + 2);
+    Limbs<kLocal> scratch(groups <= kQuadratic ? 0
+                                               : uint64_t{2} * static_cast<unsigned>(groups) + 300);
+    r->_mp_size = Reader(radix, groups).read(limbs, text, count, scratch);
+}
 
 void read_bits(vor_mpz* r, const char* text, unsigned count, int width) {
     const int n = bits_to_limbs(uint64_t{count} * static_cast<unsigned>(width));
@@ -113,8 +132,7 @@ VOR_GMP(int, __gmpz_set_str, __GMPZ_SET_STR, vor_gmp___gmpz_set_str,
     } else if (const int width = bits_of_digit(b)) {
         read_bits(r, first, count, width);
     } else {
-        const Radix radix(b);
-        Reader(radix, radix.groups(count)).read(r, first, count);
+        read_digits(r, first, count, Radix(b));
     }
     if (bad) return -1;
     if (minus) r->_mp_size = -r->_mp_size;

@@ -252,6 +252,27 @@ TEST(MemoryDeathTest, AtEveryAllocation) {
         [](auto* x, auto* y) { __gmpz_pow_ui(x, y, 3); },
         [](auto* x, auto* y) { __gmpz_hamdist(x, y); },
         [](auto* x, auto*) { __gmpz_random2(x, 900); },
+        [](auto* x, auto* y) { __gmpz_gcdext(x, y, nullptr, x, y); },
+        [](auto* x, auto* y) { __gmpz_setbit(y, 0), __gmpz_powm_ui(x, x, 5, y); },
+        [](auto* x, auto* y) { __gmpz_set_ui(y, 96), __gmpz_powm_ui(x, x, 5, y); },
+        [](auto* x, auto*) { __gmpz_set_ui(x, 4294967291u), __gmpz_probab_prime_p(x, 1); },
+        [](auto* x, auto*) { __gmpz_root(x, x, 3); },
+        [](auto* x, auto* y) { __gmpz_sqrtrem(x, y, x); },
+        [](auto* x, auto*) { __gmpz_fac_ui(x, 2000); },
+        [](auto* x, auto*) { __gmpz_bin_uiui(x, 2000, 700); },
+        [](auto* x, auto*) { __gmpz_lucnum_ui(x, 3000); },
+        [](auto* x, auto*) { __gmp_default_free(__gmpz_get_str(nullptr, 10, x), 0); },
+        [](auto* x, auto*) { __gmpz_set_str(x, std::string(3000, '7').c_str(), 10); },
+        [](auto* x, auto*) {
+            __gmp_default_free(__gmpz_export(nullptr, nullptr, 1, 3, 1, 0, x), 0);
+        },
+        [](auto* x, auto*) {
+            FILE* const file =
+                fmemopen(const_cast<char*>("\0\0\0\3abc 12345678901234567890"), 28, "r");
+            __gmpz_inp_raw(x, file);
+            __gmpz_inp_str(x, file, 10);
+            fclose(file);
+        },
     };
     for (const auto& call : calls) {
         const auto allocated = [&](long failing) {
