@@ -93,16 +93,16 @@ TavStatus tavsSqr_32u64u(const word* a, int n, word* r) {
 }
 }
 
-#define FIXED(N)                                                                                   \
-    extern "C" TavStatus tavsMul_BNU##N(const word* a, const word* b, word* r) {                   \
+#define FIXED(mul, multiply, sqr, square)                                                          \
+    extern "C" TavStatus mul(const word* a, const word* b, word* r) {                              \
         if (any_null(a, b, r)) return tavStsNullPtrErr;                                            \
-        cpMul_BNU##N(a, b, r);                                                                     \
+        multiply(a, b, r);                                                                         \
         return tavStsNoErr;                                                                        \
     }                                                                                              \
-    extern "C" TavStatus tavsSqr_BNU##N(const word* a, word* r) {                                  \
+    extern "C" TavStatus sqr(const word* a, word* r) {                                             \
         if (any_null(a, r)) return tavStsNullPtrErr;                                               \
-        cpSqr_BNU##N(a, r);                                                                        \
+        square(a, r);                                                                              \
         return tavStsNoErr;                                                                        \
     }
-FIXED(4)
-FIXED(8)
+FIXED(tavsMul_BNU4, cpMul_BNU4, tavsSqr_BNU4, cpSqr_BNU4)
+FIXED(tavsMul_BNU8, cpMul_BNU8, tavsSqr_BNU8, cpSqr_BNU8)
