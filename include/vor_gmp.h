@@ -17,6 +17,12 @@
  *
  * Spellings. Each function of a VOR_SPELLINGS line stands under four names at one address.
  *
+ * Other libraries. The names __gmp... are those of libgmp as well. In one process the library that comes first
+ * in the order of linking (or of LD_PRELOAD) serves both its own callers and the other's, and a block of one
+ * is not a block of the other: records must not pass between code that was bound to different ones, which ends
+ * in a damaged heap. A program that needs both, itself or through a third library, loads this one by dlopen
+ * with RTLD_LOCAL | RTLD_DEEPBIND, or links libgmp first and does without these functions.
+ *
  * Threads. Different records are independent. The allocation functions and the scratch block are
  * shared by the process and have no lock. */
 #ifndef VOR_GMP_H
@@ -41,8 +47,8 @@ typedef vor_mpz mpz_t[1];
 
 /* ---- Memory ----------------------------------------------------------------------------------- */
 
-/* All limbs and all scratch on the heap come from three functions, which a program may replace
- * before it makes its first record. Sizes are in bytes; the old size is what was asked for. An
+/* All limbs, and the scratch that is counted in limbs, come from three functions, which a program may
+ * replace before it makes its first record; tables of long products come from malloc. Sizes are in bytes; the old size is what was asked for. An
  * allocation function that returns null ends the process. */
 typedef void* (*vor_gmp_allocator)(unsigned size);
 typedef void* (*vor_gmp_reallocator)(void* block, unsigned old_size, unsigned size);

@@ -161,7 +161,8 @@ int vor_serv_l2cache(void);
 /* dsecnd, second: seconds of wall-clock time from an origin of their own: only the difference of two
  * calls means something, and that of second is coarse once the processor has run for long, since a
  * float has 24 bits. The first call of either blocks for about a second of processor time, in which
- * the frequency of the time-stamp counter is found. */
+ * the frequency is found (vor_serv_getcpufrequency). Time-stamp counters that run at another rate than the
+ * processor, as all newer ones do, stretch the seconds by the ratio of the two. */
 VOR_SPELLINGS(double, dsecnd, DSECND, (void))
 VOR_SPELLINGS(float, second, SECOND, (void))
 double vor_serv_dsecnd(void); /* the same without the configuration file */
