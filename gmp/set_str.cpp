@@ -70,7 +70,7 @@ private:
 
 void read_digits(vor_mpz* r, const char* text, unsigned count, const Radix& radix) {
     const int groups = radix.groups(count);
-    limb_t* const limbs = grow(r, static_cast<unsigned>(groups) + 2);
+    limb_t* const limbs = grow(r, uint64_t{2} + static_cast<unsigned>(groups));
     Limbs<kLocal> scratch(groups <= kQuadratic ? 0
                                                : uint64_t{2} * static_cast<unsigned>(groups) + 300);
     r->_mp_size = Reader(radix, groups).read(limbs, text, count, scratch);

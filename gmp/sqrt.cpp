@@ -79,7 +79,7 @@ bool integer_sqrt(vor_mpz* s, const vor_mpz* n) {
     limb::lshift(shifted + pad, n->_mp_d, size, bits);
     const limb_t top = root(result, shifted, h, scratch);
     const bool exact = top == 0 && limb::normal_size(shifted, h) == 0;
-    limb_t* const limbs = grow(s, static_cast<unsigned>(h));
+    limb_t* const limbs = grow(s, static_cast<int>(h));
     const unsigned down = bits / 2 + 16 * static_cast<unsigned>(pad);
     limb::rshift(limbs, result, h, down);
     finish(s, h, false);
