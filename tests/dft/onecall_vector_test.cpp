@@ -57,7 +57,7 @@ void run(size_t n, bool split, size_t offset, WorstError& worst) {
     SCOPED_TRACE(::testing::Message() << "n " << n << " split " << split << " offset " << offset);
     const Spectrum signal = random_spectrum<R>(n, n);
     const Spectrum spectrum = transform(signal, Direction::forward);
-    Spectrum mean = transform(signal, Direction::inverse);
+    Spectrum mean = transform(signal, Direction::backward);
     for (auto& v : mean) v /= static_cast<long double>(n);
     Work<R> wsave(complex_wsave<R>(n));
     Points<R> x(n, split, offset);
