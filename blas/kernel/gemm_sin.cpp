@@ -94,9 +94,11 @@ inline void group(const float* a, const float* b, float* c) {
     store<false>(c + 12, _mm_add_ps(s3, load<false>(c + 12)));
 }
 
+// In a panel of one group too few rows share what is spread.
 template <int M, int K>
 inline void kernel(int n, const float* apanel, const float* b, int ldb, float* c, int ldc) {
-    for (; n >= kColumns; n -= kColumns, b += kColumns * ldb, c += kColumns * ldc) {
+    constexpr bool tiles = M > kGroup;
+    for (; tiles && n >= kColumns; n -= kColumns, b += kColumns * ldb, c += kColumns * ldc) {
         prefetch_columns<M, K>(kColumns, b + kColumns * ldb, ldb, c + kColumns * ldc, ldc);
         six_columns<M, K>(apanel, b, ldb, c, ldc);
     }
