@@ -47,6 +47,21 @@ constexpr bool is_zero(T x) {
         return x == 0;
 }
 
+// The same by the bits, the sign excluded: a subnormal number is none, also where the processor takes it for
+// one.
+template <class T>
+inline bool has_zero_bits(const T& x) {
+    if constexpr (is_complex<T>) {
+        return has_zero_bits(x.re) && has_zero_bits(x.im);
+    } else {
+        unsigned words[sizeof(T) / sizeof(unsigned)];
+        __builtin_memcpy(words, &x, sizeof(T));
+        unsigned any = words[sizeof(T) / sizeof(unsigned) - 1] << 1;
+        if constexpr (sizeof(T) == 8) any |= words[0];
+        return any == 0;
+    }
+}
+
 template <class T>
 constexpr bool is_one(T x) {
     if constexpr (is_complex<T>)

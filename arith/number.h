@@ -131,5 +131,16 @@ constexpr T element(V x) {
         return static_cast<T>(x);
 }
 
+// A number rounded to another kind of number.
+template <class V, class W>
+constexpr V rounded(W x) {
+    if constexpr (Parted<V>) {
+        using R = real_t<V>;
+        return {static_cast<R>(x.re), static_cast<R>(x.im)};
+    } else {
+        return static_cast<V>(x);
+    }
+}
+
 } // namespace arith
 } // namespace vor

@@ -10,7 +10,3 @@ inline bool is_letter(const char* argument, char upper) {
 }
 
 } // namespace vor::blas
-
-namespace vor {
-using blas::is_letter;
-}

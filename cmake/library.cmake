@@ -8,6 +8,11 @@
 file(GLOB_RECURSE vor_sources CONFIGURE_DEPENDS
     serv/*.cpp blas/*.cpp dft/*.cpp spblas/*.cpp signal/*.cpp gmp/*.cpp)
 
+# Their lists of argument addresses are not worth a vector each.
+file(GLOB vor_checks CONFIGURE_DEPENDS
+    blas/check/*.cpp blas/cblas/*.cpp dft/onecall/check.cpp spblas/check.cpp)
+set_source_files_properties(${vor_checks} PROPERTIES COMPILE_OPTIONS -fno-tree-slp-vectorize)
+
 set(vor_exports ${PROJECT_SOURCE_DIR}/exports.txt)
 set(vor_version_script ${PROJECT_BINARY_DIR}/exports.map)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${vor_exports})

@@ -61,7 +61,7 @@ unsigned first_one(const limb_t* limbs, int n, uint64_t i) {
 // The n limbs of x, with bit i of theirs set or not; zeros come in above as far as that takes.
 limb_t* reach(vor_mpz* x, int i, int room) {
     const int n = limbs_of(x);
-    limb_t* const d = grow(x, static_cast<unsigned>(room));
+    limb_t* const d = grow(x, room);
     if (i >= n) limb::clear(d + n, i + 1 - n); // what stands above the value is not part of it
     return d;
 }

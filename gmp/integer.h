@@ -77,6 +77,12 @@ inline limb_t* grow(vor_mpz* x, uint64_t n) {
     return x->_mp_d;
 }
 
+// For sums of few sizes of records, each below 2^30: no sum of 64 bits on the way of small numbers.
+inline limb_t* grow(vor_mpz* x, int n) {
+    if (n > x->_mp_alloc) move_limbs(x, static_cast<unsigned>(n), x->_mp_alloc);
+    return x->_mp_d;
+}
+
 // Zeros in x from limb `from` to the end of its allocation.
 inline void clear_above(vor_mpz* x, int from) {
     limb::clear(x->_mp_d + from, x->_mp_alloc - from);

@@ -4,7 +4,7 @@
 // State, process-wide and without a lock: the three function pointers, to be set before the first
 // record is made, and the scratch block with its size.
 #include "serv/memory.h"
-#include "gmp/integer.h"
+#include "gmp/bytes.h"
 
 #include <string.h>
 
@@ -185,6 +185,21 @@ void deallocate(word* limbs, int n) {
 } // namespace vor::limb
 
 namespace vor::gmp {
+
+void* allocate_bytes(uint64_t n) {
+    void* const block =
+        n <= UINT32_MAX ? vor_gmp_vor_gmp_allocate(static_cast<unsigned>(n)) : nullptr;
+    if (!block) out_of_memory(n);
+    return block;
+}
+
+void* reallocate_bytes(void* old, unsigned old_size, uint64_t n) {
+    void* const block = n <= UINT32_MAX
+                            ? vor_gmp_vor_gmp_reallocate(old, old_size, static_cast<unsigned>(n))
+                            : nullptr;
+    if (!block) out_of_memory(n);
+    return block;
+}
 
 void move_limbs(vor_mpz* x, uint64_t n, int kept) {
     limb_t* const limbs = limb::allocate(n);

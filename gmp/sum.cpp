@@ -31,7 +31,7 @@ int subtract_magnitudes(limb_t* r, const limb_t* x, int xn, const limb_t* y, int
 // Signed sum of a and b, where b counts with the size bs.
 [[gnu::always_inline]] inline void add(vor_mpz* r, const vor_mpz* a, const vor_mpz* b, int bs) {
     const int as = signed_size(a), an = as < 0 ? -as : as, bn = bs < 0 ? -bs : bs;
-    limb_t* const d = grow(r, uint64_t{1} + (an > bn ? an : bn));
+    limb_t* const d = grow(r, 1 + (an > bn ? an : bn));
     const limb_t *const x = a->_mp_d, *const y = b->_mp_d;
     int size;
     if ((as ^ bs) < 0)
@@ -45,7 +45,7 @@ int subtract_magnitudes(limb_t* r, const limb_t* x, int xn, const limb_t* y, int
 void grow_magnitude(vor_mpz* r, const vor_mpz* a, limb_t v) {
     const int n = limbs_of(a);
     const bool minus = negative(a);
-    limb_t* const d = grow(r, uint64_t{1} + n);
+    limb_t* const d = grow(r, 1 + n);
     d[n] = limb::add_1(d, a->_mp_d, n, v);
     finish(r, n + 1, minus);
 }

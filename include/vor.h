@@ -9,8 +9,8 @@
 #include "vor_fft.h"
 #include "vor_gmp.h"
 #include "vor_service.h"
-#include "vor_spblas.h"
 #include "vor_signal.h"
+#include "vor_spblas.h"
 #include "vor_status.h"
 #include "vor_types.h"
 

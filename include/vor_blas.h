@@ -156,13 +156,15 @@ VOR_SPELLINGS(void, zdrot, ZDROT,
  * which c and s can be rebuilt: z = s if abs(a) > abs(b), else 1/c, or 1 if c = 0. a = b = 0 gives
  * c = 1, s = 0, a = b = 0. The sign of r is that of the larger of a and b (of b if they are equal).
  * srotg takes its square root from the processor's 12-bit estimate and one Newton step: relative
- * error about 1e-6. */
+ * error about 1e-6. It forms 1/r: below 2.94e-39 that is infinite and so are c and s; from 8.5e37 on
+ * it is subnormal, and c and s lose digits; an r above 3.4e38 is infinite. drotg: r up to 1.8e308. */
 VOR_SPELLINGS(void, srotg, SROTG, (float* a, float* b, float* c, float* s))
 VOR_SPELLINGS(void, drotg, DROTG, (double* a, double* b, double* c, double* s))
 
 /* crotg, zrotg: from complex (a, b) the rotation, real c and complex s, that takes it to (r, 0) by
  * r = c*a + s*b; on return a = r, b is unchanged. a = 0 gives c = 0, s = 1, r = b. crotg takes its
- * square roots as srotg does: moduli outside 1e-19 to 1.8e19 lose their accuracy. */
+ * square roots as srotg does. All moduli are in range: the numbers are scaled by powers of two where a
+ * square is not; only an r above the largest number is infinite. */
 VOR_SPELLINGS(void, crotg, CROTG,
               (VOR_SCOMPLEX * a, const VOR_SCOMPLEX* b, float* c, VOR_SCOMPLEX* s))
 VOR_SPELLINGS(void, zrotg, ZROTG,

@@ -51,7 +51,8 @@ VOR_BEGIN_C
  * -2 and +2 have no pass that reorders: where the order is of no matter, as in a convolution, they are
  * faster. Tests: n not a power of two; isign not in -2 .. 2; wsave null, or not filled for n; data null. The
  * arguments are numbered as listed, from 1. */
-VOR_SPELLINGS(void, cfft1d, CFFT1D, (VOR_SCOMPLEX * r, const int* n, const int* isign, float* wsave))
+VOR_SPELLINGS(void, cfft1d, CFFT1D,
+              (VOR_SCOMPLEX * r, const int* n, const int* isign, float* wsave))
 VOR_SPELLINGS(void, zfft1d, ZFFT1D,
               (VOR_DCOMPLEX * r, const int* n, const int* isign, double* wsave))
 VOR_SPELLINGS(void, cfft1dc, CFFT1DC, (float* rr, float* ri, int n, int isign, float* wsave))

@@ -15,6 +15,11 @@ VOR_BEGIN_C
  *   1. $VOR_CFG_FILE, or "vor.cfg" if that is unset or empty;
  *   2. the file vor.cfg in the directory of that name;
  *   3. vor.cfg in the elements of $PATH, then in the current directory.
+ * A directory does not count. Of a regular file up to 64 KiB are read, of a pipe, a terminal or a device
+ * nothing. A process with more rights than its caller (set-user-ID and the like) looks for no file and
+ * obeys none of the environment variables named in this header: it checks arguments, stays on one thread
+ * and keeps scratch memory. The first call leaves errno as it was.
+ *
  * One key a line, blanks, tabs and case do not matter, later lines override earlier ones, and a line
  * that holds no known key and value is passed over:
  *   vor_input_check = on | off       whether routines with argument checks run them (on)
@@ -42,7 +47,7 @@ unsigned SearchPath(const char* path, const char* name, const char* extension,
 /* ---- Serial or parallel ------------------------------------------------------------------------ */
 
 /* vor_set_serial, vor_set_parallel: write "YES" or "NO" into the environment variable VOR_SERIAL of
- * this process and return what setenv returned (0 for success).
+ * this process, unless it has that value, and return what setenv returned (0 for success).
  *
  * They steer the decision below only until it is taken: by the first call of vor_in_serial or of a
  * routine that has a threaded driver. Later calls change the environment, not the library. Not to
@@ -58,13 +63,35 @@ VOR_SPELLINGS(int, vor_set_parallel, VOR_SET_PARALLEL, (void))
  * "yes". The number of threads is that of omp_get_max_threads(). */
 VOR_SPELLINGS(int, vor_in_serial, VOR_IN_SERIAL, (void))
 
+/* Threads, fork and signals.
+ *
+ * Threads. All routines may be called from several threads at once; the exceptions are told where they
+ * stand. The threads of a team come from the OpenMP runtime and compute under the x87 control word and
+ * the MXCSR of the thread that made the call, so that rounding, precision and flush-to-zero are the same
+ * in all parts of a result.
+ *
+ * fork. A child may go on calling the library, whatever other threads of the parent were doing at the
+ * fork; it computes on its own thread and vor_in_serial gives 1 there, since the OpenMP runtime of a
+ * child waits for threads that are not there. (This holds from the first call in the parent that asks for
+ * threads or scratch memory.) Scratch memory that other threads held stays lost to the child, and a
+ * descriptor that another thread was computing with is not to be used there. vfork and exec are free.
+ *
+ * Signals. No routine may be called from a signal handler, and none may be left by longjmp from one: a
+ * lock may be held. A handler that returns disturbs nothing.
+ *
+ * dlclose. The library stays in the process: threads of the OpenMP runtime and memory kept for reuse
+ * outlive the handle. */
+
 /* VOR_ThreadID: the identity of the calling thread as 32 bits. */
 unsigned VOR_ThreadID(void);
 
 /* ---- Memory ------------------------------------------------------------------------------------
  * The library keeps scratch memory for the next call of the same thread. Read once from the
  * environment: VOR_DISABLE_FAST_MM or VOR_MM_DISABLE, set to anything, switch that off;
- * VOR_MM_MAX_THREADS=n keeps up to n times 37 MiB instead of 4 times that (n from 1 to 110). */
+ * VOR_MM_MAX_THREADS=n keeps up to n times 37 MiB instead of 4 times that (n from 1 to 110).
+ *
+ * What a thread leaves behind when it ends is kept too, and no other thread reuses it until it is
+ * trimmed: where memory is short, a request can fail that would fit after VOR_FreeBuffers. */
 
 /* VOR_FreeBuffers: gives the scratch memory that the library keeps for reuse back to the system.
  * Call it only while no other call of the library runs, on any thread. */
@@ -73,7 +100,9 @@ VOR_MIXED_SPELLINGS(void, VOR_FreeBuffers, vor_freebuffers, VOR_FREEBUFFERS, (vo
 /* ---- Error reports ----------------------------------------------------------------------------- */
 
 /* xerbla_: prints one line about a wrong argument on stderr and returns. A program that defines its
- * own xerbla_ receives the reports of the library instead.
+ * own xerbla_ receives the reports of the library instead. It may leave by a C++ exception or longjmp,
+ * in place of returning: the call then ends with its outputs untouched. (Out of a report for want of
+ * memory the scratch that the call held is lost.)
  *
  * name         the routine, not terminated; at most 12 characters are printed
  * code         at least 1: number of the wrong argument, counted from 1 (1000 and 1001 print an
@@ -132,7 +161,8 @@ int vor_serv_l2cache(void);
 /* dsecnd, second: seconds of wall-clock time from an origin of their own: only the difference of two
  * calls means something, and that of second is coarse once the processor has run for long, since a
  * float has 24 bits. The first call of either blocks for about a second of processor time, in which
- * the frequency of the time-stamp counter is found. */
+ * the frequency is found (vor_serv_getcpufrequency). Time-stamp counters that run at another rate than the
+ * processor, as all newer ones do, stretch the seconds by the ratio of the two. */
 VOR_SPELLINGS(double, dsecnd, DSECND, (void))
 VOR_SPELLINGS(float, second, SECOND, (void))
 double vor_serv_dsecnd(void); /* the same without the configuration file */

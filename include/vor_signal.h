@@ -9,15 +9,16 @@ VOR_BEGIN_C
 
 /* Common to all functions of this header: they run without configuration file and without threads, and
  * hold no state of their own; any number of threads may call them. Lengths are counted in elements, an
- * array may stand at any address unless said otherwise, and all alignments give the same bits. Where a
+ * array may stand at any address unless said otherwise, and all alignments give the same bits, but in the
+ * direct correlation of floats, where the address of the results decides the order of additions. Where a
  * status is returned, pointers are tested first, then lengths; a function that returns an error has
  * written nothing, but where said. */
 
 /* ---- Memory --------------------------------------------------------------------------------- */
 
 /* A block of the given number of bytes, floats or doubles, at a multiple of 32 bytes; the contents are
- * undefined. Null if the count is below 1 or the memory cannot be had. The size in bytes plus 36 must
- * fit 32 bits. tavsFree takes blocks of all three, and null. Objects and work buffers of this layer
+ * undefined. Null if the count is below 1 or the memory cannot be had, as where the size in bytes plus 36
+ * does not fit 32 bits. tavsFree takes blocks of all three, and null. Objects and work buffers of this layer
  * may come from here, but need not. */
 void* tavsMalloc_8u(int bytes);
 float* tavsMalloc_32f(int count);

@@ -18,39 +18,25 @@ bool is_one_of(unsigned letters, Arguments a, int number) {
     return is_member(letters, (given | 0x20u) - 'a');
 }
 
-bool is_leading(int ld, int rows) {
-    return ld >= 1 && ld >= rows;
-}
-
-bool passes_rare(const Test& test, Arguments a) {
-    if (test.kind == Test::predicate) return test.fits(a);
-    const int given = integer(a, test.argument);
-    switch (test.kind) {
-    case Test::step:
-        return given != 0;
-    case Test::by_value: {
-        const bool first = integer(a, test.choice) == test.lowest;
-        return is_leading(given, integer(a, first ? test.first : test.second));
-    }
-    case Test::band: {
-        const long long upper = test.second ? integer(a, test.second) : 0;
-        return given > integer(a, test.first) + upper;
-    }
-    default:
-        return is_member(test.members,
-                         static_cast<unsigned>(given) - static_cast<unsigned>(test.lowest));
-    }
-}
-
 // A chain of branches, the common kinds in front: it costs less than a table of jumps.
 [[gnu::always_inline]] inline bool passes(const Test& test, Arguments a) {
     if (test.kind == Test::letter) return is_one_of(test.members, a, test.argument);
-    if (test.kind == Test::count) return integer(a, test.argument) >= 0;
-    if (test.kind > Test::by_letter) return passes_rare(test, a);
+    if (test.kind == Test::predicate) return test.fits(a);
+    const int given = integer(a, test.argument);
+    if (test.kind == Test::count) return given >= 0;
+    if (test.kind == Test::value)
+        return is_member(test.members,
+                         static_cast<unsigned>(given) - static_cast<unsigned>(test.lowest));
+    if (test.kind == Test::step) return given != 0;
+    if (test.kind == Test::band) {
+        const long long upper = test.second ? integer(a, test.second) : 0;
+        return given > integer(a, test.first) + upper;
+    }
     char rows = test.first;
     if (test.kind == Test::by_letter && !is_one_of(test.members, a, test.choice))
         rows = test.second;
-    return is_leading(integer(a, test.argument), integer(a, rows));
+    if (test.kind == Test::by_value && integer(a, test.choice) != test.lowest) rows = test.second;
+    return given >= 1 && given >= integer(a, rows);
 }
 
 } // namespace

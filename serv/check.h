@@ -25,7 +25,7 @@ inline char option(Arguments arguments, int number) {
 }
 
 struct Test {
-    enum Kind : char { letter, count, leading, by_letter, step, by_value, band, value, predicate };
+    enum Kind : char { letter, value, count, leading, by_letter, by_value, step, band, predicate };
 
     Kind kind;
     char argument;   // its number, which is reported
@@ -98,7 +98,8 @@ constexpr Test predicate(char argument, bool (*fits)(Arguments)) {
 // The number of the first argument that fails its test; 0 if none does. (Called before every product,
 // small ones included: its arguments go in registers.)
 #pragma GCC visibility push(hidden)
-[[gnu::regparm(3)]] int first_unfit(const Test* tests, size_t count, Arguments arguments);
+[[gnu::regparm(3), gnu::aligned(64)]] int first_unfit(const Test* tests, size_t count,
+                                                      Arguments arguments);
 #pragma GCC visibility pop
 
 // 1 if an argument is unfit, which is then reported under `name` (of `length` characters); 0 if none is.
@@ -109,6 +110,23 @@ inline int check(const Test (&tests)[count], const char* name, int length, Argum
     xerbla_(name, &number, length);
     return 1;
 }
+
+// The check of one routine by its row and its name in reports; called with the routine's own arguments.
+// Integers that come by value, hidden lengths among them, are taken by their addresses.
+template <size_t count, size_t length>
+struct Check {
+    const Test (&tests)[count];
+    const char (&name)[length];
+
+    template <class... Words>
+    [[gnu::always_inline]] int operator()(const Words&... words) const {
+        const void* const arguments[] = {address(words)...};
+        return check(tests, name, static_cast<int>(length) - 1, arguments);
+    }
+
+    static const void* address(const void* argument) { return argument; }
+    static const void* address(const int& argument) { return &argument; }
+};
 
 } // namespace serv
 } // namespace vor

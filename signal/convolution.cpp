@@ -2,7 +2,7 @@
 // len1 + len2 - 2. By spectra if both vectors are long enough, else by the direct sum.
 #include "signal/convolution.h"
 
-#include "signal/filters_32.h"
+#include "signal/kernel/filters_32.h"
 #include "signal/spectral.h"
 
 #include <string.h>

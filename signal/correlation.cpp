@@ -127,20 +127,14 @@ TavStatus by_spectra(const R* src1, int len1, const R* src2, int len2, R* dst, i
     return status;
 }
 
-TavStatus cross_by_fft(const Correlation<float>& c, int offset) {
-    return ownCrossByFFT_32f(c.src1, c.len1, c.src2, c.len2, c.dst, c.count, offset);
-}
-TavStatus cross_by_fft(const Correlation<double>& c, int offset) {
-    return ownCrossByFFT_64f(c.src1, c.len1, c.src2, c.len2, c.dst, c.count, offset);
-}
-
 // All outputs of c have some overlap.
 template <class R>
 TavStatus correlate_overlapping(const Correlation<R>& c) {
     const int longer = c.len1 > c.len2 ? c.len1 : c.len2;
     const float work =
         static_cast<float>(c.count) * static_cast<float>(c.shorter()) / static_cast<float>(longer);
-    if (static_cast<int>(work) > kDirectWork<R>) return cross_by_fft(c, c.lag + c.len1 - 1);
+    if (static_cast<int>(work) > kDirectWork<R>)
+        return by_spectra(c.src1, c.len1, c.src2, c.len2, c.dst, c.count, c.lag + c.len1 - 1);
     if (c.len1 > c.len2)
         direct_longer_first(c);
     else
@@ -170,14 +164,14 @@ TavStatus correlate(Correlation<R> c) {
 } // namespace
 } // namespace vor::signal
 
-#define CORRELATION(X, R)                                                                          \
-    extern "C" TavStatus ownCrossByFFT_##X(const R* src1, int len1, const R* src2, int len2,       \
-                                           R* dst, int dstLen, int offset) {                       \
+#define CORRELATION(name, by_fft, R)                                                               \
+    extern "C" TavStatus by_fft(const R* src1, int len1, const R* src2, int len2, R* dst,          \
+                                int dstLen, int offset) {                                          \
         return vor::signal::by_spectra(src1, len1, src2, len2, dst, dstLen, offset);               \
     }                                                                                              \
-    extern "C" TavStatus tavsCrossCorr_##X(const R* src1, int len1, const R* src2, int len2,       \
-                                           R* dst, int dstLen, int lowLag) {                       \
+    extern "C" TavStatus name(const R* src1, int len1, const R* src2, int len2, R* dst,            \
+                              int dstLen, int lowLag) {                                            \
         return vor::signal::correlate<R>({src1, len1, src2, len2, dst, dstLen, lowLag});           \
     }
-CORRELATION(32f, float)
-CORRELATION(64f, double)
+CORRELATION(tavsCrossCorr_32f, ownCrossByFFT_32f, float)
+CORRELATION(tavsCrossCorr_64f, ownCrossByFFT_64f, double)

@@ -2,6 +2,7 @@
 // rounded by the store.
 #include "signal/filters.h"
 
+namespace vor::signal {
 namespace {
 
 long double dot(const double* x, const double* t, int n) {
@@ -41,4 +42,6 @@ void filter(const double* x, const double* t, int n, double* out, int count) {
 
 } // namespace
 
-VOR_FILTERS(64f, double)
+VOR_FILTERS(ownForwFilter_64f, ownBackFilter_64f, ownFirstTriangle_64f, ownLastTriangle_64f, double)
+
+} // namespace vor::signal

@@ -122,27 +122,12 @@ constexpr Test csr_trsv[] = {VOR_TRSV_HEAD};
 constexpr Test coo_trsv[] = {VOR_TRSV_HEAD, count(8)};
 constexpr Test dia_trsv[] = {VOR_TRSV_HEAD, predicate(6, reaches<6, 4>), count(8)};
 
-const void* address(const void* argument) {
-    return argument;
-}
-const void* address(int) {
-    return nullptr; // a hidden length
-}
-
-template <size_t tests, int name, class... Words>
-int check_words(const Test (&row)[tests], const char (&routine)[name], Words... words) {
-    const void* const addresses[] = {address(words)...};
-    return check(row, routine, name - 1, addresses);
-}
-
 } // namespace
 } // namespace vor::spblas
 
-#define VOR_WORDS(...) __VA_ARGS__
 #define CHECK(errchk, NAME, row, PARAMS, ARGS)                                                     \
     VOR_ENGINE int errchk PARAMS {                                                                 \
-        using namespace vor::spblas;                                                               \
-        return check_words(row, NAME, VOR_WORDS ARGS);                                             \
+        return vor::Check{vor::spblas::row, NAME} ARGS;                                            \
     }
 #define CHECK_MM(errchk, NAME, row, M)                                                             \
     CHECK(errchk, NAME, row, PARAMS_SPARSE_MM(LIST_##M), ARGS_SPARSE_MM(NAMES_##M))

@@ -19,6 +19,7 @@ ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 SUBSYSTEMS = ("serv", "blas", "dft", "spblas", "signal", "gmp")
 WORD = re.compile(r"[A-Za-z_]\w*")
 MACRO = re.compile(r"[A-Z][A-Z0-9_]*\(") # at the left margin: makes the names that it is given
+DECLARATION = re.compile(r"(extern|using|typedef|struct|class|enum|template|friend)\b")
 C_INTERFACE = "blas/cblas/" # its macros are also given the names of what they call
 
 
@@ -52,11 +53,13 @@ def definitions(code):
     """(name, line number) of every name that a line defines."""
     for start, chunk in chunks(code):
         if chunk.startswith("#define") and "\\\n" in chunk:
-            # A list of names: lines that call the macro's parameter, X(name, ...).
+            # A list of names: calls of the macro's parameter, X(name, ...).
+            depth = 0
             for offset, line in enumerate(chunk.split("\n")):
-                if re.match(r"\s+[A-Z]\w*\(", line):
+                if depth > 0 or re.match(r"\s+[A-Z]\w*\(", line):
                     for word in WORD.findall(line):
                         yield word, start + offset
+                    depth += line.count("(") - line.count(")")
             continue
         if chunk.startswith("#"):
             continue
@@ -70,10 +73,12 @@ def definitions(code):
                     break
             continue
         end = re.search(r"[{=;]", chunk)
-        if not end or end.group() == ";":
+        if not end:
             continue
-        head = chunk[:end.start()]
-        named = re.search(r"(\w+)\s*(?:\(|\[[^\]]*\]\s*$|$)", head.rstrip())
+        head = chunk[:end.start()].rstrip()
+        if end.group() == ";" and ("(" in head or DECLARATION.match(head)):
+            continue
+        named = re.search(r"(\w+)\s*(?:\(|\bPARAMS_|\[[^\]]*\]$|$)", head)
         if named:
             yield named.group(1), start + head[:named.start()].count("\n")
 

@@ -3,11 +3,13 @@
 #include "tools/bench_report.h"
 #include "tools/commands.h"
 #include "tools/failure.h"
+#include "tools/gnuplot.h"
+#include "tools/output.h"
 
 #include <cstdio>
 #include <memory>
 #include <regex>
-#include <unistd.h>
+#include <sys/stat.h>
 
 namespace vor::tool {
 
@@ -33,23 +35,6 @@ Suite chosen_cases(const std::string& filter) {
     return cases;
 }
 
-// One line on stderr that overwrites itself; nothing where stderr is no terminal.
-class Progress {
-public:
-    explicit Progress(size_t total) : total_(total) {}
-    void show(const std::string& name) {
-        ++done_;
-        if (terminal_) std::fprintf(stderr, "\r\033[K[%zu/%zu] %s", done_, total_, name.c_str());
-    }
-    void clear() const {
-        if (terminal_) std::fputs("\r\033[K", stderr);
-    }
-
-private:
-    size_t total_, done_ = 0;
-    bool terminal_ = isatty(STDERR_FILENO);
-};
-
 void print_machine(const Effort& effort) {
     const Probe clock = clock_probe();
     std::printf("%-46s %8.2f GHz\n", clock.name.c_str(), measure_rates({clock}, effort)[0] * 1e-9);
@@ -71,25 +56,32 @@ void list(const Suite& cases) {
 // Said before the measurements, not after them.
 void require_writable(const std::string& file) {
     if (file.empty()) return;
+    struct stat status;
+    const bool existed = stat(file.c_str(), &status) == 0;
     std::FILE* out = std::fopen(file.c_str(), "a");
     if (!out) throw Failure(file + ": cannot be written");
     std::fclose(out);
+    if (!existed) std::remove(file.c_str());
 }
 
 void run(const Options& options) {
     const Suite cases = chosen_cases(options.filter);
     if (options.list) return list(cases);
     for (const std::string& file : {options.csv, options.plot}) require_writable(file);
+    if (!options.plot.empty()) require_gnuplot();
+    if (!options.csv.empty()) begin_csv(options.csv);
     const Library own = own_library();
     std::unique_ptr<const Library> peer;
     if (!options.against.empty()) peer = std::make_unique<Library>(other_library(options.against));
 
     print_machine(options.effort);
     print_heading();
-    Progress progress(cases.size());
+    StatusLine progress;
     std::vector<Measurement> all;
-    for (const Case& c : cases) {
-        progress.show(c.name);
+    for (size_t k = 0; k < cases.size(); ++k) {
+        const Case& c = cases[k];
+        progress.show("[" + std::to_string(k + 1) + "/" + std::to_string(cases.size()) + "] " +
+                      c.name);
         const std::optional<Measurement> m = measure(c, own, peer.get(), options.effort);
         progress.clear();
         if (!m) {
@@ -97,10 +89,10 @@ void run(const Options& options) {
             continue;
         }
         print_row(*m);
+        if (!options.csv.empty()) append_csv(options.csv, *m);
         all.push_back(*m);
     }
     print_summary(all);
-    if (!options.csv.empty()) write_csv(options.csv, all);
     if (!options.plot.empty()) write_plot(options.plot, all);
     if (all.size() < cases.size())
         throw Failure("cases are missing: the library lacks their symbols");
@@ -123,10 +115,10 @@ void add_bench(CLI::App& app) {
         ->type_name("FILE.svg");
     command->add_flag("--list", options->list, "list the cases, measure nothing");
     command->add_option("--rounds", options->effort.rounds, "rounds of each case, at most")
-        ->check(CLI::PositiveNumber)
+        ->check(CLI::Range(1, 1000000))
         ->capture_default_str();
     command->add_option("--seconds", options->effort.seconds, "time for each case, at most")
-        ->check(CLI::PositiveNumber)
+        ->check(CLI::Range(0.001, 3600.0))
         ->capture_default_str();
     command->callback([options] { run(*options); });
 }

@@ -93,27 +93,44 @@ void print_summary(const std::vector<Measurement>& all) {
     if (met + missed > 0) std::printf("goals: %d met, %d missed\n", met, missed);
 }
 
-void write_csv(const std::string& file, const std::vector<Measurement>& all) {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> out(std::fopen(file.c_str(), "w"),
-                                                              std::fclose);
+namespace {
+
+using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+
+File open_csv(const std::string& file, const char* mode) {
+    File out(std::fopen(file.c_str(), mode), std::fclose);
     if (!out) throw Failure(file + ": cannot be written");
-    std::fprintf(out.get(), "case,against,seconds,work,formula,limit,limit_per_second,share,ratio,"
-                            "goal,verdict\n");
-    for (const Measurement& m : all) {
-        const std::string name = quoted(m.name);
-        const Goal goal = goal_of(m);
-        std::fprintf(out.get(), "%s,,%.6g,%.17g,%s,%s,%.6g,%.4f,,%s,%s\n", name.c_str(), m.seconds,
-                     m.work, quoted(m.formula).c_str(), bench::name_of(m.limit), m.limit_rate,
-                     m.share, goal.text.c_str(), goal.verdict().c_str());
-        for (const bench::Ratio& r : m.ratios) {
-            const Goal least = goal_of(r);
-            std::fprintf(out.get(), "%s,%s,%.6g,,,,,,%.4f,%s,%s\n", name.c_str(),
-                         quoted(r.name).c_str(), r.seconds, r.ratio, least.text.c_str(),
-                         least.verdict().c_str());
-        }
-    }
+    return out;
+}
+
+void finish_csv(const std::string& file, const File& out) {
     if (std::fflush(out.get()) != 0 || std::ferror(out.get()))
         throw Failure(file + ": cannot be written");
+}
+
+} // namespace
+
+void begin_csv(const std::string& file) {
+    const File out = open_csv(file, "w");
+    std::fprintf(out.get(), "case,against,seconds,work,formula,limit,limit_per_second,share,ratio,"
+                            "goal,verdict\n");
+    finish_csv(file, out);
+}
+
+void append_csv(const std::string& file, const Measurement& m) {
+    const File out = open_csv(file, "a");
+    const std::string name = quoted(m.name);
+    const Goal goal = goal_of(m);
+    std::fprintf(out.get(), "%s,,%.6g,%.17g,%s,%s,%.6g,%.4f,,%s,%s\n", name.c_str(), m.seconds,
+                 m.work, quoted(m.formula).c_str(), bench::name_of(m.limit), m.limit_rate, m.share,
+                 goal.text.c_str(), goal.verdict().c_str());
+    for (const bench::Ratio& r : m.ratios) {
+        const Goal least = goal_of(r);
+        std::fprintf(out.get(), "%s,%s,%.6g,,,,,,%.4f,%s,%s\n", name.c_str(),
+                     quoted(r.name).c_str(), r.seconds, r.ratio, least.text.c_str(),
+                     least.verdict().c_str());
+    }
+    finish_csv(file, out);
 }
 
 } // namespace vor::tool

@@ -6,6 +6,9 @@
 
 namespace vor::tool {
 
+// The library's name, version and build.
+std::string version_line();
+
 void add_info(CLI::App& app);
 void add_tour(CLI::App& app);
 void add_bench(CLI::App& app);

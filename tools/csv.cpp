@@ -2,6 +2,7 @@
 #include "tools/failure.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cerrno>
 #include <charconv>
 #include <cmath>
@@ -57,6 +58,15 @@ std::optional<double> number(const std::string& cell) {
     return value;
 }
 
+// A cell in a message: printable, and not too long.
+std::string shown(const std::string& cell) {
+    constexpr size_t kMost = 40;
+    std::string text = cell.substr(0, kMost);
+    for (char& c : text)
+        if (!std::isprint(static_cast<unsigned char>(c))) c = '?';
+    return "'" + text + (cell.size() > kMost ? "..." : "") + "'";
+}
+
 bool has_number(const Cells& cells) {
     return std::any_of(cells.begin(), cells.end(),
                        [](const std::string& cell) { return number(cell).has_value(); });
@@ -82,7 +92,7 @@ public:
         if (table_.rows == 0) begin(cells);
         for (size_t j = 0; j < table_.columns.size(); ++j) {
             const std::optional<double> value = number(cells[j]);
-            if (!value) fail(line_number, "'" + cells[j] + "' is not a finite number");
+            if (!value) fail(line_number, shown(cells[j]) + " is not a finite number");
             table_.columns[j].push_back(*value);
         }
         if (labelled_) table_.labels.push_back(cells.back());

@@ -1,6 +1,10 @@
 #include "tools/gnuplot.h"
+#include "tools/output.h"
 
 #include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -33,20 +37,31 @@ int spawn_gnuplot(const std::string& script) {
 
 } // namespace
 
+void require_gnuplot() {
+    if (spawn_gnuplot("") != 0)
+        throw GnuplotMissing("gnuplot, which draws the pictures, does not run");
+}
+
 void run_gnuplot(const std::string& script, const std::string& output, int width, int height) {
-    // gnuplot's own complaint about a file that it cannot write runs over several lines.
-    std::FILE* file = std::fopen(output.c_str(), "w");
-    if (!file) throw Failure(output + ": cannot be written");
-    std::fclose(file);
+    char piece[] = "/tmp/vor-plot-XXXXXX";
+    const int descriptor = mkstemp(piece);
+    if (descriptor < 0) throw Failure("no temporary file for gnuplot's picture");
+    close(descriptor);
     const std::string head = "set terminal svg size " + std::to_string(width) + "," +
                              std::to_string(height) + " background 'white' noenhanced\n" +
-                             "set encoding utf8\nset output " + gnuplot_text(output) + "\n";
+                             "set encoding utf8\nset output " + gnuplot_text(piece) + "\n";
+    std::string picture;
     try {
         if (spawn_gnuplot(head + script) != 0) throw Failure(output + ": gnuplot failed");
+        std::ifstream in(piece, std::ios::binary);
+        picture.assign(std::istreambuf_iterator<char>(in), {});
     } catch (const Failure&) {
-        std::remove(output.c_str());
+        std::remove(piece);
         throw;
     }
+    std::remove(piece);
+    if (picture.empty()) throw Failure(output + ": gnuplot drew nothing");
+    write_whole(output, picture);
 }
 
 std::string gnuplot_text(const std::string& text) {

@@ -2,12 +2,16 @@
 #include "tools/commands.h"
 #include "vor_service.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <omp.h>
+#include <set>
 #include <string>
 #include <sys/stat.h>
+#include <vector>
 
 namespace vor::tool {
 
@@ -20,13 +24,6 @@ std::string environment(const char* name) {
 
 void row(const char* name, const std::string& text) {
     std::printf("%-16s %s\n", name, text.c_str());
-}
-
-std::string version_line() {
-    char line[100];
-    VORGetVersionString_c(line, sizeof line);
-    std::string text(line);
-    return text.erase(text.find_last_not_of(' ') + 1);
 }
 
 std::string processor() {
@@ -74,11 +71,44 @@ std::string find_configuration(std::string* tried) {
     return SearchPath(nullptr, "vor.cfg", nullptr, sizeof found, found, nullptr) ? found : "";
 }
 
+// What the library makes of a line: blanks and case do not count.
+std::string cleaned(const std::string& line) {
+    std::string text;
+    for (const unsigned char c : line)
+        if (!std::isspace(c)) text += static_cast<char>(std::tolower(c));
+    return text;
+}
+
+// Lines of the file that set nothing: an unknown key, or a value with something behind it. Printable, and not
+// too long.
+std::vector<std::string> void_lines(const std::string& file) {
+    static const std::set<std::string> kKnown = {"",
+                                                 "vor_input_check=on",
+                                                 "vor_input_check=off",
+                                                 "vor_serial=yes",
+                                                 "vor_serial=no",
+                                                 "vor_serial=omp"};
+    constexpr size_t kMost = 60;
+    std::vector<std::string> lines;
+    std::ifstream in(file);
+    int number = 0;
+    for (std::string line; lines.size() < 10 && std::getline(in, line);) {
+        ++number;
+        if (kKnown.contains(cleaned(line))) continue;
+        line.resize(std::min(line.size(), kMost));
+        for (char& c : line)
+            if (!std::isprint(static_cast<unsigned char>(c))) c = '?';
+        lines.push_back("line " + std::to_string(number) + ": " + line);
+    }
+    return lines;
+}
+
 void show_configuration() {
     std::string tried;
     const std::string found = find_configuration(&tried);
     row("configuration", found.empty() ? "no file" : found);
     if (found.empty()) row("  looked for", tried);
+    for (const std::string& line : void_lines(found)) row("  without effect", line);
 }
 
 void show_settings() {
@@ -123,6 +153,13 @@ void run() {
 }
 
 } // namespace
+
+std::string version_line() {
+    char line[100];
+    VORGetVersionString_c(line, sizeof line);
+    std::string text(line);
+    return text.erase(text.find_last_not_of(' ') + 1);
+}
 
 void add_info(CLI::App& app) {
     app.add_subcommand("info", "the library, the machine, the settings in force")->callback(run);

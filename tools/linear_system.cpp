@@ -127,7 +127,10 @@ bool symmetric(const DenseMatrix& a) {
 
 double largest(const Vector& x) {
     double most = 0;
-    for (double v : x) most = std::max(most, std::fabs(v));
+    for (double v : x) {
+        if (std::isnan(v)) return v;
+        most = std::max(most, std::fabs(v));
+    }
     return most;
 }
 
@@ -176,6 +179,8 @@ Solution solve(const DenseMatrix& a, const Vector& b, const std::string& name) {
         s.flops = 2 * cube / 3;
     }
     s.residual = scaled_residual(a, b, s.x);
+    if (!std::isfinite(largest(s.x)))
+        throw Failure(name + ": the solution leaves the range of double precision");
     return s;
 }
 

@@ -1,6 +1,8 @@
 // vor: what the library is and does on this machine. Exit status: 0 done, 1 failed, with one line on
 // stderr, 2 wrong command line.
 #include "tools/commands.h"
+#include "tools/output.h"
+#include "vor_service.h"
 
 #include <cstdio>
 
@@ -8,15 +10,19 @@ int main(int argc, char** argv) {
     using namespace vor::tool;
     CLI::App app("Orbel Numeric Library: information, tour, benches", "vor");
     app.require_subcommand(1);
+    app.set_version_flag("--version", version_line(), "print the version of the library");
     add_info(app);
     add_tour(app);
     add_bench(app);
     add_spectrum(app);
     add_solve(app);
     try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& e) {
-        return app.exit(e) == 0 ? 0 : 2;
+        try {
+            app.parse(argc, argv);
+        } catch (const CLI::ParseError& e) {
+            if (app.exit(e) != 0) return 2;
+        }
+        check_standard_output();
     } catch (const std::exception& e) {
         std::fflush(stdout);
         std::fprintf(stderr, "vor: %s\n", e.what());

@@ -1,5 +1,6 @@
 #include "tools/picture.h"
 #include "tools/failure.h"
+#include "tools/output.h"
 
 #include <cstring>
 #include <memory>
@@ -34,10 +35,15 @@ Picture read_picture(const std::string& file) {
 }
 
 void write_png(const std::string& file, const Picture& picture) {
-    const int row = picture.width * kColours;
-    if (!stbi_write_png(file.c_str(), picture.width, picture.height, kColours,
-                        picture.pixels.data(), row))
-        throw Failure(file + ": cannot be written");
+    std::string bytes;
+    const auto append = [](void* to, void* data, int size) {
+        static_cast<std::string*>(to)->append(static_cast<const char*>(data),
+                                              static_cast<size_t>(size));
+    };
+    if (!stbi_write_png_to_func(append, &bytes, picture.width, picture.height, kColours,
+                                picture.pixels.data(), picture.width * kColours))
+        throw Failure(file + ": no memory for the picture");
+    write_whole(file, bytes);
 }
 
 } // namespace vor::tool

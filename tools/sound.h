@@ -18,7 +18,8 @@ struct Recording {
 Recording read_wav(const std::string& file);
 
 // Prints the strongest frequencies and the strongest repetition of a recording, and writes its
-// spectrogram. Throws Failure if the recording is too short or the picture cannot be written.
-void describe_sound(const Recording& recording, const std::string& picture);
+// spectrogram. The frequency of that repetition in hertz; 0 for two channels, or where there is none. Throws
+// Failure if the recording is too short or the picture cannot be written.
+double describe_sound(const Recording& recording, const std::string& picture);
 
 } // namespace vor::tool

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <iterator>
 #include <memory>
+#include <vector>
 
 namespace vor::tool {
 
@@ -24,16 +25,39 @@ struct Chapter {
 const Chapter chapters[] = {
     {"Principal components", principal_components, true},
     {"A photograph in a fraction of its numbers", compressed_photograph, false},
-    {"A recorded voice", recorded_voice, false},
+    {"A vowel and its resonances", spoken_vowel, false},
     {"The period of the sunspots", sunspot_period, false},
-    {"The equations of a structure", stiff_structure, false},
+    {"A beam of finite elements", bent_beam, false},
+    {"A plate heated at its edge", heated_plate, false},
+    {"What the packages of this machine lean on", leaning_packages, false},
     {"Long integers", long_integers, false},
 };
 
+// Makes a folder and those above it; takes those that it made, and that are still empty, away again at the end.
+class EmptyFolders {
+public:
+    explicit EmptyFolders(const fs::path& path) {
+        for (fs::path at = fs::absolute(path); !fs::exists(at) && at != at.parent_path();
+             at = at.parent_path())
+            made_.push_back(at);
+        std::error_code error;
+        fs::create_directories(path, error);
+        if (!fs::is_directory(path)) throw Failure(path.string() + ": cannot be made a directory");
+    }
+    ~EmptyFolders() {
+        std::error_code none;
+        for (const fs::path& folder : made_)
+            if (fs::is_empty(folder, none)) fs::remove(folder, none);
+    }
+    EmptyFolders(const EmptyFolders&) = delete;
+    EmptyFolders& operator=(const EmptyFolders&) = delete;
+
+private:
+    std::vector<fs::path> made_; // innermost first
+};
+
 void run(const Tour& tour) {
-    std::error_code error;
-    fs::create_directories(tour.output, error);
-    if (!fs::is_directory(tour.output)) throw Failure(tour.output + ": cannot be made a directory");
+    const EmptyFolders folders(tour.output);
     int differing = 0;
     for (const Chapter& chapter : chapters) {
         if (!tour.file.empty() && !chapter.takes_file) continue;

@@ -1,7 +1,6 @@
 // Bench cases: what is timed, what bounds it, what it is compared with. The cases of a family stand
-// in bench/<folder>/ and are listed by one function each (bench/suites.cpp calls them all). Two
-// drivers run them: `vor bench` (interleaved rounds, minimum of repeats, shares and ratios) and the
-// Google Benchmark program vor_benchmarks.
+// in bench/<folder>/ and are listed by one function each (bench/suites.cpp calls them all). `vor bench`
+// runs them: interleaved rounds, minimum of repeats, shares and ratios.
 #pragma once
 
 #include <dlfcn.h>

@@ -10,15 +10,6 @@
 
 namespace vor::bench {
 
-// The peer's AVX code leaves the upper halves of the vector registers dirty, which slows the SSE code that
-// is timed after it.
-inline void clear_upper_halves() {
-    static const bool kAvx = __builtin_cpu_supports("avx");
-    if (kAvx)
-        asm volatile("vzeroupper" ::
-                         : "xmm0", "xmm1", "xmm2", "xmm3", "xmm4", "xmm5", "xmm6", "xmm7");
-}
-
 // A forward transform of n complex values out of place, planned by measurement.
 template <class T>
 Rival fftw_rival(int n) {
@@ -34,10 +25,7 @@ Rival fftw_rival(int n) {
             if (!plan || !execute) return {};
             const auto x = std::make_shared<std::vector<T>>(2 * size_t(n));
             void* const planned = plan(n, x->data(), x->data() + n, -1, 0);
-            return [=, keep = x] {
-                execute(planned);
-                clear_upper_halves();
-            };
+            return [=, keep = x] { execute(planned); };
         } catch (const std::runtime_error&) {
             return {};
         }

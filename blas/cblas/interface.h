@@ -10,6 +10,9 @@
 #include "vor_service.h"
 
 #include "arith/element.h"
+#include "serv/check.h"
+
+#include <iterator>
 
 extern "C" {
 // Option letters of the entries, by enumeration value minus its first value.
@@ -31,50 +34,44 @@ using Array = std::conditional_t<is_complex<T>, void, T>;
 template <class T>
 using Scalar = std::conditional_t<is_complex<T>, const void*, T>;
 
-// ---- Tests of arguments
+// ---- Tests of arguments, by their numbers in the list for C, where the order is number 1. A row is made
+// for each order: what decides a leading dimension turns round with it.
 
-inline bool is_order(int order) {
-    return order == CblasRowMajor || order == CblasColMajor;
-}
-inline bool is_transpose(int trans) {
-    return trans >= CblasNoTrans && trans <= CblasConjTrans;
-}
-inline bool is_uplo(int uplo) {
-    return uplo == CblasUpper || uplo == CblasLower;
-}
-inline bool is_diag(int diag) {
-    return diag == CblasNonUnit || diag == CblasUnit;
-}
-inline bool is_side(int side) {
-    return side == CblasLeft || side == CblasRight;
-}
-// Whether ld fits an array whose columns, or rows if it is row-major, have `length` elements.
-inline bool leads(int ld, int length) {
-    return ld >= 1 && ld >= length;
-}
-// The same for a band of the diagonal and those on both sides.
-inline bool leads_band(int ld, int lower, int upper = 0) {
-    return ld > static_cast<long long>(lower) + upper;
-}
-
-// Whether the argument of this number, counted from 1, is fit for use.
-struct Test {
-    bool passed;
-    int number;
+template <size_t count>
+struct Row {
+    Test tests[count];
 };
+template <class... Tests>
+Row(Tests...) -> Row<sizeof...(Tests)>;
 
-// True if a test failed: the first that did has been reported then.
-inline bool unfit(const char* name, const Test* tests, int count) {
-    for (const Test* test = tests; test < tests + count; ++test) {
-        if (test->passed) continue;
-        cblas_xerbla(name, test->number);
-        return true;
-    }
-    return false;
+inline constexpr Test kOrder = value(1, CblasRowMajor, CblasColMajor);
+constexpr Test any_transpose(char argument) {
+    return value(argument, CblasNoTrans, CblasTrans, CblasConjTrans);
 }
-template <int count>
-bool unfit(const char* name, const Test (&tests)[count]) {
-    return unfit(name, tests, count);
+constexpr Test triangle(char argument) {
+    return value(argument, CblasUpper, CblasLower);
+}
+constexpr Test diagonal(char argument) {
+    return value(argument, CblasNonUnit, CblasUnit);
+}
+
+// The rows that make(row_major) gives.
+template <auto make>
+inline constexpr auto kColumnMajor = make(false);
+template <auto make>
+inline constexpr auto kRowMajor = make(true);
+
+// True if an argument of the call `name` is unfit: the first in the order of the row has been reported
+// then. The words are those of the whole list; arrays and scalars are not read.
+template <auto make, class... Words>
+[[gnu::always_inline]] inline bool unfit(const char* name, CBLAS_ORDER order,
+                                         const Words&... words) {
+    const void* const arguments[] = {&order, &words...};
+    const auto& row = order == CblasRowMajor ? kRowMajor<make> : kColumnMajor<make>;
+    const int number = first_unfit(row.tests, std::size(row.tests), arguments);
+    if (number == 0) return false;
+    cblas_xerbla(name, number);
+    return true;
 }
 
 // ---- Letters of options; the other one of a side or triangle is that of the transposed problem.
@@ -99,6 +96,10 @@ inline const char* other(CBLAS_SIDE side) {
 }
 inline const char* letter(CBLAS_DIAG diag) {
     return vor_serv_fdiag[diag - CblasNonUnit];
+}
+// The triangle as the entry sees it.
+inline const char* seen(CBLAS_ORDER order, CBLAS_UPLO uplo) {
+    return order == CblasRowMajor ? other(uplo) : letter(uplo);
 }
 
 // ---- The call of an entry

@@ -5,117 +5,133 @@
 using namespace vor::cblas;
 using vor::cdouble, vor::cfloat;
 
-#define FOR_REAL_TYPES(X) X(s, float) X(d, double)
-#define FOR_COMPLEX_TYPES(X) X(c, cfloat) X(z, cdouble)
-#define FOR_ALL_TYPES(X) FOR_REAL_TYPES(X) FOR_COMPLEX_TYPES(X)
-
 extern "C" {
 
-#define AXPY(p, T)                                                                                 \
-    void cblas_##p##axpy(int n, Scalar<T> alpha, const Array<T>* x, int incx, Array<T>* y,         \
-                         int incy) {                                                               \
-        call(p##axpy, n, alpha, x, incx, y, incy);                                                 \
+#define AXPY(name, entry, T)                                                                       \
+    void name(int n, Scalar<T> alpha, const Array<T>* x, int incx, Array<T>* y, int incy) {        \
+        call(entry, n, alpha, x, incx, y, incy);                                                   \
     }
-FOR_ALL_TYPES(AXPY)
+AXPY(cblas_saxpy, saxpy, float)
+AXPY(cblas_daxpy, daxpy, double)
+AXPY(cblas_caxpy, caxpy, cfloat)
+AXPY(cblas_zaxpy, zaxpy, cdouble)
 
-#define COPY(p, T)                                                                                 \
-    void cblas_##p##copy(int n, const Array<T>* x, int incx, Array<T>* y, int incy) {              \
-        call(p##copy, n, x, incx, y, incy);                                                        \
+#define COPY(name, entry, T)                                                                       \
+    void name(int n, const Array<T>* x, int incx, Array<T>* y, int incy) {                         \
+        call(entry, n, x, incx, y, incy);                                                          \
     }
-FOR_ALL_TYPES(COPY)
+COPY(cblas_scopy, scopy, float)
+COPY(cblas_dcopy, dcopy, double)
+COPY(cblas_ccopy, ccopy, cfloat)
+COPY(cblas_zcopy, zcopy, cdouble)
 
-#define SWAP(p, T)                                                                                 \
-    void cblas_##p##swap(int n, Array<T>* x, int incx, Array<T>* y, int incy) {                    \
-        call(p##swap, n, x, incx, y, incy);                                                        \
+#define SWAP(name, entry, T)                                                                       \
+    void name(int n, Array<T>* x, int incx, Array<T>* y, int incy) {                               \
+        call(entry, n, x, incx, y, incy);                                                          \
     }
-FOR_ALL_TYPES(SWAP)
+SWAP(cblas_sswap, sswap, float)
+SWAP(cblas_dswap, dswap, double)
+SWAP(cblas_cswap, cswap, cfloat)
+SWAP(cblas_zswap, zswap, cdouble)
 
-#define SCAL(p, T, S)                                                                              \
-    void cblas_##p##scal(int n, S alpha, Array<T>* x, int incx) {                                  \
-        call(p##scal, n, alpha, x, incx);                                                          \
+#define SCAL(name, entry, T, S)                                                                    \
+    void name(int n, S alpha, Array<T>* x, int incx) {                                             \
+        call(entry, n, alpha, x, incx);                                                            \
     }
-SCAL(s, float, float)
-SCAL(d, double, double)
-SCAL(c, cfloat, const void*)
-SCAL(z, cdouble, const void*)
-SCAL(cs, cfloat, float)
-SCAL(zd, cdouble, double)
+SCAL(cblas_sscal, sscal, float, float)
+SCAL(cblas_dscal, dscal, double, double)
+SCAL(cblas_cscal, cscal, cfloat, const void*)
+SCAL(cblas_zscal, zscal, cdouble, const void*)
+SCAL(cblas_csscal, csscal, cfloat, float)
+SCAL(cblas_zdscal, zdscal, cdouble, double)
 
 // sdot leaves its value unrounded in st(0), and so does this call.
-#define DOT(R, name, T)                                                                            \
-    R cblas_##name(int n, const T* x, int incx, const T* y, int incy) {                            \
-        return call(name, n, x, incx, y, incy);                                                    \
+#define DOT(R, name, entry, T)                                                                     \
+    R name(int n, const T* x, int incx, const T* y, int incy) {                                    \
+        return call(entry, n, x, incx, y, incy);                                                   \
     }
-DOT(float, sdot, float)
-DOT(double, ddot, double)
-DOT(double, dsdot, float)
+DOT(float, cblas_sdot, sdot, float)
+DOT(double, cblas_ddot, ddot, double)
+DOT(double, cblas_dsdot, dsdot, float)
 
 float cblas_sdsdot(int n, float sb, const float* x, int incx, const float* y, int incy) {
     return call(sdsdot, n, sb, x, incx, y, incy);
 }
 
-#define DOT_SUB(name)                                                                              \
-    void cblas_##name##_sub(int n, const void* x, int incx, const void* y, int incy,               \
-                            void* result) {                                                        \
-        call(name, result, n, x, incx, y, incy);                                                   \
+#define DOT_SUB(name, entry)                                                                       \
+    void name(int n, const void* x, int incx, const void* y, int incy, void* result) {             \
+        call(entry, result, n, x, incx, y, incy);                                                  \
     }
-DOT_SUB(cdotu)
-DOT_SUB(zdotu)
-DOT_SUB(cdotc)
-DOT_SUB(zdotc)
+DOT_SUB(cblas_cdotu_sub, cdotu)
+DOT_SUB(cblas_zdotu_sub, zdotu)
+DOT_SUB(cblas_cdotc_sub, cdotc)
+DOT_SUB(cblas_zdotc_sub, zdotc)
 
-#define VALUE(R, name, T)                                                                          \
-    R cblas_##name(int n, const Array<T>* x, int incx) {                                           \
-        return call(name, n, x, incx);                                                             \
+#define VALUE(R, name, entry, T)                                                                   \
+    R name(int n, const Array<T>* x, int incx) {                                                   \
+        return call(entry, n, x, incx);                                                            \
     }
-VALUE(float, snrm2, float)
-VALUE(double, dnrm2, double)
-VALUE(float, scnrm2, cfloat)
-VALUE(double, dznrm2, cdouble)
-VALUE(float, sasum, float)
-VALUE(double, dasum, double)
-VALUE(float, scasum, cfloat)
-VALUE(double, dzasum, cdouble)
+VALUE(float, cblas_snrm2, snrm2, float)
+VALUE(double, cblas_dnrm2, dnrm2, double)
+VALUE(float, cblas_scnrm2, scnrm2, cfloat)
+VALUE(double, cblas_dznrm2, dznrm2, cdouble)
+VALUE(float, cblas_sasum, sasum, float)
+VALUE(double, cblas_dasum, dasum, double)
+VALUE(float, cblas_scasum, scasum, cfloat)
+VALUE(double, cblas_dzasum, dzasum, cdouble)
 
 // Counted from 0; an empty vector gives 0 too.
-#define POSITION(name, T)                                                                          \
-    int cblas_##name(int n, const Array<T>* x, int incx) {                                         \
-        return n < 1 || incx < 1 ? 0 : call(name, n, x, incx) - 1;                                 \
+#define POSITION(name, entry, T)                                                                   \
+    int name(int n, const Array<T>* x, int incx) {                                                 \
+        return n < 1 || incx < 1 ? 0 : call(entry, n, x, incx) - 1;                                \
     }
-#define POSITIONS(p, T) POSITION(i##p##amax, T) POSITION(i##p##amin, T)
-FOR_ALL_TYPES(POSITIONS)
+POSITION(cblas_isamax, isamax, float)
+POSITION(cblas_idamax, idamax, double)
+POSITION(cblas_icamax, icamax, cfloat)
+POSITION(cblas_izamax, izamax, cdouble)
+POSITION(cblas_isamin, isamin, float)
+POSITION(cblas_idamin, idamin, double)
+POSITION(cblas_icamin, icamin, cfloat)
+POSITION(cblas_izamin, izamin, cdouble)
 
 double cblas_dcabs1(const void* z) {
     return call(dcabs1, z);
 }
 
-#define ROT(p, T, R)                                                                               \
-    void cblas_##p##rot(int n, Array<T>* x, int incx, Array<T>* y, int incy, R c, R s) {           \
-        call(p##rot, n, x, incx, y, incy, c, s);                                                   \
+#define ROT(name, entry, T, R)                                                                     \
+    void name(int n, Array<T>* x, int incx, Array<T>* y, int incy, R c, R s) {                     \
+        call(entry, n, x, incx, y, incy, c, s);                                                    \
     }
-ROT(s, float, float)
-ROT(d, double, double)
-ROT(cs, cfloat, float)
-ROT(zd, cdouble, double)
+ROT(cblas_srot, srot, float, float)
+ROT(cblas_drot, drot, double, double)
+ROT(cblas_csrot, csrot, cfloat, float)
+ROT(cblas_zdrot, zdrot, cdouble, double)
 
-#define ROTG(p, T)                                                                                 \
-    void cblas_##p##rotg(T* a, T* b, T* c, T* s) {                                                 \
-        p##rotg(a, b, c, s);                                                                       \
+#define ROTG(name, entry, T)                                                                       \
+    void name(T* a, T* b, T* c, T* s) {                                                            \
+        entry(a, b, c, s);                                                                         \
     }
-FOR_REAL_TYPES(ROTG)
+ROTG(cblas_srotg, srotg, float)
+ROTG(cblas_drotg, drotg, double)
 
-#define CROTG(p, T)                                                                                \
-    void cblas_##p##rotg(void* a, const void* b, vor::real_t<T>* c, void* s) {                     \
-        call(p##rotg, a, b, c, s);                                                                 \
+#define CROTG(name, entry, R)                                                                      \
+    void name(void* a, const void* b, R* c, void* s) {                                             \
+        call(entry, a, b, c, s);                                                                   \
     }
-FOR_COMPLEX_TYPES(CROTG)
+CROTG(cblas_crotg, crotg, float)
+CROTG(cblas_zrotg, zrotg, double)
 
-#define ROTM(p, T)                                                                                 \
-    void cblas_##p##rotm(int n, T* x, int incx, T* y, int incy, const T* param) {                  \
-        call(p##rotm, n, x, incx, y, incy, param);                                                 \
-    }                                                                                              \
-    void cblas_##p##rotmg(T* d1, T* d2, T* b1, const T* b2, T* param) {                            \
-        p##rotmg(d1, d2, b1, b2, param);                                                           \
+#define ROTM(name, entry, T)                                                                       \
+    void name(int n, T* x, int incx, T* y, int incy, const T* param) {                             \
+        call(entry, n, x, incx, y, incy, param);                                                   \
     }
-FOR_REAL_TYPES(ROTM)
+ROTM(cblas_srotm, srotm, float)
+ROTM(cblas_drotm, drotm, double)
+
+#define ROTMG(name, entry, T)                                                                      \
+    void name(T* d1, T* d2, T* b1, const T* b2, T* param) {                                        \
+        entry(d1, d2, b1, b2, param);                                                              \
+    }
+ROTMG(cblas_srotmg, srotmg, float)
+ROTMG(cblas_drotmg, drotmg, double)
 }

@@ -32,66 +32,60 @@ void product(const char* name, CBLAS_ORDER order, CBLAS_TRANSPOSE trans, int m, 
     entry(transposed(trans), alpha, x, incx, beta);
 }
 
+// Complex row-major products look at the letter last.
+template <bool is_complex>
+constexpr auto gemv_tests(bool row_major) {
+    const Test trans = any_transpose(2), m = count(3), n = count(4),
+               lda = leading(7, row_major ? 4 : 3), incx = step(9), incy = step(12);
+    return is_complex && row_major ? Row{kOrder, m, n, lda, incx, incy, trans}
+                                   : Row{kOrder, trans, m, n, lda, incx, incy};
+}
+
 template <class T, class Entry>
 void gemv(const char* name, Entry* entry, CBLAS_ORDER order, CBLAS_TRANSPOSE trans, int m, int n,
           Scalar<T> alpha, const Array<T>* a, int lda, const Array<T>* x, int incx, Scalar<T> beta,
           Array<T>* y, int incy) {
-    const bool row_major = order == CblasRowMajor;
-    const bool letter_last = is_complex<T> && row_major;
-    if (unfit(name, {{is_order(order), 1},
-                     {is_transpose(trans) || letter_last, 2},
-                     {m >= 0, 3},
-                     {n >= 0, 4},
-                     {leads(lda, row_major ? n : m), 7},
-                     {incx != 0, 9},
-                     {incy != 0, 12},
-                     {is_transpose(trans), 2}}))
+    if (unfit<gemv_tests<is_complex<T>>>(name, order, trans, m, n, alpha, a, lda, x, incx, beta, y,
+                                         incy))
         return;
-    if (row_major) swap(m, n);
+    if (order == CblasRowMajor) swap(m, n);
     product<T>(name, order, trans, m, n, alpha, x, incx, beta, y, incy,
                [&](const char* op, const auto& alpha_, auto x_, int incx_, const auto& beta_) {
                    call(entry, op, m, n, alpha_, a, lda, x_, incx_, beta_, y, incy);
                });
 }
 
+template <bool is_complex>
+constexpr auto gbmv_tests(bool row_major) {
+    const Test trans = any_transpose(2), m = count(3), n = count(4), kl = count(5), ku = count(6),
+               lda = leading_band(9, 5, 6), incx = step(11), incy = step(14);
+    return is_complex && row_major ? Row{kOrder, m, n, kl, ku, lda, incx, incy, trans}
+                                   : Row{kOrder, trans, m, n, kl, ku, lda, incx, incy};
+}
+
 template <class T, class Entry>
 void gbmv(const char* name, Entry* entry, CBLAS_ORDER order, CBLAS_TRANSPOSE trans, int m, int n,
           int kl, int ku, Scalar<T> alpha, const Array<T>* a, int lda, const Array<T>* x, int incx,
           Scalar<T> beta, Array<T>* y, int incy) {
-    const bool row_major = order == CblasRowMajor;
-    const bool letter_last = is_complex<T> && row_major;
-    if (unfit(name, {{is_order(order), 1},
-                     {is_transpose(trans) || letter_last, 2},
-                     {m >= 0, 3},
-                     {n >= 0, 4},
-                     {kl >= 0, 5},
-                     {ku >= 0, 6},
-                     {leads_band(lda, kl, ku), 9},
-                     {incx != 0, 11},
-                     {incy != 0, 14},
-                     {is_transpose(trans), 2}}))
+    if (unfit<gbmv_tests<is_complex<T>>>(name, order, trans, m, n, kl, ku, alpha, a, lda, x, incx,
+                                         beta, y, incy))
         return;
-    if (row_major) swap(m, n), swap(kl, ku);
+    if (order == CblasRowMajor) swap(m, n), swap(kl, ku);
     product<T>(name, order, trans, m, n, alpha, x, incx, beta, y, incy,
                [&](const char* op, const auto& alpha_, auto x_, int incx_, const auto& beta_) {
                    call(entry, op, m, n, kl, ku, alpha_, a, lda, x_, incx_, beta_, y, incy);
                });
 }
 
-// The tests of an update A := A + alpha * x * op(y).
-bool unfit_update(const char* name, CBLAS_ORDER order, int m, int n, int incx, int incy, int lda) {
-    return unfit(name, {{is_order(order), 1},
-                        {m >= 0, 2},
-                        {n >= 0, 3},
-                        {leads(lda, order == CblasRowMajor ? n : m), 10},
-                        {incx != 0, 6},
-                        {incy != 0, 8}});
+// Updates A := A + alpha * x * op(y).
+constexpr auto ger_tests(bool row_major) {
+    return Row{kOrder, count(2), count(3), leading(10, row_major ? 3 : 2), step(6), step(8)};
 }
 
 template <class T, class Entry>
 void ger(const char* name, Entry* entry, CBLAS_ORDER order, int m, int n, Scalar<T> alpha,
          const Array<T>* x, int incx, const Array<T>* y, int incy, Array<T>* a, int lda) {
-    if (unfit_update(name, order, m, n, incx, incy, lda)) return;
+    if (unfit<ger_tests>(name, order, m, n, alpha, x, incx, y, incy, a, lda)) return;
     if (order == CblasRowMajor)
         call(entry, n, m, alpha, y, incy, x, incx, a, lda);
     else
@@ -102,7 +96,7 @@ void ger(const char* name, Entry* entry, CBLAS_ORDER order, int m, int n, Scalar
 template <class T, class Entry>
 void gerc(const char* name, Entry* entry, Entry* plain, CBLAS_ORDER order, int m, int n,
           const void* alpha, const void* x, int incx, const void* y, int incy, void* a, int lda) {
-    if (unfit_update(name, order, m, n, incx, incy, lda)) return;
+    if (unfit<ger_tests>(name, order, m, n, alpha, x, incx, y, incy, a, lda)) return;
     if (order == CblasColMajor) return call(entry, m, n, alpha, x, incx, y, incy, a, lda);
     const ConjugatedCopy<T> copy(name, n, y, incy);
     if (copy) call(plain, n, m, alpha, copy.data(), copy.inc(), x, incx, a, lda);
@@ -112,33 +106,37 @@ void gerc(const char* name, Entry* entry, Entry* plain, CBLAS_ORDER order, int m
 
 extern "C" {
 
-#define PRODUCTS(p, T)                                                                             \
-    void cblas_##p##gemv(CBLAS_ORDER order, CBLAS_TRANSPOSE trans, int m, int n, Scalar<T> alpha,  \
-                         const Array<T>* a, int lda, const Array<T>* x, int incx, Scalar<T> beta,  \
-                         Array<T>* y, int incy) {                                                  \
-        gemv<T>("cblas_" #p "gemv", p##gemv, order, trans, m, n, alpha, a, lda, x, incx, beta, y,  \
-                incy);                                                                             \
-    }                                                                                              \
-    void cblas_##p##gbmv(CBLAS_ORDER order, CBLAS_TRANSPOSE trans, int m, int n, int kl, int ku,   \
-                         Scalar<T> alpha, const Array<T>* a, int lda, const Array<T>* x, int incx, \
-                         Scalar<T> beta, Array<T>* y, int incy) {                                  \
-        gbmv<T>("cblas_" #p "gbmv", p##gbmv, order, trans, m, n, kl, ku, alpha, a, lda, x, incx,   \
-                beta, y, incy);                                                                    \
+#define GEMV(name, entry, T)                                                                       \
+    void name(CBLAS_ORDER order, CBLAS_TRANSPOSE trans, int m, int n, Scalar<T> alpha,             \
+              const Array<T>* a, int lda, const Array<T>* x, int incx, Scalar<T> beta,             \
+              Array<T>* y, int incy) {                                                             \
+        gemv<T>(#name, entry, order, trans, m, n, alpha, a, lda, x, incx, beta, y, incy);          \
     }
-PRODUCTS(s, float)
-PRODUCTS(d, double)
-PRODUCTS(c, cfloat)
-PRODUCTS(z, cdouble)
+GEMV(cblas_sgemv, sgemv, float)
+GEMV(cblas_dgemv, dgemv, double)
+GEMV(cblas_cgemv, cgemv, cfloat)
+GEMV(cblas_zgemv, zgemv, cdouble)
+
+#define GBMV(name, entry, T)                                                                       \
+    void name(CBLAS_ORDER order, CBLAS_TRANSPOSE trans, int m, int n, int kl, int ku,              \
+              Scalar<T> alpha, const Array<T>* a, int lda, const Array<T>* x, int incx,            \
+              Scalar<T> beta, Array<T>* y, int incy) {                                             \
+        gbmv<T>(#name, entry, order, trans, m, n, kl, ku, alpha, a, lda, x, incx, beta, y, incy);  \
+    }
+GBMV(cblas_sgbmv, sgbmv, float)
+GBMV(cblas_dgbmv, dgbmv, double)
+GBMV(cblas_cgbmv, cgbmv, cfloat)
+GBMV(cblas_zgbmv, zgbmv, cdouble)
 
 #define UPDATE(name, T, update, ...)                                                               \
-    void cblas_##name(CBLAS_ORDER order, int m, int n, Scalar<T> alpha, const Array<T>* x,         \
-                      int incx, const Array<T>* y, int incy, Array<T>* a, int lda) {               \
-        update<T>("cblas_" #name, __VA_ARGS__, order, m, n, alpha, x, incx, y, incy, a, lda);      \
+    void name(CBLAS_ORDER order, int m, int n, Scalar<T> alpha, const Array<T>* x, int incx,       \
+              const Array<T>* y, int incy, Array<T>* a, int lda) {                                 \
+        update<T>(#name, __VA_ARGS__, order, m, n, alpha, x, incx, y, incy, a, lda);               \
     }
-UPDATE(sger, float, ger, sger)
-UPDATE(dger, double, ger, dger)
-UPDATE(cgeru, cfloat, ger, cgeru)
-UPDATE(zgeru, cdouble, ger, zgeru)
-UPDATE(cgerc, cfloat, gerc, cgerc, cgeru)
-UPDATE(zgerc, cdouble, gerc, zgerc, zgeru)
+UPDATE(cblas_sger, float, ger, sger)
+UPDATE(cblas_dger, double, ger, dger)
+UPDATE(cblas_cgeru, cfloat, ger, cgeru)
+UPDATE(cblas_zgeru, cdouble, ger, zgeru)
+UPDATE(cblas_cgerc, cfloat, gerc, cgerc, cgeru)
+UPDATE(cblas_zgerc, cdouble, gerc, zgerc, zgeru)
 }

@@ -13,11 +13,6 @@ using namespace vor::cblas;
 
 namespace {
 
-// The letter of the triangle as the entry sees it.
-const char* seen(CBLAS_ORDER order, CBLAS_UPLO uplo) {
-    return order == CblasRowMajor ? other(uplo) : letter(uplo);
-}
-
 // y := alpha * A * x + beta * y: entry(letter, alpha, x, incx, beta) calls it.
 template <class T, class Entry>
 void product(const char* name, CBLAS_ORDER order, CBLAS_UPLO uplo, int n, Scalar<T> alpha,
@@ -29,16 +24,20 @@ void product(const char* name, CBLAS_ORDER order, CBLAS_UPLO uplo, int n, Scalar
     entry(seen(order, uplo), alpha, x, incx, beta);
 }
 
+template <bool packed>
+constexpr auto symv_tests(bool) {
+    if constexpr (packed)
+        return Row{kOrder, triangle(2), count(3), step(7), step(10)};
+    else
+        return Row{kOrder, triangle(2), count(3), leading(6, 3), step(8), step(11)};
+}
+
 template <class T, class Entry, class... Ld>
 void symv(const char* name, Entry* entry, CBLAS_ORDER order, CBLAS_UPLO uplo, int n,
           Scalar<T> alpha, const Array<T>* x, int incx, Scalar<T> beta, Array<T>* y, int incy,
           const Array<T>* a, Ld... lda) {
-    if (unfit(name, {{is_order(order), 1},
-                     {is_uplo(uplo), 2},
-                     {n >= 0, 3},
-                     {(leads(lda, n) && ...), 6},
-                     {incx != 0, 7 + sizeof...(lda)},
-                     {incy != 0, 10 + sizeof...(lda)}}))
+    if (unfit<symv_tests<sizeof...(lda) == 0>>(name, order, uplo, n, alpha, a, lda..., x, incx,
+                                               beta, y, incy))
         return;
     product<T>(name, order, uplo, n, alpha, x, incx, beta, y, incy,
                [&](const char* half, const auto& alpha_, auto x_, int incx_, const auto& beta_) {
@@ -46,18 +45,15 @@ void symv(const char* name, Entry* entry, CBLAS_ORDER order, CBLAS_UPLO uplo, in
                });
 }
 
+constexpr auto sbmv_tests(bool) {
+    return Row{kOrder, triangle(2), count(3), count(4), leading_band(7, 4), step(9), step(12)};
+}
+
 template <class T, class Entry>
 void sbmv(const char* name, Entry* entry, CBLAS_ORDER order, CBLAS_UPLO uplo, int n, int k,
           Scalar<T> alpha, const Array<T>* a, int lda, const Array<T>* x, int incx, Scalar<T> beta,
           Array<T>* y, int incy) {
-    if (unfit(name, {{is_order(order), 1},
-                     {is_uplo(uplo), 2},
-                     {n >= 0, 3},
-                     {k >= 0, 4},
-                     {leads_band(lda, k), 7},
-                     {incx != 0, 9},
-                     {incy != 0, 12}}))
-        return;
+    if (unfit<sbmv_tests>(name, order, uplo, n, k, alpha, a, lda, x, incx, beta, y, incy)) return;
     product<T>(name, order, uplo, n, alpha, x, incx, beta, y, incy,
                [&](const char* half, const auto& alpha_, auto x_, int incx_, const auto& beta_) {
                    call(entry, half, n, k, alpha_, a, lda, x_, incx_, beta_, y, incy);
@@ -77,14 +73,18 @@ void update(const char* name, CBLAS_ORDER order, CBLAS_UPLO uplo, int n, const A
     entry(seen(order, uplo), x, incx);
 }
 
+template <bool packed>
+constexpr auto syr_tests(bool) {
+    if constexpr (packed)
+        return Row{kOrder, triangle(2), count(3), step(6)};
+    else
+        return Row{kOrder, triangle(2), count(3), leading(8, 3), step(6)};
+}
+
 template <class T, class Entry, class... Ld>
 void syr(const char* name, Entry* entry, CBLAS_ORDER order, CBLAS_UPLO uplo, int n, real_t<T> alpha,
          const Array<T>* x, int incx, Array<T>* a, Ld... lda) {
-    if (unfit(name, {{is_order(order), 1},
-                     {is_uplo(uplo), 2},
-                     {n >= 0, 3},
-                     {(leads(lda, n) && ...), 8},
-                     {incx != 0, 6}}))
+    if (unfit<syr_tests<sizeof...(lda) == 0>>(name, order, uplo, n, alpha, x, incx, a, lda...))
         return;
     update<T>(name, order, uplo, n, x, incx, [&](const char* half, auto x_, int incx_) {
         call(entry, half, n, alpha, x_, incx_, a, lda...);
@@ -106,16 +106,20 @@ void update2(const char* name, CBLAS_ORDER order, CBLAS_UPLO uplo, int n, const 
     entry(seen(order, uplo), x, incx, y, incy);
 }
 
+template <bool packed>
+constexpr auto syr2_tests(bool) {
+    if constexpr (packed)
+        return Row{kOrder, triangle(2), count(3), step(6), step(8)};
+    else
+        return Row{kOrder, triangle(2), count(3), leading(10, 3), step(6), step(8)};
+}
+
 template <class T, class Entry, class... Ld>
 void syr2(const char* name, Entry* entry, CBLAS_ORDER order, CBLAS_UPLO uplo, int n,
           Scalar<T> alpha, const Array<T>* x, int incx, const Array<T>* y, int incy, Array<T>* a,
           Ld... lda) {
-    if (unfit(name, {{is_order(order), 1},
-                     {is_uplo(uplo), 2},
-                     {n >= 0, 3},
-                     {(leads(lda, n) && ...), 10},
-                     {incx != 0, 6},
-                     {incy != 0, 8}}))
+    if (unfit<syr2_tests<sizeof...(lda) == 0>>(name, order, uplo, n, alpha, x, incx, y, incy, a,
+                                               lda...))
         return;
     update2<T>(name, order, uplo, n, x, incx, y, incy,
                [&](const char* half, auto x_, int incx_, auto y_, int incy_) {
@@ -127,48 +131,74 @@ void syr2(const char* name, Entry* entry, CBLAS_ORDER order, CBLAS_UPLO uplo, in
 
 extern "C" {
 
-#define PRODUCTS(T, full, band, packed)                                                            \
-    void cblas_##full(CBLAS_ORDER order, CBLAS_UPLO uplo, int n, Scalar<T> alpha,                  \
-                      const Array<T>* a, int lda, const Array<T>* x, int incx, Scalar<T> beta,     \
-                      Array<T>* y, int incy) {                                                     \
-        symv<T>("cblas_" #full, full, order, uplo, n, alpha, x, incx, beta, y, incy, a, lda);      \
-    }                                                                                              \
-    void cblas_##band(CBLAS_ORDER order, CBLAS_UPLO uplo, int n, int k, Scalar<T> alpha,           \
-                      const Array<T>* a, int lda, const Array<T>* x, int incx, Scalar<T> beta,     \
-                      Array<T>* y, int incy) {                                                     \
-        sbmv<T>("cblas_" #band, band, order, uplo, n, k, alpha, a, lda, x, incx, beta, y, incy);   \
-    }                                                                                              \
-    void cblas_##packed(CBLAS_ORDER order, CBLAS_UPLO uplo, int n, Scalar<T> alpha,                \
-                        const Array<T>* ap, const Array<T>* x, int incx, Scalar<T> beta,           \
-                        Array<T>* y, int incy) {                                                   \
-        symv<T>("cblas_" #packed, packed, order, uplo, n, alpha, x, incx, beta, y, incy, ap);      \
+#define SYMV(name, entry, T)                                                                       \
+    void name(CBLAS_ORDER order, CBLAS_UPLO uplo, int n, Scalar<T> alpha, const Array<T>* a,       \
+              int lda, const Array<T>* x, int incx, Scalar<T> beta, Array<T>* y, int incy) {       \
+        symv<T>(#name, entry, order, uplo, n, alpha, x, incx, beta, y, incy, a, lda);              \
     }
-PRODUCTS(float, ssymv, ssbmv, sspmv)
-PRODUCTS(double, dsymv, dsbmv, dspmv)
-PRODUCTS(cfloat, chemv, chbmv, chpmv)
-PRODUCTS(cdouble, zhemv, zhbmv, zhpmv)
+SYMV(cblas_ssymv, ssymv, float)
+SYMV(cblas_dsymv, dsymv, double)
+SYMV(cblas_chemv, chemv, cfloat)
+SYMV(cblas_zhemv, zhemv, cdouble)
 
-#define UPDATES(T, full, packed)                                                                   \
-    void cblas_##full(CBLAS_ORDER order, CBLAS_UPLO uplo, int n, real_t<T> alpha,                  \
-                      const Array<T>* x, int incx, Array<T>* a, int lda) {                         \
-        syr<T>("cblas_" #full, full, order, uplo, n, alpha, x, incx, a, lda);                      \
-    }                                                                                              \
-    void cblas_##packed(CBLAS_ORDER order, CBLAS_UPLO uplo, int n, real_t<T> alpha,                \
-                        const Array<T>* x, int incx, Array<T>* ap) {                               \
-        syr<T>("cblas_" #packed, packed, order, uplo, n, alpha, x, incx, ap);                      \
-    }                                                                                              \
-    void cblas_##full##2(CBLAS_ORDER order, CBLAS_UPLO uplo, int n, Scalar<T> alpha,               \
-                         const Array<T>* x, int incx, const Array<T>* y, int incy, Array<T>* a,    \
-                         int lda) {                                                                \
-        syr2<T>("cblas_" #full "2", full##2, order, uplo, n, alpha, x, incx, y, incy, a, lda);     \
-    }                                                                                              \
-    void cblas_##packed##2(CBLAS_ORDER order, CBLAS_UPLO uplo, int n, Scalar<T> alpha,             \
-                           const Array<T>* x, int incx, const Array<T>* y, int incy,               \
-                           Array<T>* ap) {                                                         \
-        syr2<T>("cblas_" #packed "2", packed##2, order, uplo, n, alpha, x, incx, y, incy, ap);     \
+#define SBMV(name, entry, T)                                                                       \
+    void name(CBLAS_ORDER order, CBLAS_UPLO uplo, int n, int k, Scalar<T> alpha,                   \
+              const Array<T>* a, int lda, const Array<T>* x, int incx, Scalar<T> beta,             \
+              Array<T>* y, int incy) {                                                             \
+        sbmv<T>(#name, entry, order, uplo, n, k, alpha, a, lda, x, incx, beta, y, incy);           \
     }
-UPDATES(float, ssyr, sspr)
-UPDATES(double, dsyr, dspr)
-UPDATES(cfloat, cher, chpr)
-UPDATES(cdouble, zher, zhpr)
+SBMV(cblas_ssbmv, ssbmv, float)
+SBMV(cblas_dsbmv, dsbmv, double)
+SBMV(cblas_chbmv, chbmv, cfloat)
+SBMV(cblas_zhbmv, zhbmv, cdouble)
+
+#define SPMV(name, entry, T)                                                                       \
+    void name(CBLAS_ORDER order, CBLAS_UPLO uplo, int n, Scalar<T> alpha, const Array<T>* ap,      \
+              const Array<T>* x, int incx, Scalar<T> beta, Array<T>* y, int incy) {                \
+        symv<T>(#name, entry, order, uplo, n, alpha, x, incx, beta, y, incy, ap);                  \
+    }
+SPMV(cblas_sspmv, sspmv, float)
+SPMV(cblas_dspmv, dspmv, double)
+SPMV(cblas_chpmv, chpmv, cfloat)
+SPMV(cblas_zhpmv, zhpmv, cdouble)
+
+#define SYR(name, entry, T)                                                                        \
+    void name(CBLAS_ORDER order, CBLAS_UPLO uplo, int n, real_t<T> alpha, const Array<T>* x,       \
+              int incx, Array<T>* a, int lda) {                                                    \
+        syr<T>(#name, entry, order, uplo, n, alpha, x, incx, a, lda);                              \
+    }
+SYR(cblas_ssyr, ssyr, float)
+SYR(cblas_dsyr, dsyr, double)
+SYR(cblas_cher, cher, cfloat)
+SYR(cblas_zher, zher, cdouble)
+
+#define SPR(name, entry, T)                                                                        \
+    void name(CBLAS_ORDER order, CBLAS_UPLO uplo, int n, real_t<T> alpha, const Array<T>* x,       \
+              int incx, Array<T>* ap) {                                                            \
+        syr<T>(#name, entry, order, uplo, n, alpha, x, incx, ap);                                  \
+    }
+SPR(cblas_sspr, sspr, float)
+SPR(cblas_dspr, dspr, double)
+SPR(cblas_chpr, chpr, cfloat)
+SPR(cblas_zhpr, zhpr, cdouble)
+
+#define SYR2(name, entry, T)                                                                       \
+    void name(CBLAS_ORDER order, CBLAS_UPLO uplo, int n, Scalar<T> alpha, const Array<T>* x,       \
+              int incx, const Array<T>* y, int incy, Array<T>* a, int lda) {                       \
+        syr2<T>(#name, entry, order, uplo, n, alpha, x, incx, y, incy, a, lda);                    \
+    }
+SYR2(cblas_ssyr2, ssyr2, float)
+SYR2(cblas_dsyr2, dsyr2, double)
+SYR2(cblas_cher2, cher2, cfloat)
+SYR2(cblas_zher2, zher2, cdouble)
+
+#define SPR2(name, entry, T)                                                                       \
+    void name(CBLAS_ORDER order, CBLAS_UPLO uplo, int n, Scalar<T> alpha, const Array<T>* x,       \
+              int incx, const Array<T>* y, int incy, Array<T>* ap) {                               \
+        syr2<T>(#name, entry, order, uplo, n, alpha, x, incx, y, incy, ap);                        \
+    }
+SPR2(cblas_sspr2, sspr2, float)
+SPR2(cblas_dspr2, dspr2, double)
+SPR2(cblas_chpr2, chpr2, cfloat)
+SPR2(cblas_zhpr2, zhpr2, cdouble)
 }

@@ -61,23 +61,6 @@ constexpr Test kTbmv[] = {letter(1, kUplo), letter(2, kTrans),  letter(3, kDiag)
                           count(5),         leading_band(7, 5), step(9)};
 constexpr Test kTpmv[] = {letter(1, kUplo), letter(2, kTrans), letter(3, kDiag), count(4), step(7)};
 
-// The check of one routine; called with the routine's own arguments.
-template <size_t count>
-struct Check {
-    const Test (&tests)[count];
-    const char* name; // six characters
-
-    template <class... Words>
-    [[gnu::always_inline]] int operator()(Words... words) const {
-        constexpr int kName = 6;
-        const void* const arguments[] = {address(words)...};
-        return check(tests, name, kName, arguments);
-    }
-
-    static const void* address(const void* argument) { return argument; }
-    static const void* address(int) { return nullptr; } // a hidden length, which nobody reads
-};
-
 } // namespace
 
 #define CHECK(letter, op, check, T, tests, LIST, report)                                           \

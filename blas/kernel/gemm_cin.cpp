@@ -7,7 +7,7 @@
 namespace vor::blas {
 namespace {
 
-// Rows I to I + R of a panel, at a: where each stands relative to it, in floats.
+// Where row i of a panel begins, in floats.
 template <int K>
 constexpr int row_at(int i) {
     return i / 2 * 4 * K + i % 2 * 8;

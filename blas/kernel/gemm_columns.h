@@ -6,7 +6,8 @@
 namespace vor::blas {
 
 // The lines of K elements of each of `count` columns of b, and of M of c. The next columns stand too far
-// away for the hardware to guess them, and memory takes longer than one column.
+// away for the hardware to guess them, and memory takes longer than one column. Behind the last one there
+// may be nothing: a prefetch does not fault.
 template <int M, int K, class T>
 inline void prefetch_columns(int count, const T* b, int ldb, const T* c, int ldc) {
     constexpr int line = 64 / sizeof(T);
@@ -19,12 +20,8 @@ inline void prefetch_columns(int count, const T* b, int ldb, const T* c, int ldc
 // group(apanel, b, c) multiplies the G rows of one group, packed for K steps, by one column.
 template <int M, int K, int G, class T, class F>
 inline void column_by_column(int n, const T* apanel, const T* b, int ldb, T* c, int ldc, F group) {
-    constexpr int line = 64 / sizeof(T);
     for (int j = 0; j < n; ++j, b += ldb, c += ldc) {
-        // The next columns stand too far away for the hardware to guess them, and memory takes longer
-        // than one column. Behind the last one there may be nothing: a prefetch does not fault.
-        for (int l = 0; l < K; l += line) prefetch(b + 2 * ldb + l);
-        for (int i = 0; i < M; i += line) prefetch(c + ldc + i);
+        prefetch_columns<M, K>(1, b + 2 * ldb, ldb, c + ldc, ldc);
         for (int i = 0; i < M; i += G) group(apanel + i * K, b, c + i);
     }
 }

@@ -48,7 +48,7 @@ inline void tile(int k, Operand<cfloat> a, const cfloat* b, int step, const Fini
     __m128 by_re[P], by_im[P];
 #pragma GCC unroll 2
     for (int p = 0; p < P; ++p) by_re[p] = by_im[p] = _mm_setzero_ps();
-    for (; k > 0; --k, a.at += a.column, b += step) {
+    const auto add = [&]() __attribute__((always_inline)) {
         const __m128 re = _mm_set1_ps(b->re), im = _mm_set1_ps(b->im);
 #pragma GCC unroll 2
         for (int p = 0; p < P; ++p) {
@@ -56,7 +56,14 @@ inline void tile(int k, Operand<cfloat> a, const cfloat* b, int step, const Fini
             by_re[p] = _mm_add_ps(by_re[p], _mm_mul_ps(x, re));
             by_im[p] = _mm_add_ps(by_im[p], _mm_mul_ps(x, im));
         }
-    }
+        a.at += a.column, b += step;
+    };
+    // Pairs of steps pay where loads are few.
+    if constexpr (Down)
+#pragma GCC unroll 2
+        for (; k > 0; --k) add();
+    else
+        for (; k > 0; --k) add();
 #pragma GCC unroll 2
     for (int p = 0; p < P; ++p) finish<R>(by_re[p], by_im[p], how, c + 2 * p);
 }
@@ -64,9 +71,8 @@ inline void tile(int k, Operand<cfloat> a, const cfloat* b, int step, const Fini
 // m rows, each column of b in turn. Out of line: the members of `how` then stay in memory and leave the
 // registers to the sums.
 template <bool Down>
-[[gnu::noinline]] void multiply_rows(int m, int n, int k, const Operand<cfloat>& a,
-                                     const Operand<cfloat>& b, const Finish& how, cfloat* c,
-                                     int ldc) {
+[[gnu::noinline]] void multiply_rows(int m, int n, int k, Operand<cfloat> a, Operand<cfloat> b,
+                                     const Finish& how, cfloat* c, int ldc) {
     for (int j = 0; j < n; ++j, c += ldc) {
         const cfloat* column = &b(0, j);
         int i = 0;

@@ -1,5 +1,6 @@
 // gerin: y := y + alpha * x over m elements, each sum in extended precision and rounded once, for all
-// types. An alpha of 0, of either sign, leaves y alone, whatever x holds.
+// types. An alpha of 0, of either sign, leaves y alone, whatever x holds; a subnormal one does not, also
+// where the processor flushes such numbers to 0.
 #include "blas/kernel/gerin.h"
 #include "arith/prefetch.h"
 #include "blas/kernel/columns.h"
@@ -22,7 +23,7 @@ void add_rounds(int rounds, V alpha, const T* x, T* y) {
 
 template <class T>
 void gerin(int m, T alpha, const T* x, int incx, T* y, int incy) {
-    if (m < 1 || is_zero(alpha)) return;
+    if (m < 1 || has_zero_bits(alpha)) return;
     const auto t = number<wide_t<T>>(alpha);
     int done = 0;
     if (incx == 1 && incy == 1) {

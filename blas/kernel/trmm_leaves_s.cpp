@@ -19,33 +19,35 @@
 namespace vor::blas {
 namespace {
 
-constexpr int kGroup = 4; // equations
+template <class T>
+constexpr int kGroup = is_complex<T> ? 2 : 4; // equations: one vector
 template <class T>
 constexpr int kOrder = is_complex<T> ? 16 : 32; // of the largest left block
 constexpr int kRightOrder = 16;
 
-// Words that keep the lanes of the first `count` equations, or those behind them, of four; 2 lanes each
-// in the complex case. kKeep + 4 - count, and kKeep + 8 - count.
-constexpr unsigned kAll = ~0u;
-alignas(16) constexpr unsigned kKeepWords[] = {kAll, kAll, kAll, kAll, 0,    0,
-                                               0,    0,    kAll, kAll, kAll, kAll};
+// Which equations of a group hold the unknowns of its corner, as masks for a vector of them: upper, the
+// equations up to unknown h, lower, those from h on.
+template <class T>
+struct CornerMasks {
+    alignas(16) unsigned words[2][kGroup<T>][4] = {};
 
-__m128 keep(int offset) {
-    return _mm_loadu_ps(reinterpret_cast<const float*>(kKeepWords) + offset);
-}
+    constexpr CornerMasks() {
+        constexpr int lanes = 4 / kGroup<T>; // of an equation
+        for (int h = 0; h < kGroup<T>; ++h)
+            for (int lane = 0; lane < 4; ++lane) {
+                words[0][h][lane] = lane / lanes >= h ? ~0u : 0;
+                words[1][h][lane] = lane / lanes <= h ? ~0u : 0;
+            }
+    }
+    __m128 at(bool upper, int h) const {
+        return load<true>(reinterpret_cast<const float*>(words[upper][h]));
+    }
+};
+template <class T>
+constexpr CornerMasks<T> kCornerMasks;
 
-// Which of four equations hold the unknown h of their own group, as masks for vectors of Lanes lanes an
-// equation, from equation `first` on.
-template <int Lanes>
-__m128 corner_mask(bool upper, int h, int first) {
-    // Upper: equations up to h. Lower: from h on.
-    const int equations = upper ? h + 1 - first : h - first;
-    const int lanes = std::clamp(equations * Lanes, 0, 4);
-    return keep(upper ? 4 - lanes : 8 - lanes);
-}
-
-// A left block, in the order of B: groups[(g * order + l) * 4 + r] is the coefficient of unknown l in
-// equation 4 g + r.
+// A left block, in the order of B: groups[(g * order + l) * G + r] is the coefficient of unknown l in
+// equation g * G + r. Of a group stand there the unknowns that it has, in its corner zeros for the others.
 template <class T>
 struct Packed {
     alignas(16) T groups[kOrder<T> * kOrder<T>];
@@ -53,17 +55,34 @@ struct Packed {
     bool upper;
 
     explicit Packed(const TriangularProblem<T>& p)
-        : order((p.m + kGroup - 1) / kGroup * kGroup), upper(!p.lower_system()) {
+        : order((p.m + G - 1) / G * G), upper(!p.lower_system()) {
         const Leaf<T> leaf(p, true);
-        for (int i = 0; i < order; ++i)
-            for (int l = 0; l < order; ++l)
-                groups[(i / kGroup * order + l) * kGroup + i % kGroup] = coefficient(leaf, i, l);
+        for (int i = 0; i < order; i += G) {
+            T* const group = groups + i * order;
+            pack_singly(leaf, i, i, i + G, group);
+            const int first = first_beside(i), end = end_beside(i);
+            if (std::max(i + G, end) > leaf.order)
+                pack_singly(leaf, i, first, end, group);
+            else
+                for (int l = first; l < end; ++l)
+                    for (int r = 0; r < G; ++r) group[l * G + r] = leaf.coefficient(i + r, l);
+        }
     }
-    const float* at(int group, int l) const {
-        return reinterpret_cast<const float*>(groups + (group * order + l) * kGroup);
+    const float* at(int i, int l) const {
+        return reinterpret_cast<const float*>(groups + i * order + l * G);
     }
+    // The unknowns of the group from equation i on, beside those of its corner.
+    int first_beside(int i) const { return upper ? i + G : 0; }
+    int end_beside(int i) const { return upper ? order : i; }
 
 private:
+    static constexpr int G = kGroup<T>;
+
+    // Also what lies outside the triangle.
+    void pack_singly(const Leaf<T>& leaf, int i, int l, int end, T* group) const {
+        for (; l < end; ++l)
+            for (int r = 0; r < G; ++r) group[l * G + r] = coefficient(leaf, i + r, l);
+    }
     T coefficient(const Leaf<T>& leaf, int i, int l) const {
         const bool inside = upper ? i <= l : i >= l;
         if (!inside || std::max(i, l) >= leaf.order) return T{};
@@ -72,25 +91,24 @@ private:
     }
 };
 
-// C columns of float: sum[c] of the four equations of a group.
-template <int C>
+// Six columns of real numbers: the sums of a group's equations. x[c]: an unknown in all lanes.
 struct RealTile {
-    static constexpr int columns = C;
-    __m128 sum[C] = {};
+    static constexpr int columns = 6;
+    using Value = __m128;
+    __m128 sum[columns] = {};
 
-    void add(const float* t, const float (*x)[kOrder<float>], int l) {
-        const __m128 coefficients = _mm_load_ps(t);
-#pragma GCC unroll 4
-        for (int c = 0; c < C; ++c) sum[c] = sum[c] + coefficients * _mm_set1_ps(x[c][l]);
+    static Value spread(float x) { return _mm_set1_ps(x); }
+
+    void add(__m128 coefficients, const Value* x) {
+#pragma GCC unroll 6
+        for (int c = 0; c < columns; ++c) sum[c] = sum[c] + coefficients * x[c];
     }
-    void add_corner(const float* t, const float (*x)[kOrder<float>], int l, bool upper, int h) {
-        const __m128 coefficients = _mm_load_ps(t), mask = corner_mask<1>(upper, h, 0);
-#pragma GCC unroll 4
-        for (int c = 0; c < C; ++c)
-            sum[c] = sum[c] + _mm_and_ps(coefficients * _mm_set1_ps(x[c][l]), mask);
+    void add_corner(__m128 coefficients, __m128 mask, const Value* x) {
+#pragma GCC unroll 6
+        for (int c = 0; c < columns; ++c) sum[c] = sum[c] + _mm_and_ps(coefficients * x[c], mask);
     }
-    void finish(float alpha, int c, float* y) const {
-        _mm_store_ps(y, sum[c] * _mm_set1_ps(alpha));
+    __m128 product(float alpha, int c) const {
+        return sum[c] * _mm_set1_ps(alpha);
     }
 };
 
@@ -99,75 +117,74 @@ __m128 combined(__m128 by_re, __m128 by_im) {
     return by_re + swap_parts(by_im) * _mm_setr_ps(-1, 1, -1, 1);
 }
 
-// One column of complex numbers: two vectors of two equations.
+// Three columns of complex numbers.
 struct ComplexTile {
-    static constexpr int columns = 1;
-    __m128 by_re[2] = {}, by_im[2] = {};
+    static constexpr int columns = 3;
+    using Value = Four;
+    __m128 by_re[columns] = {}, by_im[columns] = {};
 
-    void add(const float* t, const cfloat (*x)[kOrder<cfloat>], int l) {
-        const __m128 re = _mm_set1_ps(x[0][l].re), im = _mm_set1_ps(x[0][l].im);
-#pragma GCC unroll 2
-        for (int v = 0; v < 2; ++v) {
-            by_re[v] = by_re[v] + _mm_load_ps(t + 4 * v) * re;
-            by_im[v] = by_im[v] + _mm_load_ps(t + 4 * v) * im;
+    static Value spread(cfloat x) { return {_mm_set1_ps(x.re), _mm_set1_ps(x.im)}; }
+
+    void add(__m128 coefficients, const Value* x) {
+#pragma GCC unroll 3
+        for (int c = 0; c < columns; ++c) {
+            by_re[c] = by_re[c] + coefficients * x[c].re;
+            by_im[c] = by_im[c] + coefficients * x[c].im;
         }
     }
-    void add_corner(const float* t, const cfloat (*x)[kOrder<cfloat>], int l, bool upper, int h) {
-        const __m128 re = _mm_set1_ps(x[0][l].re), im = _mm_set1_ps(x[0][l].im);
-#pragma GCC unroll 2
-        for (int v = 0; v < 2; ++v) {
-            const __m128 mask = corner_mask<2>(upper, h, 2 * v);
-            by_re[v] = by_re[v] + _mm_and_ps(_mm_load_ps(t + 4 * v) * re, mask);
-            by_im[v] = by_im[v] + _mm_and_ps(_mm_load_ps(t + 4 * v) * im, mask);
+    void add_corner(__m128 coefficients, __m128 mask, const Value* x) {
+#pragma GCC unroll 3
+        for (int c = 0; c < columns; ++c) {
+            by_re[c] = by_re[c] + _mm_and_ps(coefficients * x[c].re, mask);
+            by_im[c] = by_im[c] + _mm_and_ps(coefficients * x[c].im, mask);
         }
     }
-    void finish(cfloat alpha, int, cfloat* y) const {
-        const RowFactor factor(alpha);
-        float* out = &y->re;
-        _mm_store_ps(out, factor.times(combined(by_re[0], by_im[0])));
-        _mm_store_ps(out + 4, factor.times(combined(by_re[1], by_im[1])));
+    __m128 product(cfloat alpha, int c) const {
+        return RowFactor(alpha).times(combined(by_re[c], by_im[c]));
     }
 };
 
-// The columns of B from b on that a tile holds.
+// `count` columns of B from b on: those that a tile holds, or fewer, with the last one in their stead.
 template <class Tile, class T>
-void multiply_columns(const Packed<T>& packed, int order, T alpha, T* b, int ldb) {
-    constexpr int C = Tile::columns;
-    T x[C][kOrder<T>]; // what B held
-    for (int c = 0; c < C; ++c)
-        for (int l = 0; l < packed.order; ++l) x[c][l] = l < order ? b[l + c * ldb] : T{};
-
-    for (int i = 0; i < order; i += kGroup) {
-        const int group = i / kGroup;
+void multiply_columns(const Packed<T>& packed, int order, T alpha, T* b, int ldb, int count) {
+    constexpr int C = Tile::columns, G = kGroup<T>;
+    typename Tile::Value x[kOrder<T> * C]; // what B held
+    for (int c = 0; c < C; ++c) {
+        const T* column = b + std::min(c, count - 1) * ldb;
+        for (int l = 0; l < order; ++l) x[l * C + c] = Tile::spread(column[l]);
+        for (int l = order; l < packed.order; ++l) x[l * C + c] = Tile::spread(T{});
+    }
+    for (int i = 0; i < order; i += G) {
         Tile tile;
         const auto corner = [&] {
-            for (int h = 0; h < kGroup; ++h)
-                tile.add_corner(packed.at(group, i + h), x, i + h, packed.upper, h);
+            for (int h = 0; h < G; ++h)
+                tile.add_corner(load<true>(packed.at(i, i + h)),
+                                kCornerMasks<T>.at(packed.upper, h), x + (i + h) * C);
         };
         if (packed.upper) corner();
-        const int from = packed.upper ? i + kGroup : 0, to = packed.upper ? packed.order : i;
-        for (int l = from; l < to; ++l) tile.add(packed.at(group, l), x, l);
+        for (int l = packed.first_beside(i); l < packed.end_beside(i); ++l)
+            tile.add(load<true>(packed.at(i, l)), x + l * C);
         if (!packed.upper) corner();
-        for (int c = 0; c < C; ++c) {
-            alignas(16) T y[kGroup];
-            tile.finish(alpha, c, y);
-            for (int r = 0; r < std::min(kGroup, order - i); ++r) b[i + r + c * ldb] = y[r];
+        for (int c = 0; c < count; ++c) {
+            T* const y = b + i + c * ldb;
+            const __m128 product = tile.product(alpha, c);
+            if (i + G <= order) {
+                store<false>(reinterpret_cast<float*>(y), product);
+                continue;
+            }
+            T rest[G];
+            store<false>(reinterpret_cast<float*>(rest), product);
+            std::copy_n(rest, order - i, y);
         }
     }
 }
 
-void multiply_left(const TriangularProblem<float>& p, float alpha) {
-    const Packed<float> packed(p);
-    int j = 0;
-    for (; j + 4 <= p.n; j += 4)
-        multiply_columns<RealTile<4>>(packed, p.m, alpha, p.b_at(0, j), p.ldb);
-    for (; j < p.n; ++j) multiply_columns<RealTile<1>>(packed, p.m, alpha, p.b_at(0, j), p.ldb);
-}
-
-void multiply_left(const TriangularProblem<cfloat>& p, cfloat alpha) {
-    const Packed<cfloat> packed(p);
-    for (int j = 0; j < p.n; ++j)
-        multiply_columns<ComplexTile>(packed, p.m, alpha, p.b_at(0, j), p.ldb);
+template <class Tile, class T>
+void multiply_left(const TriangularProblem<T>& p, T alpha) {
+    const Packed<T> packed(p);
+    for (int j = 0; j < p.n; j += Tile::columns)
+        multiply_columns<Tile>(packed, p.m, alpha, p.b_at(0, j), p.ldb,
+                               std::min(Tile::columns, p.n - j));
 }
 
 // ---- Right.
@@ -247,11 +264,11 @@ void multiply_right(const TriangularProblem<cfloat>& p, cfloat alpha) {
         const auto p = TRIANGULAR_PROBLEM_OF_LEAF(T, side, trans);                                 \
         multiply(p, *alpha);                                                                       \
     }
-LEAF(vor_blas_strmln, float, "L", "N", multiply_left)
-LEAF(vor_blas_strmlt, float, "L", "T", multiply_left)
-LEAF(vor_blas_ctrmln, cfloat, "L", "N", multiply_left)
-LEAF(vor_blas_ctrmlt, cfloat, "L", "T", multiply_left)
-LEAF(vor_blas_ctrmlc, cfloat, "L", "C", multiply_left)
+LEAF(vor_blas_strmln, float, "L", "N", multiply_left<RealTile>)
+LEAF(vor_blas_strmlt, float, "L", "T", multiply_left<RealTile>)
+LEAF(vor_blas_ctrmln, cfloat, "L", "N", multiply_left<ComplexTile>)
+LEAF(vor_blas_ctrmlt, cfloat, "L", "T", multiply_left<ComplexTile>)
+LEAF(vor_blas_ctrmlc, cfloat, "L", "C", multiply_left<ComplexTile>)
 LEAF(vor_blas_ctrmrn, cfloat, "R", "N", multiply_right)
 LEAF(vor_blas_ctrmrt, cfloat, "R", "T", multiply_right)
 LEAF(vor_blas_ctrmrc, cfloat, "R", "C", multiply_right)

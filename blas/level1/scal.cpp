@@ -9,21 +9,15 @@
 namespace vor::blas {
 namespace {
 
-// x := alpha*x in extended precision, rounded once at the store.
-template <class T>
-inline void scale(extended alpha, T& x) {
-    if constexpr (is_complex<T>) {
+// x := alpha*x, rounded at the store alone if V is extended. A real factor meets both parts of x.
+template <class V, class T>
+inline void scale(V alpha, T& x) {
+    if constexpr (is_complex<T> && !Parted<V>) {
         scale(alpha, x.re);
         scale(alpha, x.im);
     } else {
-        x = static_cast<T>(alpha * loaded(x));
+        x = element<T>(alpha * factor<V>(x));
     }
-}
-template <class T>
-inline void scale(const cextended& alpha, T& x) {
-    const extended re = x.re, im = x.im;
-    x.re = static_cast<real_t<T>>(alpha.re * re - alpha.im * im);
-    x.im = static_cast<real_t<T>>(alpha.re * im + alpha.im * re);
 }
 
 template <class T, class A>
@@ -38,7 +32,7 @@ void scal_strided(int n, A alpha, T* x, int incx) {
 }
 
 template <class T, class A>
-void scal_extended(int n, A alpha, T* x) {
+void scal_singly(int n, A alpha, T* x) {
     in_rounds<2>(
         n, [&] { prefetch(x, 32); }, [&] { scale(alpha, *x++); });
 }
@@ -59,29 +53,30 @@ void scal_unit(int n, double alpha, double* x) {
             x[k] = static_cast<double>(factor * a);
         }
     }
-    scal_extended(n, factor, x);
+    scal_singly(n, factor, x);
 }
 void scal_unit(int n, const cdouble& alpha, cdouble* x) {
-    scal_extended(n, widen(alpha), x);
+    scal_singly(n, widen(alpha), x);
 }
 
 // The product of two floats is exact in extended precision: here both precisions give the same bits.
 void scal_unit(int n, float alpha, float* x) {
     const int prefix = steps_to<16>(x, n);
-    if (prefix < 0) return scal_extended(n, widen(alpha), x);
-    scal_extended(prefix, widen(alpha), x);
+    if (prefix < 0) return scal_singly(n, widen(alpha), x);
+    scal_singly(prefix, widen(alpha), x);
     n -= prefix, x += prefix;
     const int done = scal_vectors(n, alpha, x);
-    scal_extended(n - done, widen(alpha), x + done);
+    scal_singly(n - done, widen(alpha), x + done);
 }
 
 void scal_unit(int n, const cfloat& alpha, cfloat* x) {
+    const auto factor = number<lane_t<cfloat>>(alpha);
     const int prefix = steps_to<16>(x, n);
-    if (prefix < 0) return scal_extended(n, widen(alpha), x);
-    scal_extended(prefix, widen(alpha), x);
+    if (prefix < 0) return scal_singly(n, factor, x);
+    scal_singly(prefix, factor, x);
     n -= prefix, x += prefix;
     const int done = scal_vectors(n, alpha, x);
-    scal_extended(n - done, widen(alpha), x + done);
+    scal_singly(n - done, factor, x + done);
 }
 
 template <class R, class T>
@@ -92,7 +87,7 @@ void scal_unit(int n, R alpha, T* x) {
 template <class T, class A>
 void scal(int n, A alpha, T* x, int incx) {
     if (incx == 1 || incx == -1) return scal_unit(n, alpha, x);
-    scal_strided(n, widen(alpha), x, incx);
+    scal_strided(n, number<lane_t<A>>(alpha), x, incx);
 }
 
 } // namespace

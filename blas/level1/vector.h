@@ -29,6 +29,12 @@ inline void rotate(W c, W s, T& x, T& y) {
     }
 }
 
+// What a single element is calculated in, as a factor A asks: in extended precision, but for complex numbers
+// of single precision, which are rounded at every operation as they are in vectors. An element has the
+// same bits then wherever it stands.
+template <class A>
+using lane_t = std::conditional_t<std::is_same_v<A, cfloat>, Complex<float>, wide_t<A>>;
+
 // y := alpha*x + y in extended precision, rounded once at the store.
 template <class T>
 inline void add_product(extended alpha, const T& x, T& y) {
@@ -39,6 +45,11 @@ inline void add_product(const cextended& alpha, const T& x, T& y) {
     const extended xr = x.re, xi = x.im;
     y.re = static_cast<real_t<T>>(y.re + alpha.re * xr - alpha.im * xi);
     y.im = static_cast<real_t<T>>(y.im + alpha.re * xi + alpha.im * xr);
+}
+// As a vector does it.
+inline void add_product(const Complex<float>& alpha, const cfloat& x, cfloat& y) {
+    using V = Complex<float>;
+    y = element<cfloat>(alpha * number<V>(x) + number<V>(y));
 }
 
 } // namespace vor::blas

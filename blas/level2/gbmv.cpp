@@ -36,22 +36,26 @@ void step(const Band<T>& band, int j, T alpha, X x, Y y) {
     if (!transpose)
         for (int q = 0; q < columns; ++q) t.of[q] = scale * number<V>(x[j + q]);
 
-    const auto act = [&](int row, int count, auto block, auto& numbers) {
+    const auto act = [&](int row, int end, auto block, auto& numbers)
+        __attribute__((always_inline)) {
         if constexpr (transpose)
-            dot_columns<conjugate>(count, block, x.from(row), numbers);
+            dot_band_columns<conjugate>(end - row, block, x.from(row), numbers);
         else
-            add_columns(count, block, numbers, y.from(row));
+            add_columns(end - row, block, numbers, y.from(row));
     };
-    const int shared = band.first(j + columns - 1), behind = band.behind(j);
-    act(shared, behind - shared, band.template columns_from<columns>(shared, j), t);
-    if constexpr (columns == 2) {
-        const auto alone = [&](int q, int from, int to) {
-            Numbers<1, V> own = {t.of[q]};
-            act(from, to - from, band.template columns_from<1>(from, j + q), own);
-            t.of[q] = own.of[0];
-        };
-        alone(0, band.first(j), shared < behind ? shared : behind);
-        alone(1, behind > shared ? behind : shared, band.behind(j + 1));
+    const auto act_alone = [&](int q, int row, int end) __attribute__((always_inline)) {
+        Numbers<1, V> own = {t.of[q]};
+        act(row, end, band.template columns_from<1>(row, j + q), own);
+        t.of[q] = own.of[0];
+    };
+    if constexpr (columns == 1 || (transpose && is_complex<T>)) {
+        // Complex sums share nothing: one fills the x87 stack.
+        for (int q = 0; q < columns; ++q) act_alone(q, band.first(j + q), band.behind(j + q));
+    } else {
+        const int shared = band.first(j + 1), behind = band.behind(j);
+        act(shared, behind, band.template columns_from<2>(shared, j), t);
+        act_alone(0, band.first(j), shared < behind ? shared : behind);
+        act_alone(1, behind > shared ? behind : shared, band.behind(j + 1));
     }
 
     if (transpose)

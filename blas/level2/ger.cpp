@@ -11,11 +11,11 @@ template <bool conjugate, class T>
 void ger(void(*gerin) PARAMS_GERIN(T), const int* m, int n, T alpha, const T* x, const int* incx,
          const T* y, int incy, T* a, int lda) {
     using V = wide_t<T>;
-    if (*m < 1 || n < 1 || is_zero(alpha)) return;
+    if (*m < 1 || n < 1 || has_zero_bits(alpha)) return;
     const int one = 1;
     const Vector<const T, int> v{walk_start(y, n, incy), incy};
     for (int j = 0; j < n; ++j) {
-        if (is_zero(v[j])) continue;
+        if (has_zero_bits(v[j])) continue;
         const T yj = conjugate ? conjugated(v[j]) : v[j];
         const T t = element<T>(number<V>(alpha) * number<V>(yj));
         gerin(m, &t, x, incx, a + j * lda, &one);

@@ -11,18 +11,30 @@
 
 namespace vor::blas {
 
+// What counts of an element of the diagonal, in the arithmetic of its type.
+template <class T>
+work_real_t<T> real_part(const T& x) {
+    if constexpr (is_complex<T>)
+        return x.re;
+    else
+        return x;
+}
+
+// Columns j to j + columns - 1 and, mirrored, the rows of these numbers. What they gather, s, is multiplied
+// by alpha at the end; what they meet on the diagonal, own, comes with t = alpha x.
 template <int columns, class Triangle, class T, class X, class Y>
 void add_symmetric_columns(const Triangle& a, int j, T alpha, X x, Y y) {
     using V = work_t<T>;
-    const V scale = number<V>(alpha);
     Numbers<columns, V> t, s, own;
-    for (int q = 0; q < columns; ++q) t.of[q] = scale * number<V>(x[j + q]);
+#pragma GCC unroll 4
+    for (int q = 0; q < columns; ++q) t.of[q] = factor<V>(alpha) * number<V>(x[j + q]);
 
+#pragma GCC unroll 4
     for (int q = 0; q < columns; ++q) {
-        V diagonal = number<V>(*a.diagonal(j + q));
-        if constexpr (is_complex<T>) diagonal.im = 0;
-        own.of[q] = own.of[q] + diagonal * t.of[q];
-        for (int p = a.upper ? 0 : q + 1; p < (a.upper ? q : columns); ++p) {
+        own.of[q] = own.of[q] + real_part(*a.diagonal(j + q)) * t.of[q];
+#pragma GCC unroll 4
+        for (int p = 0; p < columns; ++p) {
+            if (p == q || (p < q) != a.upper) continue; // not stored
             const V corner = number<V>(*at(a, j + p, j + q));
             own.of[p] = own.of[p] + corner * t.of[q];
             s.of[q] = s.of[q] + product<true>(corner, number<V>(x[j + p]));
@@ -32,21 +44,21 @@ void add_symmetric_columns(const Triangle& a, int j, T alpha, X x, Y y) {
     const Rows shared = shared_rows<columns>(a, j);
     add_and_dot_columns<true>(shared.count, columns_from<columns>(a, shared.first, j), t,
                               x.from(shared.first), y.from(shared.first), s);
-    if constexpr (columns > 1)
+    if constexpr (columns > 1 && Triangle::kBand) {
+#pragma GCC unroll 4
         for (int q = 0; q < columns; ++q) {
-            Rows alone = stored_rows(a, j + q);
-            const int behind = alone.first + alone.count; // the first row behind the stored ones
-            if (!a.upper) alone.first = shared.first + shared.count;
-            alone.count = (a.upper ? shared.first : behind) - alone.first;
-            const Numbers<1, V> tq = {t.of[q]};
+            const Rows alone = rows_alone(a, j + q, shared);
             Numbers<1, V> sq = {s.of[q]};
-            add_and_dot_columns<true>(alone.count, columns_from<1>(a, alone.first, j + q), tq,
-                                      x.from(alone.first), y.from(alone.first), sq);
+            add_and_dot_columns<true>(alone.count, columns_from<1>(a, alone.first, j + q),
+                                      Numbers<1, V>{t.of[q]}, x.from(alone.first),
+                                      y.from(alone.first), sq);
             s.of[q] = sq.of[0];
         }
+    }
 
+#pragma GCC unroll 4
     for (int q = 0; q < columns; ++q)
-        y[j + q] = element<T>(number<V>(y[j + q]) + own.of[q] + scale * s.of[q]);
+        y[j + q] = element<T>(number<V>(y[j + q]) + own.of[q] + factor<V>(alpha) * s.of[q]);
 }
 
 template <int group, class Triangle, class T>

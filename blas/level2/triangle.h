@@ -10,6 +10,7 @@ namespace vor::blas {
 
 template <class T>
 struct FullTriangle {
+    static constexpr bool kBand = false;
     bool upper;
     int n;
     T* a;
@@ -21,6 +22,7 @@ struct FullTriangle {
 
 template <class T>
 struct PackedTriangle {
+    static constexpr bool kBand = false;
     bool upper;
     int n;
     T* a;
@@ -35,6 +37,7 @@ struct PackedTriangle {
 // k diagonals beside the main one.
 template <class T>
 struct BandTriangle {
+    static constexpr bool kBand = true;
     bool upper;
     int n, k;
     T* a;
@@ -53,7 +56,7 @@ struct Rows {
 
 // The rows beside the diagonal that column j stores.
 template <class Triangle>
-Rows stored_rows(const Triangle& a, int j) {
+[[gnu::always_inline]] inline Rows stored_rows(const Triangle& a, int j) {
     const int reach = a.reach(j);
     return {a.upper ? j - reach : j + 1, reach};
 }
@@ -65,6 +68,15 @@ Rows shared_rows(const Triangle& a, int j) {
     if (!a.upper) return {j + columns, a.reach(j) - columns + 1};
     const int first = stored_rows(a, j + columns - 1).first;
     return {first, j - first};
+}
+
+// The other rows beyond the corner that column j of a band stores.
+template <class Triangle>
+Rows rows_alone(const Triangle& a, int j, Rows shared) {
+    const Rows stored = stored_rows(a, j);
+    if (a.upper) return {stored.first, shared.first - stored.first};
+    const int behind = shared.first + shared.count;
+    return {behind, stored.first + stored.count - behind};
 }
 
 // Element (i, j), which is stored.

@@ -41,79 +41,99 @@ work_t<T> divide(work_t<T> x, T a) {
 // A triangle under op.
 template <bool transpose, bool conjugate, class Triangle>
 struct TriangularOperator {
-    static constexpr bool kTransposed = transpose, kConjugated = conjugate;
+    static constexpr bool kTransposed = transpose, kConjugated = conjugate, kBand = Triangle::kBand;
     Triangle a;
     bool unit; // ones on the diagonal, which is not read then
 };
 
-// The rows of the corner of `columns` columns from j on that column j + q stores, counted from j.
-template <class Triangle>
-Rows corner_rows(const Triangle& a, int columns, int q) {
-    return a.upper ? Rows{0, q} : Rows{q + 1, columns - q - 1};
+// What the columns of a transpose gather.
+template <Order order, class A, class Block, class X, class S>
+[[gnu::always_inline]] inline void gather(int rows, const Block& block, X x, S& s) {
+    if constexpr (A::kBand)
+        dot_band_columns<A::kConjugated, order>(rows, block, x, s);
+    else
+        dot_columns<A::kConjugated, order>(rows, block, x, s);
+}
+
+// f(q) over the columns of a group in the order of the sweep.
+template <int columns, Order order, class F>
+[[gnu::always_inline]] inline void each_column(F f) {
+#pragma GCC unroll 4
+    for (int step = 0; step < columns; ++step) f(row_of<order>(step, columns));
+}
+// f(p) over the rows of the corner of a group that its column q stores.
+template <int columns, bool upper, class F>
+[[gnu::always_inline]] inline void each_corner_row(int q, F f) {
+#pragma GCC unroll 4
+    for (int p = 0; p < columns; ++p)
+        if (p != q && (p < q) == upper) f(p);
 }
 
 // One step of a sweep, over `columns` columns from j on, which come in the order of the sweep.
-template <int columns, class A, class X>
-void multiply_step(const A& op, int j, bool ascending, X x) {
+template <Order order, int columns, class A, class X>
+void multiply_step(const A& op, int j, X x) {
+    constexpr bool upper = (order == Order::down) != A::kTransposed;
     using T = typename X::Element;
     using V = work_t<T>;
     const Rows rows = shared_rows<columns>(op.a, j);
     const auto block = columns_from<columns>(op.a, rows.first, j);
     Numbers<columns, V> s;
     if constexpr (A::kTransposed) {
-        dot_columns<A::kConjugated>(rows.count, block, read_only(x.from(rows.first)), s);
+        gather<Order::down, A>(rows.count, block, read_only(x.from(rows.first)), s);
     } else {
+#pragma GCC unroll 4
         for (int q = 0; q < columns; ++q) s.of[q] = number<V>(x[j + q]);
         add_columns(rows.count, block, s, x.from(rows.first));
     }
-    for (int step = 0; step < columns; ++step) {
-        const int q = ascending ? step : columns - 1 - step;
-        const Rows corner = corner_rows(op.a, columns, q);
+    each_column<columns, order>([&](int q) __attribute__((always_inline)) {
         const V old = number<V>(x[j + q]);
         V sum = op.unit ? old : product<A::kConjugated>(number<V>(*op.a.diagonal(j + q)), old);
         if (A::kTransposed) sum = sum + s.of[q];
-        for (int p = corner.first; p < corner.first + corner.count; ++p) {
-            const V element_pq = number<V>(*at(op.a, j + p, j + q));
-            if constexpr (A::kTransposed)
-                sum = sum + product<A::kConjugated>(element_pq, number<V>(x[j + p]));
-            else
-                x[j + p] = element<T>(number<V>(x[j + p]) + element_pq * old);
-        }
+        each_corner_row<columns, upper>(
+            q, [&](int p) __attribute__((always_inline)) {
+                const V element_pq = number<V>(*at(op.a, j + p, j + q));
+                if constexpr (A::kTransposed)
+                    sum = sum + product<A::kConjugated>(element_pq, number<V>(x[j + p]));
+                else
+                    x[j + p] = element<T>(number<V>(x[j + p]) + element_pq * old);
+            });
         x[j + q] = element<T>(sum);
-    }
+    });
 }
 
 // The rows come in the order of the sweep too: what the next step waits for is acted on first, and what
 // this step has waited for is gathered last.
 template <class Division, Order order, int columns, class A, class X>
 void solve_step(const A& op, int j, X x) {
-    constexpr bool ascending = order == Order::down;
+    constexpr bool upper = (order == Order::down) == A::kTransposed;
     using T = typename X::Element;
     using V = work_t<T>;
     const Rows rows = shared_rows<columns>(op.a, j);
     const auto block = columns_from<columns>(op.a, rows.first, j);
     Numbers<columns, V> s;
     if constexpr (A::kTransposed)
-        dot_columns<A::kConjugated, order>(rows.count, block, read_only(x.from(rows.first)), s);
-    for (int step = 0; step < columns; ++step) {
-        const int q = ascending ? step : columns - 1 - step;
-        const Rows corner = corner_rows(op.a, columns, q);
+        gather<order, A>(rows.count, block, read_only(x.from(rows.first)), s);
+    each_column<columns, order>([&](int q) __attribute__((always_inline)) {
         V rest = number<V>(x[j + q]);
         if constexpr (A::kTransposed) {
             rest = rest - s.of[q];
-            for (int p = corner.first; p < corner.first + corner.count; ++p)
-                rest = rest - product<A::kConjugated>(number<V>(*at(op.a, j + p, j + q)),
-                                                      number<V>(x[j + p]));
+            each_corner_row<columns, upper>(
+                q, [&](int p) __attribute__((always_inline)) {
+                    rest = rest - product<A::kConjugated>(number<V>(*at(op.a, j + p, j + q)),
+                                                          number<V>(x[j + p]));
+                });
         }
         if (!op.unit) rest = divide<Division, A::kConjugated>(rest, *op.a.diagonal(j + q));
         x[j + q] = element<T>(rest);
         if constexpr (!A::kTransposed) {
             s.of[q] = V{} - rest; // acts on the others as it is, before the rounding
-            for (int p = corner.first; p < corner.first + corner.count; ++p)
-                x[j + p] =
-                    element<T>(number<V>(x[j + p]) + number<V>(*at(op.a, j + p, j + q)) * s.of[q]);
+            each_corner_row<columns, upper>(
+                q, [&](int p) __attribute__((always_inline)) {
+                    x[j + p] = element<T>(number<V>(x[j + p]) +
+                                          number<V>(*at(op.a, j + p, j + q)) * s.of[q]);
+                });
         }
-    }
+    });
     if constexpr (!A::kTransposed) add_columns<order>(rows.count, block, s, x.from(rows.first));
 }
 
@@ -135,10 +155,14 @@ void sweep(int n, bool ascending, Step step) {
 // x := op(A) x. The elements that later steps gather from, or act on, are still the old ones.
 template <int group, class A, class X>
 void triangular_product(const A& op, X x) {
-    const bool ascending = op.a.upper != A::kTransposed;
-    sweep<group>(op.a.n, ascending, [&](auto columns, int j) {
-        multiply_step<decltype(columns)::value>(op, j, ascending, x);
-    });
+    if (op.a.upper != A::kTransposed)
+        sweep<group>(op.a.n, true, [&](auto columns, int j) {
+            multiply_step<Order::down, decltype(columns)::value>(op, j, x);
+        });
+    else
+        sweep<group>(op.a.n, false, [&](auto columns, int j) {
+            multiply_step<Order::up, decltype(columns)::value>(op, j, x);
+        });
 }
 
 // x := op(A)^-1 x

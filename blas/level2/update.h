@@ -44,22 +44,59 @@ void rank_one(const Triangle& a, real_t<T> alpha, const T* x, int incx) {
     });
 }
 
+// The factors of x and of y in column j.
+template <class V, class T, class X, class Y>
+Numbers<2, V> rank_two_factors(T alpha, X x, Y y, int j) {
+    return {number<V>(alpha) * number<V>(conjugated(y[j])),
+            number<V>(conjugated(alpha)) * number<V>(conjugated(x[j]))};
+}
+
 template <class Triangle, class T, class X, class Y>
-void rank_two_column(const Triangle& a, int j, T alpha, X x, Y y) {
+[[gnu::always_inline]] inline void rank_two_column(const Triangle& a, int j, T alpha, X x, Y y) {
     using V = work_t<T>;
     if (is_zero(x[j]) && is_zero(y[j])) return pass_over(a.diagonal(j));
-    const V t = number<V>(alpha) * number<V>(conjugated(y[j]));
-    const V u = number<V>(conjugated(alpha)) * number<V>(conjugated(x[j]));
+    const Numbers<2, V> t = rank_two_factors<V>(alpha, x, y, j);
     const Rows rows = stored_rows(a, j);
-    update_column(rows.count, at(a, rows.first, j), t, x.from(rows.first), u, y.from(rows.first));
-    add_to_diagonal(a.diagonal(j), number<V>(x[j]) * t + number<V>(y[j]) * u);
+    update_column(rows.count, at(a, rows.first, j), t.of[0], x.from(rows.first), t.of[1],
+                  y.from(rows.first));
+    add_to_diagonal(a.diagonal(j), number<V>(x[j]) * t.of[0] + number<V>(y[j]) * t.of[1]);
+}
+
+// Columns j and j + 1, neither of which is passed over: the rows that they share with each load of x and y.
+template <class Triangle, class T, class X, class Y>
+[[gnu::always_inline]] inline void rank_two_pair(const Triangle& a, int j, T alpha, X x, Y y) {
+    using V = work_t<T>;
+    const Numbers<2, V> t = rank_two_factors<V>(alpha, x, y, j),
+                        u = rank_two_factors<V>(alpha, x, y, j + 1);
+    const Rows rows = shared_rows<2>(a, j);
+    update_columns(rows.count, at(a, rows.first, j), t, at(a, rows.first, j + 1), u,
+                   x.from(rows.first), y.from(rows.first));
+    const int row = a.upper ? j : j + 1; // the element beside the diagonal
+    const Numbers<2, V>& f = a.upper ? u : t;
+    T* const corner = at(a, row, a.upper ? j + 1 : j);
+    *corner =
+        element<T>(number<V>(x[row]) * f.of[0] + number<V>(*corner) + number<V>(y[row]) * f.of[1]);
+    add_to_diagonal(a.diagonal(j), number<V>(x[j]) * t.of[0] + number<V>(y[j]) * t.of[1]);
+    add_to_diagonal(a.diagonal(j + 1),
+                    number<V>(x[j + 1]) * u.of[0] + number<V>(y[j + 1]) * u.of[1]);
 }
 
 template <class Triangle, class T>
 void rank_two(const Triangle& a, T alpha, const T* x, int incx, const T* y, int incy) {
     if (a.n < 1 || is_zero(alpha)) return;
     on_vectors(a.n, x, incx, a.n, y, incy, [&](auto v, auto w) {
-        for (int j = 0; j < a.n; ++j) rank_two_column(a, j, alpha, v, w);
+        constexpr bool kPairs = std::is_same_v<T, double> &&
+                                std::is_same_v<decltype(v.step), Unit> &&
+                                std::is_same_v<Triangle, FullTriangle<T>>;
+        const auto passed = [&](int j) { return is_zero(v[j]) && is_zero(w[j]); };
+        for (int j = 0; j < a.n; ++j) {
+            if constexpr (kPairs)
+                if (j + 1 < a.n && !passed(j) && !passed(j + 1)) {
+                    rank_two_pair(a, j++, alpha, v, w);
+                    continue;
+                }
+            rank_two_column(a, j, alpha, v, w);
+        }
     });
 }
 

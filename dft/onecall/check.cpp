@@ -69,20 +69,6 @@ struct Tests {
                                       predicate(1, is_present<1>)};
 };
 
-// The address of an argument: of the integer where it comes by value.
-const void* address(const void* argument) {
-    return argument;
-}
-const void* address(const int& argument) {
-    return &argument;
-}
-
-template <size_t count, int length, class... A>
-int run(const Test (&tests)[count], const char (&name)[length], const A&... arguments) {
-    const void* const addresses[] = {address(arguments)...};
-    return check(tests, name, length - 1, addresses);
-}
-
 bool is_trivial(int n) {
     return n == 0 || n == 1;
 }
@@ -91,16 +77,15 @@ bool is_trivial(int n) {
 } // namespace vor::dfti::onecall
 
 // One check: in one dimension with the length that may leave nothing to do.
-#define WORDS(...) __VA_ARGS__
 #define CHECK_1D(name, NAME, R, length, PARAMS, ARGS, list)                                        \
     VOR_ENGINE int name PARAMS {                                                                   \
         using namespace vor::dfti::onecall;                                                        \
-        return is_trivial(length) ? 1 : run(Tests<R>::list, NAME, WORDS ARGS);                     \
+        return is_trivial(length) ? 1 : vor::Check{Tests<R>::list, NAME} ARGS;                     \
     }
 #define CHECK_2D(name, NAME, R, PARAMS, ARGS, list)                                                \
     VOR_ENGINE int name PARAMS {                                                                   \
         using namespace vor::dfti::onecall;                                                        \
-        return run(Tests<R>::list, NAME, WORDS ARGS);                                              \
+        return vor::Check{Tests<R>::list, NAME} ARGS;                                              \
     }
 #define FFT1D(name, NAME, R, C) CHECK_1D(name, NAME, R, *n, PARAMS_FFT1D(C, R), ARGS_FFT1D, fft1d)
 #define FFT1DC(name, NAME, R) CHECK_1D(name, NAME, R, n, PARAMS_FFT1DC(R), ARGS_FFT1DC, fft1dc)

@@ -4,7 +4,10 @@
 #include "dft/radix/coefficients.h"
 #include "dft/radix/data.h"
 #include "serv/bits.h"
+#include "signal/fft/kernels.h"
 #include "signal/fft/tables.h"
+
+#include <initializer_list>
 
 namespace vor::dfti::radix {
 
@@ -13,6 +16,20 @@ inline void exchange(Form x, int i, int j) {
     const auto a = x.get(i), b = x.get(j);
     x.set(i, b);
     x.set(j, a);
+}
+
+// Interleaved numbers are moved as bits.
+inline void exchange(Pairs<float> x, int i, int j) {
+    __m64 *p = reinterpret_cast<__m64*>(x.x + i), *q = reinterpret_cast<__m64*>(x.x + j);
+    const __m128 a = _mm_loadl_pi(_mm_setzero_ps(), p), b = _mm_loadl_pi(_mm_setzero_ps(), q);
+    _mm_storel_pi(q, a);
+    _mm_storel_pi(p, b);
+}
+inline void exchange(Pairs<double> x, int i, int j) {
+    float *p = reinterpret_cast<float*>(x.x + i), *q = reinterpret_cast<float*>(x.x + j);
+    const __m128 a = _mm_loadu_ps(p), b = _mm_loadu_ps(q);
+    _mm_storeu_ps(q, a);
+    _mm_storeu_ps(p, b);
 }
 
 // The list gives the reverse r of 4i for each i below n/16; what the two low and the two high bits of an index
@@ -55,9 +72,33 @@ void reverse_short(Form x, int n) {
     }
 }
 
+// What does not fit the first-level cache goes by tiles, which need no list.
+inline constexpr unsigned kListBytes = 32768;
+inline bool reverse_long(Pairs<float> x, int n) {
+    if (n * sizeof(cfloat) <= kListBytes) return false;
+    tavs_BitRev1_C(x.x, n, nullptr);
+    return true;
+}
+inline bool reverse_long(Pairs<double> x, int n) {
+    if (n * sizeof(cdouble) <= kListBytes) return false;
+    tavs_BitRev1_Z(x.x, n, nullptr);
+    return true;
+}
+inline bool reverse_long(Split<double> x, int n) {
+    if (n * sizeof(double) <= kListBytes) return false;
+    for (double* part : {x.x, x.y}) tavs_BitRev1_C(reinterpret_cast<cfloat*>(part), n, nullptr);
+    return true;
+}
+inline bool reverse_long(Split<float>, int) {
+    return false;
+}
+
 template <class Form>
 void reverse(Form x, int n, const int* list) {
-    n < 32 ? reverse_short(x, n) : reverse_by_list(x, n, list);
+    if (n < 32)
+        reverse_short(x, n);
+    else if (!reverse_long(x, n))
+        reverse_by_list(x, n, list);
 }
 
 } // namespace vor::dfti::radix

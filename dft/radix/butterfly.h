@@ -22,12 +22,28 @@ inline constexpr bool kFirst = (kind == Twiddling::twisted) == (D == Direction::
 template <Direction D>
 inline constexpr bool kInverse = D == Direction::backward;
 
-// The twiddles of elements 1, 2 and 3 of a butterfly.
+// The twiddles of elements 1, 2 and 3 of a butterfly, by get<i>(): at hand,
 template <class N>
 struct Triple {
     N w1, w2, w3;
+
+    template <int i>
+    N get() const {
+        return i == 1 ? w1 : i == 2 ? w2 : w3;
+    }
 };
-// All of them 1: not multiplied.
+// in memory, in four-lane form, each loaded where it is used: element 1 has the one at p + 8 first, element 2 that
+// at p + 8 second,
+template <int first, int second>
+struct Stored {
+    const float* p;
+
+    template <int i>
+    Four get() const {
+        return Lanes::load(p + 8 * (i == 1 ? first : i == 2 ? second : 2));
+    }
+};
+// or all of them 1: not multiplied.
 struct One {};
 
 template <Direction D, Parted N>
@@ -77,7 +93,7 @@ template <bool first, Direction D, class Load, class Store, class W>
         if constexpr (std::is_same_v<W, One>)
             return w;
         else
-            return i == 1 ? w.w1 : i == 2 ? w.w2 : w.w3;
+            return w.template get<i>();
     };
     const auto read = [&]<int i>() {
         const auto x = kept(load(i));

@@ -69,12 +69,14 @@ inline void transpose(Four (&x)[4]) {
 // A block of sixteen: lane b of x[i] is element 4b + i.
 template <class Form>
 void load_block(Form data, Four (&x)[4]) {
+#pragma GCC unroll 4
     for (int i = 0; i < 4; ++i) x[i] = data.load(4 * i);
     transpose(x);
 }
 template <class Form>
 void store_block(Form data, Four (&x)[4]) {
     transpose(x);
+#pragma GCC unroll 4
     for (int i = 0; i < 4; ++i) data.store(4 * i, x[i]);
 }
 
@@ -92,6 +94,31 @@ struct Pairs<float> {
     Pairs from(int j) const { return {x + j}; }
     float* re() const { return &x->re; }
 };
+
+// The parts of four interleaved numbers.
+inline Four parts(__m128 low, __m128 high) {
+    return {_mm_shuffle_ps(low, high, _MM_SHUFFLE(2, 0, 2, 0)),
+            _mm_shuffle_ps(low, high, _MM_SHUFFLE(3, 1, 3, 1))};
+}
+
+// Elements 0 to 3 of blocks b and b + 1 of four, by number: one of either block to a register.
+inline void load_pair(Pairs<float> data, int b, __m128 (&x)[4]) {
+    const float *const p = data.re() + 8 * b, *const q = p + 8;
+#pragma GCC unroll 2
+    for (int i = 0; i < 4; i += 2) {
+        const __m128 a = _mm_loadu_ps(p + 2 * i), c = _mm_loadu_ps(q + 2 * i);
+        x[i] = _mm_movelh_ps(a, c);
+        x[i + 1] = _mm_movehl_ps(c, a);
+    }
+}
+inline void store_pair(Pairs<float> data, int b, const __m128 (&x)[4]) {
+    float *const p = data.re() + 8 * b, *const q = p + 8;
+#pragma GCC unroll 2
+    for (int i = 0; i < 4; i += 2) {
+        _mm_storeu_ps(p + 2 * i, _mm_movelh_ps(x[i], x[i + 1]));
+        _mm_storeu_ps(q + 2 * i, _mm_movehl_ps(x[i + 1], x[i]));
+    }
+}
 
 template <>
 struct Split<float> {
@@ -112,6 +139,49 @@ struct Split<float> {
     }
     Split from(int j) const { return {x + j, y + j}; }
 };
+
+// Interleaved points whose order is reversed: blocks of sixteen are read from, or written to, the places where
+// bit reversal takes them.
+struct Reversed {
+    using Real = float;
+    using Number = Four;
+    static constexpr int kStep = 4;
+    cfloat* x;
+    int n;
+    const int* reverses; // of four times the number of a block; not read for the first
+    int first = 0;
+
+    Reversed from(int j) const { return {x, n, reverses, first + j}; }
+    // Element i of block b (0 or 2) of four; that of block b + 1 stands n/8 behind it.
+    __m64* place(int b, int i) const {
+        constexpr int kReverse[] = {0, 2, 1, 3};
+        const int sixteen = first ? reverses[first / 16] / 4 : 0;
+        return as_bits(x + sixteen + kReverse[i] * (n / 4) + b / 2 * (n / 16));
+    }
+    static __m64* as_bits(cfloat* p) { return reinterpret_cast<__m64*>(p); }
+};
+inline void load_pair(Reversed data, int b, __m128 (&x)[4]) {
+#pragma GCC unroll 4
+    for (int i = 0; i < 4; ++i) {
+        const __m64* const p = data.place(b, i);
+        x[i] = _mm_loadh_pi(_mm_loadl_pi(_mm_setzero_ps(), p), p + data.n / 8);
+    }
+}
+inline void store_pair(Reversed data, int b, const __m128 (&x)[4]) {
+#pragma GCC unroll 4
+    for (int i = 0; i < 4; ++i) {
+        __m64* const p = data.place(b, i);
+        _mm_storel_pi(p, x[i]);
+        _mm_storeh_pi(p + data.n / 8, x[i]);
+    }
+}
+// Whose numbers are moved as a whole.
+template <class Form>
+inline constexpr bool kPaired = false;
+template <>
+inline constexpr bool kPaired<Pairs<float>> = true;
+template <>
+inline constexpr bool kPaired<Reversed> = true;
 
 // Between the passes interleaved single-precision data stand in four-lane form: four real parts, then
 // four imaginary parts.

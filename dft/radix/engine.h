@@ -60,9 +60,34 @@ void transform_unordered(Form x, Out y, Tables<typename Form::Real> tables, Team
 
 enum class Order { natural, reversed }; // of the spectrum
 
+// Interleaved single precision up to this order goes through a buffer of its own, so that the sweep that reads
+// or writes the spectrum puts it in order as well.
+inline constexpr int kBufferedOrder = 9;
+
+template <class Form>
+constexpr bool is_buffered(Form, int) {
+    return false;
+}
+inline bool is_buffered(Pairs<float>, int order) {
+    return order > kShortOrder && order <= kBufferedOrder;
+}
+
+inline Reversed reversed(Pairs<float> x, Tables<float> tables) {
+    constexpr int kListHead = 2;
+    return {x.x, tables.n(), tables.list() + kListHead};
+}
+template <Direction D, class In, class Out>
+void transform_buffered(In x, Out y, int order) {
+    alignas(16) float buffer[2 << kBufferedOrder];
+    leaf<D>(x, InLanes{buffer}, y, order, Staged{});
+}
+
 // `y` is x, or x scaled.
 template <class Form, class Out>
 void forward(Form x, Out y, Tables<typename Form::Real> tables, Order order, Team team = {}) {
+    if constexpr (std::is_same_v<Form, Pairs<float>>)
+        if (order == Order::natural && is_buffered(x, tables.order))
+            return transform_buffered<Direction::forward>(x, reversed(x, tables), tables.order);
     transform_unordered<Direction::forward>(x, y, tables, team);
     if (order == Order::natural) reverse(x, tables.n(), tables.list());
 }
@@ -73,6 +98,10 @@ void forward(Form x, Tables<typename Form::Real> tables, Order order, Team team 
 template <class Form>
 void backward(Form x, Tables<typename Form::Real> tables, Order order, typename Form::Real scale,
               Team team = {}) {
+    if constexpr (std::is_same_v<Form, Pairs<float>>)
+        if (order == Order::natural && is_buffered(x, tables.order))
+            return transform_buffered<Direction::backward>(reversed(x, tables), scaled(x, scale),
+                                                           tables.order);
     if (order == Order::natural) reverse(x, tables.n(), tables.list());
     transform_unordered<Direction::backward>(x, scaled(x, scale), tables, team);
 }

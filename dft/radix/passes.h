@@ -6,6 +6,7 @@
 #include "dft/radix/butterfly.h"
 #include "dft/radix/coefficients.h"
 #include "dft/radix/data.h"
+#include "dft/radix/kernel/butterfly_64.h"
 #include "serv/bits.h"
 
 namespace vor::dfti::radix {
@@ -20,8 +21,21 @@ inline void run2(In x, Out y, int half, Twiddles twiddles) {
             [=](int i, auto v) { y.store(j + i * half, v); });
 }
 
+// One triple of twiddles of double precision for all of them, in memory.
+struct OneTriple {
+    const double* p;
+
+    template <int i>
+    cdouble get() const {
+        return {p[2 * i - 2], p[2 * i - 1]};
+    }
+};
+
 template <bool first, Direction D, class In, class Out, class Twiddles>
 inline void run4(In x, Out y, int quarter, Twiddles twiddles) {
+    using W = decltype(twiddles(0));
+    if constexpr (std::is_same_v<W, OneTriple> && std::is_same_v<In, Out>)
+        return run_by_hand<D>(x, quarter, twiddles(0).p);
     for (int j = 0; j < quarter; j += In::kStep)
         butterfly4<first, D>(
             twiddles(j), [=](int i) { return x.load(j + i * quarter); },
@@ -61,7 +75,10 @@ struct Twisted {
     void pair(int, int count, int i, Run run) const {
         const int b = position * count + i;
         if (b == 0) return run([](int) { return One{}; });
-        run([w = triple<N>(b)](int) { return w; });
+        if constexpr (kSingle<R>)
+            run([w = triple<N>(b)](int) { return w; });
+        else
+            run([w = OneTriple{table + twisted_place<R>(b, 0)}](int) { return w; });
     }
 };
 
@@ -82,7 +99,9 @@ struct Eighths {
     }
 };
 
-// Plain, the constant tables of short transforms.
+// Plain, the constant tables of short transforms: a record of W^k, W^2k, W^3k, of which elements 1 and 2 take the
+// second and the first.
+using StagedTriple = Stored<1, 0>;
 struct Staged {
     static constexpr auto kKind = Twiddling::plain;
 
@@ -97,10 +116,7 @@ struct Staged {
     template <class N, class Run>
     void pair(int span, int, int, Run run) const {
         const float* const w = section(span);
-        run([=](int j) {
-            return Triple<Four>{Lanes::load(w + 6 * j + 8), Lanes::load(w + 6 * j),
-                                Lanes::load(w + 6 * j + 16)};
-        });
+        run([=](int j) { return StagedTriple{w + 6 * j}; });
     }
 
 private:
@@ -111,6 +127,15 @@ private:
 };
 
 // Plain, the sections of an area of n points.
+struct SectionTriple {
+    const float *w1, *w2;
+
+    template <int i>
+    Four get() const {
+        if constexpr (i == 3) return get<1>() * get<2>();
+        return Lanes::load(i == 1 ? w1 : w2);
+    }
+};
 struct Sections {
     static constexpr auto kKind = Twiddling::plain;
     const float* data;
@@ -123,8 +148,7 @@ struct Sections {
     template <class N, class Run>
     void pair(int span, int, int, Run run) const {
         run([w = section(span), next = section(span / 2)](int j) {
-            const Four w2 = held(Lanes::load(w + 2 * j)), w1 = held(Lanes::load(next + 2 * j));
-            return Triple<Four>{w1, w2, w1 * w2};
+            return SectionTriple{next + 2 * j, w + 2 * j};
         });
     }
 

@@ -91,18 +91,28 @@ TavStatus tavsSqr_32u64u(const word* a, int n, word* r) {
     }
     return tavStsNoErr;
 }
+
+TavStatus tavsMul_BNU4(const word* a, const word* b, word* r) {
+    if (any_null(a, b, r)) return tavStsNullPtrErr;
+    cpMul_BNU4(a, b, r);
+    return tavStsNoErr;
 }
 
-#define FIXED(N)                                                                                   \
-    extern "C" TavStatus tavsMul_BNU##N(const word* a, const word* b, word* r) {                   \
-        if (any_null(a, b, r)) return tavStsNullPtrErr;                                            \
-        cpMul_BNU##N(a, b, r);                                                                     \
-        return tavStsNoErr;                                                                        \
-    }                                                                                              \
-    extern "C" TavStatus tavsSqr_BNU##N(const word* a, word* r) {                                  \
-        if (any_null(a, r)) return tavStsNullPtrErr;                                               \
-        cpSqr_BNU##N(a, r);                                                                        \
-        return tavStsNoErr;                                                                        \
-    }
-FIXED(4)
-FIXED(8)
+TavStatus tavsMul_BNU8(const word* a, const word* b, word* r) {
+    if (any_null(a, b, r)) return tavStsNullPtrErr;
+    cpMul_BNU8(a, b, r);
+    return tavStsNoErr;
+}
+
+TavStatus tavsSqr_BNU4(const word* a, word* r) {
+    if (any_null(a, r)) return tavStsNullPtrErr;
+    cpSqr_BNU4(a, r);
+    return tavStsNoErr;
+}
+
+TavStatus tavsSqr_BNU8(const word* a, word* r) {
+    if (any_null(a, r)) return tavStsNullPtrErr;
+    cpSqr_BNU8(a, r);
+    return tavStsNoErr;
+}
+}

@@ -18,6 +18,19 @@ void mul_blocks(word* r, const word* a, int an, const word* b, int bn) {
     }
 }
 
+constexpr int kMostMixed = 16; // words whose mixed products are formed without a loop
+
+void mixed_products_of(word* r, const word* a, int n) {
+    using Mixed = void (*)(word*, const word*);
+    static constexpr Mixed kMixed[] = {mixed_products<2>,  mixed_products<3>,  mixed_products<4>,
+                                       mixed_products<5>,  mixed_products<6>,  mixed_products<7>,
+                                       mixed_products<8>,  mixed_products<9>,  mixed_products<10>,
+                                       mixed_products<11>, mixed_products<12>, mixed_products<13>,
+                                       mixed_products<14>, mixed_products<15>, mixed_products<16>};
+    if (n < 2) return clear(r, 2 * n);
+    kMixed[n - 2](r, a);
+}
+
 } // namespace
 
 // The lengths at which most products arrive, the leaves of the recursive multiplication among them,
@@ -36,6 +49,25 @@ void mul_basecase(word* r, const word* a, int an, const word* b, int bn) {
         if (an == 16) return mul_fixed<16>(r, a, b);
     }
     mul_blocks(r, a, an, b, bn);
+}
+
+// In two parts, a = (a0, a1) with a0 of as many limbs as one part takes: the mixed products of each part
+// and a0 a1 are each formed once, then doubled.
+void square_basecase(word* r, const word* a, int n) {
+    if (n <= 4) return mul_basecase(r, a, n, a, n);
+    if (n <= kMostMixed) {
+        mixed_products_of(r, a, n);
+        return double_and_add_squares(r, a, n);
+    }
+    const int m = n - kMostMixed;
+    const word* const a1 = a + kMostMixed;
+    word product[2 * kMostMixed];
+    mul_basecase(product, a, kMostMixed, a1, m);
+    mixed_products_of(r, a, kMostMixed);
+    mixed_products_of(r + 2 * kMostMixed, a1, m);
+    const word carry = add_n(r + kMostMixed, r + kMostMixed, product, n);
+    increment(r + kMostMixed + n, m, carry);
+    double_and_add_squares(r, a, n);
 }
 
 } // namespace vor::limb

@@ -1,9 +1,11 @@
 // Quotient and remainder of limb arrays: by one limb, by schoolbook, and for long quotients by recursion
-// (Burnikel and Ziegler, MPI Saarbruecken, research report MPI-I-98-1-022, 1998).
+// (Burnikel and Ziegler, MPI Saarbruecken, research report MPI-I-98-1-022, 1998), for longer ones by an
+// inverse.
 //
 // Everything below `divide` works in place on a numerator w of dn + k limbs and a normalised divisor e
 // of dn limbs, with the upper dn limbs of w below e: the quotient has k limbs, and the remainder ends in
 // the low dn limbs of w.
+#include "gmp/limb/divide_newton.h"
 #include "gmp/limb/limb.h"
 #include "gmp/limb/scratch.h"
 #include "gmp/thresholds.h"
@@ -36,6 +38,29 @@ void divide_truncated(word* q, word* w, int k, const word* e, int dn, word* prod
     }
 }
 
+// k = dn, in two halves.
+void divide_halves(word* q, word* w, const word* e, int dn, word* product) {
+    const int half = dn / 2;
+    divide_truncated(q + half, w + half, dn - half, e, dn, product);
+    divide_truncated(q, w, half, e, dn, product);
+}
+
+// k >= dn: dn limbs of quotient at a time, by one inverse. False, and w is as it was, without memory.
+bool divide_newton(word* q, word* w, int k, const word* e, int dn, word* product) {
+    Limbs<0> x(uint64_t{1} + dn);
+    if (!inverse(x, e, dn)) return false;
+    for (int rest = k; rest > 0;) {
+        const int piece = rest % dn ? rest % dn : dn;
+        rest -= piece;
+        word *const digits = q + rest, *const part = w + rest;
+        if (piece < dn)
+            divide_in_place(digits, part, piece, e, dn, product);
+        else if (!divide_by_inverse(digits, part, e, dn, x))
+            divide_halves(digits, part, e, dn, product);
+    }
+    return true;
+}
+
 // `product` is scratch of dn limbs.
 void divide_in_place(word* q, word* w, int k, const word* e, int dn, word* product) {
     if (dn < kRecursiveDivisor || k < kRecursiveQuotient) {
@@ -43,11 +68,8 @@ void divide_in_place(word* q, word* w, int k, const word* e, int dn, word* produ
         return;
     }
     if (k < dn) return divide_truncated(q, w, k, e, dn, product);
-    if (k == dn) { // in two halves
-        const int half = dn / 2;
-        divide_truncated(q + half, w + half, dn - half, e, dn, product);
-        return divide_truncated(q, w, half, e, dn, product);
-    }
+    if (k >= dn && dn >= kNewtonDivisor && divide_newton(q, w, k, e, dn, product)) return;
+    if (k == dn) return divide_halves(q, w, e, dn, product);
     for (int rest = k; rest > 0;) {
         const int piece = rest % dn ? rest % dn : dn;
         rest -= piece;

@@ -29,27 +29,45 @@ inline QuotientRemainder divide_preinv(word nh, word nl, word d, word v) {
     return {q, rest};
 }
 
-// The quotient limb of three limbs by two, (t2, t1) <= (d1, d0), v the inverse of d1: exact for these
-// limbs, and so for longer operands at most one too large.
-inline word quotient_3_by_2(word t2, word t1, word t0, word d1, word d0, word v) {
-    dword q;
-    word rest;
-    if (t2 < d1) {
-        const QuotientRemainder step = divide_preinv(t2, t1, d1, v);
-        q = step.quotient;
-        rest = step.remainder;
-    } else { // t2 = d1: the first estimate does not fit a limb, and is too large
-        const bool one_more = t1 >= d1;
-        q = (dword{1} << 32) + one_more;
-        rest = one_more ? t1 - d1 : t1;
+// v = floor((2^96 - 1) / (d1, d0)) - 2^32 for a d1 with its top bit set (the same, algorithm 6).
+inline word inverse_of(word d1, word d0) {
+    word v = inverse_of(d1), p = d1 * v + d0;
+    if (p < d0) {
+        --v;
+        if (p >= d1) {
+            --v;
+            p -= d1;
+        }
+        p -= d1;
     }
-    dword product = static_cast<word>(q) * dword{d0};
-    while (q >> 32 || product > (dword{rest} << 32 | t0)) {
+    const dword t = dword{v} * d0;
+    const word high = static_cast<word>(t >> 32);
+    p += high;
+    if (p < high) {
+        --v;
+        if ((dword{p} << 32 | static_cast<word>(t)) >= (dword{d1} << 32 | d0)) --v;
+    }
+    return v;
+}
+
+// (n2, n1, n0) by d = (d1, d0), with (n2, n1) < d and v the inverse of d; the remainder into *rest (the
+// same, algorithm 5).
+inline word divide_3_by_2(word n2, word n1, word n0, dword d, word v, dword* rest) {
+    const word d1 = static_cast<word>(d >> 32), d0 = static_cast<word>(d);
+    const dword estimate = dword{n2} * v + (dword{n2} << 32 | n1);
+    word q = static_cast<word>(estimate >> 32);
+    dword r = (dword{n1 - q * d1} << 32 | n0) - dword{q} * d0 - d;
+    ++q;
+    if (static_cast<word>(r >> 32) >= static_cast<word>(estimate)) {
         --q;
-        if (__builtin_add_overflow(rest, d1, &rest)) break;
-        product = static_cast<word>(q) * dword{d0};
+        r += d;
     }
-    return static_cast<word>(q);
+    if (__builtin_expect(r >= d, 0)) {
+        ++q;
+        r -= d;
+    }
+    *rest = r;
+    return q;
 }
 
 } // namespace vor::limb

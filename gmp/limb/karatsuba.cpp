@@ -31,20 +31,47 @@ void by_halves(word* r, const word* a, const word* b, int n, word* scratch) {
     word *const s = scratch, *const t = s + m, *const p = t + m;
     const word ca = sum_of_halves(s, a, l, m), cb = sum_of_halves(t, b, l, m);
     word high = ca & cb;
-    multiply_karatsuba(p, s, t, m);
+    multiply_n(p, s, t, m);
     if (ca) high += add_n(p + m, p + m, t, m);
     if (cb) high += add_n(p + m, p + m, s, m);
-    multiply_karatsuba(r, a, b, l);
-    multiply_karatsuba(r + 2 * l, a + l, b + l, m);
+    multiply_n(r, a, b, l);
+    multiply_n(r + 2 * l, a + l, b + l, m);
     high -= subtract(p, 2 * m, r, 2 * l);
     high -= subtract(p, 2 * m, r + 2 * l, 2 * m);
     high += add_n(r + l, r + l, p, 2 * m);
     // Added even if it is 0, which no processor foresees. It ends within r, as the product does.
     word* const above = r + l + 2 * m;
-    if (__builtin_add_overflow(*above, high, above)) increment(above + 1, l, 1);
+    if (__builtin_add_overflow(*above, high, above)) increment(above + 1, l - 1, 1);
+}
+
+// a^2 = a0^2 + (a0^2 + a1^2 - (a1 - a0)^2) B^l + a1^2 B^(2l), a1 - a0 as a magnitude.
+void square_by_halves(word* r, const word* a, int n, word* scratch) {
+    const int l = n / 2, m = n - l;
+    word *const d = scratch, *const p = d + m;
+    const word* const a1 = a + l;
+    if ((m > l && a1[l]) || compare(a1, a, l) >= 0)
+        sub(d, a1, m, a, l);
+    else
+        sub(d, a, l, a1, l), clear(d + l, m - l);
+    square(p, d, m);
+    square(r, a, l);
+    square(r + 2 * l, a1, m);
+    // The middle term, 2m limbs and one above.
+    word high = 0 - sub_n(p, r + 2 * l, p, 2 * m);
+    high += increment(p + 2 * l, 2 * (m - l), add_n(p, p, r, 2 * l));
+    high += add_n(r + l, r + l, p, 2 * m);
+    word* const above = r + l + 2 * m;
+    if (__builtin_add_overflow(*above, high, above)) increment(above + 1, l - 1, 1);
 }
 
 } // namespace
+
+void square_karatsuba(word* r, const word* a, int n) {
+    if (n < gmp::kKaratsubaSquare) return square_basecase(r, a, n);
+    const int half = n - n / 2;
+    Limbs<3 * kLocalHalf> scratch(uint64_t{3} * half);
+    square_by_halves(r, a, n, scratch);
+}
 
 void multiply_karatsuba(word* r, const word* a, const word* b, int n) {
     using gmp::kSchoolbookLength;

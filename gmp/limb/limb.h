@@ -84,7 +84,8 @@ inline word negate(word* r, const word* a, int n) {
     for (; i < n && a[i] == 0; ++i) r[i] = 0;
     if (i >= n) return 0;
     r[i] = 0 - a[i];
-    while (++i < n) r[i] = ~a[i];
+    ++i;
+    complement(r + i, a + i, n - i);
     return 1;
 }
 
@@ -99,7 +100,12 @@ void multiply(word* r, const word* a, int an, const word* b, int bn);
 void multiply_n(word* r, const word* a, const word* b, int n);
 // The same by Karatsuba's method down to schoolbook.
 void multiply_karatsuba(word* r, const word* a, const word* b, int n);
-// r[0 .. 2n) = a * a.
+// The same with four parts a factor, n >= 64; b may be a.
+void multiply_toom4(word* r, const word* a, const word* b, int n);
+// r[0 .. 2n) = a * a: by schoolbook, n < kKaratsubaSquare; by Karatsuba's method down to it; by the method
+// that the length calls for.
+void square_basecase(word* r, const word* a, int n);
+void square_karatsuba(word* r, const word* a, int n);
 void square(word* r, const word* a, int n);
 
 // ---- Quotients -------------------------------------------------------------------------------------

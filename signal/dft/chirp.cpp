@@ -100,18 +100,15 @@ TavStatus real_chirp_inverse(const Context<T>& ctx, const T* x, T* y, C* work) {
 } // namespace
 
 template <class T>
-TavStatus init_chirp(Context<T>& ctx, int n, const complex_t<T>* base, int baseLength) {
+TavStatus init_chirp(Context<T>& ctx, int n, Base<T>& base) {
     using C = complex_t<T>;
-    // The base table of n elements exists, so 4n does not overflow.
+    // The base table of 2n elements exists, so 4n does not overflow.
     const int order = order_of(2 * n - 1);
     ctx.lenConvFft = 1 << order;
     ctx.tabChirp = allocate<C>(static_cast<size_t>(n));
     ctx.tabChirpFft = allocate<C>(static_cast<size_t>(ctx.lenConvFft));
     if (!ctx.tabChirp || !ctx.tabChirpFft) return tavStsMemAllocErr;
-    C* const own = baseLength == n ? base_table<T>(2 * n) : nullptr;
-    if (baseLength == n && !own) return tavStsMemAllocErr;
-    fill_chirp(ctx.tabChirp, own ? own : base, n);
-    tavsFree(own);
+    fill_chirp(ctx.tabChirp, base.values(), n);
     return build_convolution(ctx, n, order);
 }
 
@@ -139,13 +136,16 @@ TavStatus real_chirp(const Context<T>& ctx, const T* x, T* y, void* work) {
 } // namespace vor::dft
 
 #define CHIRP(init, transform, T, C)                                                               \
-    template TavStatus vor::dft::init_chirp(Context<T>&, int, const C*, int);                      \
+    template TavStatus vor::dft::init_chirp(Context<T>&, int, Base<T>&);                           \
     template TavStatus vor::dft::complex_chirp<vor::Direction::forward>(const Context<T>&,         \
                                                                         const C*, C*, int, void*); \
     template TavStatus vor::dft::complex_chirp<vor::Direction::backward>(                          \
         const Context<T>&, const C*, C*, int, void*);                                              \
     extern "C" TavStatus init(DftCtx* object, int n, const C* base, int baseLength) {              \
-        return vor::dft::init_chirp(vor::dft::context_of<T>(object), n, base, baseLength);         \
+        using namespace vor::dft;                                                                  \
+        Base<T> own(baseLength == n ? int64_t{2} * n : 0), given(base, baseLength);                \
+        Base<T>& table = baseLength == n ? own : given;                                            \
+        return table.missing() ? tavStsMemAllocErr : init_chirp(context_of<T>(object), n, table);  \
     }                                                                                              \
     extern "C" TavStatus transform(const DftCtx* object, const C* source, C* destination, int n,   \
                                    int direction, void* work) {                                    \

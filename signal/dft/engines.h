@@ -11,9 +11,42 @@ namespace vor::dft {
 
 // ---- Tables. They are null if they cannot be had; tavsFree takes them.
 
-// W^k = exp(-2 pi i k / n), k = 0 to n-1.
+// w[k] := W^k, W = exp(-2 pi i / n), k = 0 to n-1.
 template <class T>
-complex_t<T>* base_table(int n);
+void fill_base(complex_t<T>* w, int n);
+
+// The base table of n values, of which all others are cut. Its memory is taken at once and its values are
+// computed at their first use, so that a build which lacks memory for its large tables finds that out
+// before it spends time on sines.
+template <class T>
+class Base {
+public:
+    using C = complex_t<T>;
+
+    explicit Base(int64_t n) : length_(static_cast<int>(n)) {
+        if (n <= INT_MAX) values_ = owned_ = allocate<C>(static_cast<size_t>(n));
+    }
+    // A table that is there.
+    Base(const C* values, int n) : length_(n), filled_(true), values_(values) {}
+    ~Base() { tavsFree(owned_); }
+    Base(const Base&) = delete;
+    Base& operator=(const Base&) = delete;
+
+    bool missing() const { return !values_; }
+    int length() const { return length_; }
+    const C* values() {
+        if (!filled_) fill_base<T>(owned_, length_);
+        filled_ = true;
+        return values_;
+    }
+
+private:
+    int length_;
+    bool filled_ = false;
+    C* owned_ = nullptr;
+    const C* values_ = nullptr;
+};
+
 // W^(k step), k = 0 to n-1, of the base table. In single precision the chain of offsets of the vector
 // kernel follows.
 template <class C>
@@ -22,17 +55,17 @@ C* direct_table(const C* base, int n, int step);
 template <Direction D, class C>
 C* recombination_table(const C* base, int n);
 
-// ---- Plans: what an object of length n, whose base table has baseLength entries, needs for stages or for
-// a chirp.
+// ---- Plans: what an object needs for n elements by stages, whose base table has a multiple of n entries,
+// or by a chirp, whose base table has 2n.
 
 // Factors `length` into the `factor` fields and sets lastFactor; false if it is prime or has a prime
 // factor above kLargestRadix.
 template <class T>
 bool factorise(Context<T>& ctx, int length);
 template <class T>
-TavStatus init_stages(Context<T>& ctx, int n, const complex_t<T>* base, int baseLength);
+TavStatus init_stages(Context<T>& ctx, int n, Base<T>& base);
 template <class T>
-TavStatus init_chirp(Context<T>& ctx, int n, const complex_t<T>* base, int baseLength);
+TavStatus init_chirp(Context<T>& ctx, int n, Base<T>& base);
 
 // ---- Transforms without scale. x and y may be the same array, and real spectra stand in Perm order.
 

@@ -11,46 +11,44 @@
 namespace vor::dft {
 namespace {
 
-// The engine of `length` elements of type E.
 template <class E, class T = real_t<E>>
-TavStatus init_engine(Context<T>& ctx, int length, bool out_of_order, const complex_t<E>* base) {
-    if (factorise(ctx, length)) {
-        ctx.isPrimeFact = 1;
-        ctx.isOutOrd = out_of_order;
-        return init_stages(ctx, length, base, ctx.lenDft);
-    }
-    if (length > (is_complex<E> ? kLongestDirect : kLongestDirectRealOdd))
-        return init_chirp(ctx, length, base, ctx.lenDft);
-    ctx.tabDir = direct_table(base, length, ctx.lenDft / length);
+TavStatus init_direct(Context<T>& ctx, int length, Base<T>& base) {
+    ctx.tabDir = direct_table(base.values(), length, base.length() / length);
     return ctx.tabDir ? set_buffer<E>(ctx, static_cast<size_t>(length)) : tavStsMemAllocErr;
 }
 
-template <class T, class C = complex_t<T>>
-TavStatus init_real_even(Context<T>& ctx, const C* base) {
-    const int n = ctx.lenDft;
-    ctx.tabRecFwd = recombination_table<Direction::forward>(base, n);
-    ctx.tabRecInv = recombination_table<Direction::backward>(base, n);
-    if (!ctx.tabRecFwd || !ctx.tabRecInv) return tavStsMemAllocErr;
-    return init_engine<C>(ctx, n / 2, false, base);
+template <class T>
+TavStatus init_recombination(Context<T>& ctx, Base<T>& base) {
+    ctx.tabRecFwd = recombination_table<Direction::forward>(base.values(), base.length());
+    ctx.tabRecInv = recombination_table<Direction::backward>(base.values(), base.length());
+    return ctx.tabRecFwd && ctx.tabRecInv ? tavStsNoErr : tavStsMemAllocErr;
 }
 
-template <class K, class T>
-TavStatus init_from_base(Context<T>& ctx, const complex_t<T>* base) {
-    if constexpr (!K::kReal)
-        return init_engine<complex_t<T>>(ctx, ctx.lenDft, K::kOutOfOrder, base);
-    else if (ctx.lenDft % 2 == 0)
-        return init_real_even(ctx, base);
-    else
-        return init_engine<T>(ctx, ctx.lenDft, false, base);
+// Stages, direct sum or chirp on E, half the length of a real transform of even length.
+template <class E, class T = real_t<E>>
+TavStatus init_engine(Context<T>& ctx, bool out_of_order, bool halved) {
+    const int length = halved ? ctx.lenDft / 2 : ctx.lenDft;
+    ctx.isPrimeFact = factorise(ctx, length);
+    ctx.isOutOrd = ctx.isPrimeFact && out_of_order;
+    const bool chirp =
+        !ctx.isPrimeFact && length > (is_complex<E> ? kLongestDirect : kLongestDirectRealOdd);
+    Base<T> base(chirp ? int64_t{2} * length : ctx.lenDft);
+    if (base.missing()) return tavStsMemAllocErr;
+    const TavStatus status = ctx.isPrimeFact ? init_stages(ctx, length, base)
+                             : chirp         ? init_chirp(ctx, length, base)
+                                             : init_direct<E>(ctx, length, base);
+    return status == tavStsNoErr && halved ? init_recombination(ctx, base) : status;
 }
 
 template <class K, class T>
 TavStatus init_tables(Context<T>& ctx) {
-    complex_t<T>* const base = base_table<T>(ctx.lenDft);
-    if (!base) return tavStsMemAllocErr;
-    const TavStatus status = init_from_base<K>(ctx, base);
-    tavsFree(base);
-    return status;
+    using C = complex_t<T>;
+    if constexpr (!K::kReal)
+        return init_engine<C>(ctx, K::kOutOfOrder, false);
+    else if (ctx.lenDft % 2 == 0)
+        return init_engine<C>(ctx, false, true);
+    else
+        return init_engine<T>(ctx, false, false);
 }
 
 template <class K, class T>

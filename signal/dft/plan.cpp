@@ -40,14 +40,13 @@ constexpr int kLargestFixed = 5; // larger radices have tables
 // Direct tables as they are built one after the other: equal lengths share one.
 template <class T>
 struct DirectTables {
-    const complex_t<T>* base;
-    int baseLength;
+    Base<T>& base;
     int length = 0; // of the latest, and largest, table
     complex_t<T>* table = nullptr;
 
     complex_t<T>* of(int n) {
         if (n == length) return table;
-        table = direct_table(base, n, baseLength / n);
+        table = direct_table(base.values(), n, base.length() / n);
         length = n;
         return table;
     }
@@ -128,10 +127,14 @@ bool plan_out_of_order(Context<T>& ctx, int length, const complex_t<T>* base, in
     return true;
 }
 
-// Twiddle tables (filled in the in-order plan) and direct tables.
+// Twiddle tables, filled in the in-order plan, and direct tables. All large memory is taken first.
 template <class T>
 bool build_tables(Context<T>& ctx, DirectTables<T>& direct, int step) {
-    using C = complex_t<T>;
+    for (int i = 0; i <= ctx.lastFactor; ++i) {
+        const auto f = static_cast<size_t>(ctx.fact[i].factor);
+        const auto r = static_cast<size_t>(ctx.fact[i].rest);
+        if (!(ctx.fact[i].tabTwiddle = allocate<complex_t<T>>(f * r))) return false;
+    }
     for (int i = 0; i <= ctx.lastFactor; ++i) {
         DftFactorRec<T>& record = ctx.fact[i];
         const int f = record.factor, r = record.rest;
@@ -139,10 +142,8 @@ bool build_tables(Context<T>& ctx, DirectTables<T>& direct, int step) {
         if (i == ctx.lastFactor && r > kLargestFixed &&
             !(ctx.fact[i + 1].tabDirFactor = direct.of(r)))
             return false;
-        record.tabTwiddle = allocate<C>(static_cast<size_t>(f) * static_cast<size_t>(r));
-        if (!record.tabTwiddle) return false;
         if (!ctx.isOutOrd)
-            fill_twiddles(record.tabTwiddle, f, r, direct.base, step * record.prodBefore,
+            fill_twiddles(record.tabTwiddle, f, r, direct.base.values(), step * record.prodBefore,
                           static_cast<const int*>(nullptr));
     }
     return true;
@@ -151,16 +152,16 @@ bool build_tables(Context<T>& ctx, DirectTables<T>& direct, int step) {
 } // namespace
 
 template <class T>
-TavStatus init_stages(Context<T>& ctx, int length, const complex_t<T>* base, int baseLength) {
+TavStatus init_stages(Context<T>& ctx, int length, Base<T>& base) {
     if (length < kOutOfOrderLimit<T>) ctx.isOutOrd = 0;
-    const int step = baseLength / length;
+    const int step = base.length() / length;
     lay_out(ctx, length);
-    DirectTables<T> direct{base, baseLength};
+    DirectTables<T> direct{base};
     if (!build_tables(ctx, direct, step)) return tavStsMemAllocErr;
     using C = complex_t<T>;
     const auto scratch = static_cast<size_t>(direct.length);
     if (ctx.isOutOrd) {
-        if (!plan_out_of_order(ctx, length, base, step)) return tavStsMemAllocErr;
+        if (!plan_out_of_order(ctx, length, base.values(), step)) return tavStsMemAllocErr;
         return scratch ? set_buffer<C>(ctx, scratch) : tavStsNoErr;
     }
     if (!build_offsets(ctx)) return tavStsMemAllocErr;
@@ -171,9 +172,11 @@ TavStatus init_stages(Context<T>& ctx, int length, const complex_t<T>* base, int
 
 #define INIT_STAGES(name, T, C)                                                                    \
     template bool vor::dft::factorise(Context<T>&, int);                                           \
-    template TavStatus vor::dft::init_stages(Context<T>&, int, const C*, int);                     \
+    template TavStatus vor::dft::init_stages(Context<T>&, int, Base<T>&);                          \
     extern "C" TavStatus name(DftCtx* object, int n, const C* base, int baseLength) {              \
-        return vor::dft::init_stages(vor::dft::context_of<T>(object), n, base, baseLength);        \
+        using namespace vor::dft;                                                                  \
+        Base<T> table(base, baseLength);                                                           \
+        return init_stages(context_of<T>(object), n, table);                                       \
     }
 INIT_STAGES(tavs_initDftPrimeFact_32f, float, VOR_SCOMPLEX)
 INIT_STAGES(tavs_initDftPrimeFact_64f, double, VOR_DCOMPLEX)

@@ -19,13 +19,10 @@ complex_t<T> root(int k, double step) {
 
 } // namespace
 
-// W^k = exp(-2 pi i k / n), k = 0 to n-1: an octant, a quadrant or a half of the circle by the
-// functions, the rest by reflections, which copy the rounded values.
+// An octant, a quadrant or a half of the circle by the functions, the rest by reflections, which copy the
+// rounded values.
 template <class T>
-complex_t<T>* base_table(int n) {
-    using C = complex_t<T>;
-    C* const w = allocate<C>(static_cast<size_t>(n));
-    if (!w) return nullptr;
+void fill_base(complex_t<T>* w, int n) {
     const double step = kTurn / n;
     const int half = n / 2, quarter = n / 4;
     const int computed = n % 4 == 0 ? n / 8 : n % 2 == 0 ? quarter : half;
@@ -36,7 +33,6 @@ complex_t<T>* base_table(int n) {
     if (n % 2 == 0)
         for (int k = quarter + 1; k <= half; ++k) w[k] = {-w[half - k].re, w[half - k].im};
     for (int k = half + 1; k < n; ++k) w[k] = conj(w[n - k]);
-    return w;
 }
 
 // W^(k step), k = 0 to n-1. In single precision the chain of table offsets follows, 2 (j mod n) for
@@ -74,12 +70,14 @@ C* recombination_table(const C* base, int n) {
 } // namespace vor::dft
 
 #define TABLES(base_name, direct_name, forward_name, backward_name, T, C)                          \
-    template C* vor::dft::base_table<T>(int);                                                      \
+    template void vor::dft::fill_base<T>(C*, int);                                                 \
     template C* vor::dft::direct_table(const C*, int, int);                                        \
     template C* vor::dft::recombination_table<vor::Direction::forward>(const C*, int);             \
     template C* vor::dft::recombination_table<vor::Direction::backward>(const C*, int);            \
     extern "C" C* base_name(int n) {                                                               \
-        return vor::dft::base_table<T>(n);                                                         \
+        C* const table = vor::dft::allocate<C>(static_cast<size_t>(n));                            \
+        if (table) vor::dft::fill_base<T>(table, n);                                               \
+        return table;                                                                              \
     }                                                                                              \
     extern "C" C* direct_name(const C* base, int n, int step) {                                    \
         return vor::dft::direct_table(base, n, step);                                              \

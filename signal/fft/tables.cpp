@@ -48,9 +48,12 @@ constexpr ReadySines kReady;
 template <class R>
 class Circle {
 public:
+    // Takes the memory; fill() computes the sines.
     explicit Circle(int order) : order_(order), quarter_(1u << order >> 2) {
         sine_ = allocate<R>(quarter_ + 1);
-        if (!sine_) return;
+    }
+    void fill() {
+        const int order = order_;
         for (unsigned k = 0; k <= quarter_; ++k)
             sine_[k] =
                 static_cast<R>(order <= kReadyOrder ? kReady.value[k << (kReadyOrder - order)]
@@ -248,31 +251,19 @@ bool build_bit_reversal(Context<R>& object, int m) {
 }
 
 template <class R>
-bool build_engine(Context<R>& object, const Circle<R>& circle, int m, uint64_t bytes) {
-    if (bytes == 0) return true;
-    void* block = tavsMalloc_8u(static_cast<int>(bytes));
-    if (!block) return false;
-    EngineTables<R>(object, &circle, block).place(m);
-    return true;
+complex_t<R>* recombination_table(unsigned quarter) {
+    return reinterpret_cast<complex_t<R>*>(allocate<R>(2 * uint64_t{quarter}));
 }
 
 template <class R>
-bool build_recombination(Context<R>& object, const Circle<R>& circle) {
-    using C = complex_t<R>;
+void fill_recombination(Context<R>& object, const Circle<R>& circle) {
     const unsigned quarter = circle.quarter();
-    auto* forward = reinterpret_cast<C*>(allocate<R>(2 * uint64_t{quarter}));
-    object.tabRealRec = forward;
-    if (!forward) return false;
-    auto* inverse = reinterpret_cast<C*>(allocate<R>(2 * uint64_t{quarter}));
-    object.tabCcsRec = inverse;
-    if (!inverse) return false;
     const R half = static_cast<R>(0.5);
     for (unsigned k = 0; k < quarter; ++k) {
         const R c = circle.sine(quarter - k), s = circle.sine(k);
-        forward[k] = {half * c, half - half * s};
-        inverse[k] = {c, -s};
+        object.tabRealRec[k] = {half * c, half - half * s};
+        object.tabCcsRec[k] = {c, -s};
     }
-    return true;
 }
 
 } // namespace
@@ -282,11 +273,22 @@ bool build_tables(Context<R>& object, int m, bool real) {
     constexpr uint64_t kLargestBlock = INT_MAX - 64; // what tavsMalloc_8u can be asked for
     EngineTables<R> measure(object, nullptr, nullptr);
     measure.place(m);
-    if (measure.bytes() > kLargestBlock) return false; // before the time goes into the sines
-    const Circle<R> circle(object.order);
-    return circle && build_bit_reversal(object, m) &&
-           build_engine(object, circle, m, measure.bytes()) &&
-           (!real || build_recombination(object, circle));
+    if (measure.bytes() > kLargestBlock) return false;
+    // All memory is taken before the time goes into the sines. The engine's block belongs to the object
+    // from the first table in it on.
+    Circle<R> circle(object.order);
+    if (real) {
+        object.tabRealRec = recombination_table<R>(circle.quarter());
+        object.tabCcsRec = recombination_table<R>(circle.quarter());
+        if (!object.tabRealRec || !object.tabCcsRec) return false;
+    }
+    if (!circle || !build_bit_reversal(object, m)) return false;
+    void* const block = tavsMalloc_8u(static_cast<int>(measure.bytes()));
+    if (!block && measure.bytes() > 0) return false;
+    circle.fill();
+    EngineTables<R>(object, &circle, block).place(m);
+    if (real) fill_recombination(object, circle);
+    return true;
 }
 
 template bool build_tables(Context<float>&, int, bool);

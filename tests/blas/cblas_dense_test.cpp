@@ -80,7 +80,7 @@ Layout layout_of(const Routine& routine, const std::string& array, const Values&
     else if (is_triangle)
         layout = triangle(uplo, rows, rows + 2);
     if (!row_major) return layout;
-    return {layout.columns, layout.rows, layout.ld, layout.size,
+    return {layout.columns, layout.rows, layout.ld,
             [=](int i, int j) { return layout.place(j, i); }};
 }
 

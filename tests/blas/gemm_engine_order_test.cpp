@@ -3,6 +3,7 @@
 #include "tests/blas/gemm_engines.h"
 
 #include <vector>
+#include <xmmintrin.h>
 
 using namespace vor::test;
 using vor::cdouble;
@@ -141,7 +142,7 @@ TYPED_TEST(GemmOrder, EveryBitOfTheProduct) {
                             : turn % 5 == 1 ? element<T>(-1)
                                             : random.next<T>();
             Product<T> p(
-                random, pair[0], pair[1], {m, static_cast<int>(turn % 7) + 1, k}, alpha,
+                random, pair[0], pair[1], {m, static_cast<int>(turn % 13) + 1, k}, alpha,
                 turn % 2 ? random.next<T>() : element<T>(static_cast<double>(turn / 2 % 2)), 1);
             p.run();
             EXPECT_TRUE(p.c.same_as(model(p))) << p.name();
@@ -150,4 +151,28 @@ TYPED_TEST(GemmOrder, EveryBitOfTheProduct) {
     Product<T> p(random, 'N', 'T', {21, 270, 90}, random.next<T>(), element<T>(1));
     p.run();
     EXPECT_TRUE(p.c.same_as(model(p))) << p.name();
+}
+
+// The s engine multiplies by a beta of 1 too: where subnormals are flushed to zero, one in C is gone before
+// the sum enters, and with nothing to add a signalling NaN becomes a quiet one.
+TEST(GemmOrder, SingleBetaOfOneIsMultiplied) {
+    Random random(12);
+    for (const Size& size : {Size{20, 3, 1}, Size{3, 2, 40}, Size{70, 13, 80}}) {
+        Product<float> p(random, 'N', 'N', size, 1, 1), zero = p;
+        p.a.fill(1.2e-19f), p.b.fill(1.2e-19f), p.c.fill(1e-39f);
+        zero.a.fill(1.2e-19f), zero.b.fill(1.2e-19f), zero.c.fill(0);
+        const unsigned before = _mm_getcsr();
+        _MM_SET_FLUSH_ZERO_MODE(_MM_FLUSH_ZERO_ON);
+        p.run();
+        zero.run();
+        _mm_setcsr(before);
+        EXPECT_TRUE(p.c.same_as(zero.c)) << p.name();
+        EXPECT_GT(p.c(0, 0), 1e-38f);
+    }
+    Product<float> p(random, 'N', 'N', {3, 2, 0}, 1, 1);
+    uint32_t bits = 0x7f800001;
+    std::memcpy(&p.c(1, 1), &bits, sizeof bits);
+    p.run();
+    std::memcpy(&bits, &p.c(1, 1), sizeof bits);
+    EXPECT_EQ(bits, 0x7fc00001u);
 }

@@ -74,6 +74,9 @@ inline std::vector<int> lengths() {
     return all;
 }
 
+// Right before a page that cannot be touched, whatever address that is.
+inline constexpr size_t kAnyOffset = Guarded<float>::kAnyOffset;
+
 // run(n, incx, incy, offset of x, offset of y): every length with pairs of steps, and every pair of
 // addresses modulo 16 with unit steps.
 template <class Run>
@@ -81,7 +84,10 @@ void each_pair_of_vectors(Run run) {
     const int steps[][2] = {{1, 1},  {-1, -1}, {1, -1}, {-1, 1}, {1, 2},  {2, -1},
                             {-1, 2}, {-3, 1},  {2, 2},  {2, -3}, {-3, -3}};
     for (int n : lengths())
-        for (const auto& [incx, incy] : steps) run(n, incx, incy, 4, n % 3 == 0 ? 4 : 8);
+        for (const auto& [incx, incy] : steps) {
+            run(n, incx, incy, 4, n % 3 == 0 ? 4 : 8);
+            run(n, incx, incy, kAnyOffset, kAnyOffset);
+        }
     for (size_t offset_x = 0; offset_x < 16; ++offset_x)
         for (size_t offset_y = 0; offset_y < 16; ++offset_y)
             for (int n : {9, 10, 11, 41, 1023}) run(n, 1, 1, offset_x, offset_y);
@@ -91,7 +97,9 @@ void each_pair_of_vectors(Run run) {
 template <class Run>
 void each_vector(Run run) {
     for (int n : lengths())
-        for (int inc : {1, -1, 2, -3, 0}) run(n, inc, n % 3 == 0 ? 4 : 8);
+        for (int inc : {1, -1, 2, -3, 0})
+            for (size_t offset : {n % 3 == 0 ? size_t(4) : size_t(8), kAnyOffset})
+                run(n, inc, offset);
     for (size_t offset = 0; offset < 16; ++offset)
         for (int n : {3, 41, 64}) run(n, 1, offset), run(n, -1, offset);
 }

@@ -152,6 +152,44 @@ TYPED_TEST(Elements, RotRotates) {
     });
 }
 
+// An element has the same bits alone and anywhere in a vector, at every step and address: run(n, x, incx,
+// y, incy) on vectors against run on single pairs.
+template <class T, class Run>
+void expect_same_at_every_place(Run run) {
+    Vector<T> u(1, 1, 0), v(1, 1, 0);
+    each_pair_of_vectors([&](int n, int incx, int incy, size_t ox, size_t oy) {
+        Vector<T> x(n, incx, ox), y(n, incy, oy);
+        const auto x0 = x.copy(), y0 = y.copy();
+        run(n, x.data(), incx, y.data(), incy);
+        bool same = true;
+        for (int i = 0; i < n; ++i) {
+            u.at(0) = x0[x.slot(i)], v.at(0) = y0[y.slot(i)];
+            run(1, u.data(), 1, v.data(), 1);
+            same &= same_bits(u.at(0), x.at(i)) && same_bits(v.at(0), y.at(i));
+        }
+        ASSERT_TRUE(same) << n << " " << incx << " " << incy << " " << ox << " " << oy;
+    });
+}
+
+// saxpy is the exception: its vectors round each operation, its other loops once.
+TYPED_TEST(Elements, OfOneVectorComeOutAlikeAtEveryPlace) {
+    using T = TypeParam;
+    using R = real_t<T>;
+    const T alpha = element<T>(0.7L, -1.3L);
+    const R c = R(0.6), s = R(0.8);
+    expect_same_at_every_place<T>([&](int n, T* x, int incx, T* y, int incy) {
+        call(ALL(scal), n, alpha, x, incx);
+        if constexpr (is_complex<T>) call(of_type<T>(csscal, zdscal), n, c, y, incy);
+    });
+    if constexpr (!std::is_same_v<T, float>)
+        expect_same_at_every_place<T>([&](int n, T* x, int incx, T* y, int incy) {
+            call(ALL(axpy), n, alpha, x, incx, y, incy);
+        });
+    expect_same_at_every_place<T>([&](int n, T* x, int incx, T* y, int incy) {
+        call(of_type<T>(srot, drot, csrot, zdrot), n, x, incx, y, incy, c, s);
+    });
+}
+
 TYPED_TEST(RealElements, RotmAppliesTheMatrixOfItsFlag) {
     using T = TypeParam;
     const struct {

@@ -60,10 +60,15 @@ TYPED_TEST(ComplexRotations, RotgTakesTheSecondElementToZero) {
     Random random(12);
     // crotg: three roots of relative error 1e-7 each; zrotg: the roundings of c, s and r.
     Bound<T> bound("rotg", sizeof(R) == sizeof(float) ? 12 : 3);
-    for (int i = 0; i < 2000; ++i) {
-        const int shift = random.below(16) - 8;
-        T a = random.next<T>(), b = random.next<T>(), s;
-        b = {std::ldexp(b.re, shift), std::ldexp(b.im, shift)};
+    for (int i = 0; i < 4000; ++i) {
+        // Every other pair: anywhere in the range of the type.
+        const int reach = i % 2 == 0 ? 8 : std::numeric_limits<R>::max_exponent - 3;
+        const auto number = [&] {
+            const int shift = random.below(2 * reach) - reach;
+            const T x = random.next<T>();
+            return T{std::ldexp(x.re, shift), std::ldexp(x.im, shift)};
+        };
+        T a = number(), b = number(), s;
         const Wide a0 = wide(a), b0 = wide(b);
         const T b_before = b;
         R c;
@@ -75,6 +80,15 @@ TYPED_TEST(ComplexRotations, RotgTakesTheSecondElementToZero) {
         bound.add(wc * wc + std::norm(wide(s)), 1, 1);
         bound.add(wide(a) * std::conj(a0), std::abs(wide(a)) * std::abs(a0), size * std::abs(a0));
         ASSERT_TRUE(same_bits(b, b_before));
+    }
+    // Both parts of either number, and their sum, out of reach for a square.
+    for (const R size : {std::numeric_limits<R>::denorm_min(), std::numeric_limits<R>::max() / 4}) {
+        T a{size, 0}, b{0, -size}, s;
+        R c;
+        call(COMPLEX(rotg), &a, &b, &c, &s);
+        EXPECT_NEAR(c, std::sqrt(0.5), 1e-6);
+        EXPECT_NEAR(s.im, std::sqrt(0.5), 1e-6);
+        EXPECT_TRUE(std::isfinite(a.re) && a.re >= size) << a.re;
     }
     T a{0, 0}, b{3, -4}, s;
     R c;

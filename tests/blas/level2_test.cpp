@@ -4,6 +4,8 @@
 #include "blas/kernel/gerin.h"
 #include "tests/blas/level2.h"
 
+#include <xmmintrin.h>
+
 using namespace vor::test;
 
 extern "C" void vor_blas_dtrmv_in(const char* uplo, const char* trans, const char* diag,
@@ -198,8 +200,8 @@ protected:
     // The same with several scalars in turn.
     void expect_right_scaled(const Member<T>& member, Call c, double bound) {
         const double scalars[][2] = {{0.7, -1.3}, {1, 0}, {-1, 1}, {0, 0.5}, {0, 0}};
-        const auto& [alpha, beta] = scalars[turn_++ % 5];
-        c.alpha = element<T>(alpha, alpha * 0.5);
+        const auto& [alpha, beta] = scalars[turn_ % 5];
+        c.alpha = element<T>(alpha, turn_++ % 2 == 0 ? alpha * 0.5 : 0);
         c.beta = element<T>(beta, beta / 3);
         if (beta == 0) c.y.fill(not_a_number<T>());
         expect_right(member, std::move(c), bound);
@@ -275,6 +277,41 @@ TYPED_TEST(Level2, TriangularProductsAndSolves) {
                             this->expect_right(member, c, this->bound(std::min(n, t.k + 1)));
                         }
             }
+}
+
+// Four columns of complex rows behind the last strip: each part of y is rounded once, from extended terms
+// in the order of the columns. The factors alpha x fit a double for some alphas and not for others.
+template <class T>
+void expect_one_rounding(Random& numbers, T alpha) {
+    using R = vor::real_t<T>;
+    const int n = 4, one = 1;
+    const T beta = element<T>(1);
+    const auto gemv = of_type<T>(sgemv_, dgemv_, cgemv_, zgemv_);
+    for (int m = 1; m < 30; ++m) {
+        auto a = Stored<T>(numbers, full(m, n, m + 1));
+        auto x = Steps<T>::random(numbers, n, 1), y = Steps<T>::random(numbers, m, 1);
+        gemv("N", &m, &n, &alpha, a.data(), &a.ld(), x.data(), &one, &beta, y.data(), &one);
+        for (int i = 0; i < m; ++i) {
+            long double re = y.before(i, 0).re, im = y.before(i, 0).im;
+            for (int j = 0; j < n; ++j) {
+                const Wide t = times(wide(alpha), wide(x[j]));
+                re += a(i, j).re * t.real();
+                re += a(i, j).im * -t.imag();
+                im += a(i, j).re * t.imag();
+                im += a(i, j).im * t.real();
+            }
+            const T want = {static_cast<R>(re), static_cast<R>(im)};
+            EXPECT_TRUE(same_bits(y[i], want)) << m << " " << i;
+        }
+    }
+}
+TEST(Level2Kernels, RowsBehindTheStripsAreRoundedOnce) {
+    Random random(29);
+    for (const double alpha : {1.0, -1.0, 0.3})
+        for (const double imaginary : {0.0, 0.7}) {
+            expect_one_rounding(random, element<vor::cfloat>(alpha, imaginary));
+            expect_one_rounding(random, element<vor::cdouble>(alpha, imaginary));
+        }
 }
 
 // The diagonal block of a product serves orders beyond its routine's blocks, too, with one rounding.
@@ -430,6 +467,19 @@ TEST(Level2Kernels, StepOfGerPassesZerosOver) {
     auto y = Steps<double>::random(random, n, 1);
     vor_blas_dgerin(&n, &minus_zero, x.data(), &one, y.data(), &one);
     EXPECT_TRUE(y.unchanged());
+}
+// A subnormal factor is none of them, also under a mode that takes it for 0.
+TEST(Level2Kernels, StepOfGerTestsTheBitsOfItsFactor) {
+    constexpr unsigned kSubnormalsAreZero = 0x8040;
+    const int n = 9, one = 1;
+    const float alpha = 1e-40f;
+    const std::vector<float> x(n, 1e30f);
+    std::vector<float> y(n, 0);
+    const unsigned mode = _mm_getcsr();
+    _mm_setcsr(mode | kSubnormalsAreZero);
+    vor_blas_sgerin(&n, &alpha, x.data(), &one, y.data(), &one);
+    _mm_setcsr(mode);
+    for (const float sum : y) EXPECT_NEAR(sum, 1e-10f, 1e-14f);
 }
 
 } // namespace

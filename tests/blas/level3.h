@@ -4,6 +4,7 @@
 
 #include "tests/blas/level2.h"
 #include "tests/common/allocations.h"
+#include "tests/common/fenced.h"
 #include "vor_service.h"
 
 #include <omp.h>
@@ -75,27 +76,27 @@ struct Level3Member {
 
 template <class Routine, class T>
 void run_symmetric(Routine* routine, Level3Problem<T>& p) {
-    routine(&p.letters.side, &p.letters.uplo, &p.m, &p.n, &p.alpha, p.a.data(), &p.a.ld(),
-            p.b.data(), &p.b.ld(), &p.beta, p.c.data(), &p.c.ld());
+    routine(&p.letters.side, &p.letters.uplo, &p.m, &p.n, &p.alpha, p.at(p.a), &p.a.ld(), p.at(p.b),
+            &p.b.ld(), &p.beta, p.at(p.c), &p.c.ld());
 }
 // S is the type of the scalars, for rank 2 of beta.
 template <class S, class Routine, class T>
 void run_rank_k(Routine* routine, Level3Problem<T>& p) {
     const auto alpha = element<S>(wide(p.alpha).real(), wide(p.alpha).imag());
     const auto beta = element<S>(wide(p.beta).real(), wide(p.beta).imag());
-    routine(&p.letters.uplo, &p.letters.trans, &p.n, &p.k, &alpha, p.a.data(), &p.a.ld(), &beta,
-            p.c.data(), &p.c.ld());
+    routine(&p.letters.uplo, &p.letters.trans, &p.n, &p.k, &alpha, p.at(p.a), &p.a.ld(), &beta,
+            p.at(p.c), &p.c.ld());
 }
 template <class S, class Routine, class T>
 void run_rank_2k(Routine* routine, Level3Problem<T>& p) {
     const auto beta = element<S>(wide(p.beta).real(), wide(p.beta).imag());
-    routine(&p.letters.uplo, &p.letters.trans, &p.n, &p.k, &p.alpha, p.a.data(), &p.a.ld(),
-            p.b.data(), &p.b.ld(), &beta, p.c.data(), &p.c.ld());
+    routine(&p.letters.uplo, &p.letters.trans, &p.n, &p.k, &p.alpha, p.at(p.a), &p.a.ld(),
+            p.at(p.b), &p.b.ld(), &beta, p.at(p.c), &p.c.ld());
 }
 template <class Routine, class T>
 void run_triangular(Routine* routine, Level3Problem<T>& p) {
     routine(&p.letters.side, &p.letters.uplo, &p.letters.trans, &p.letters.diag, &p.m, &p.n,
-            &p.alpha, p.a.data(), &p.a.ld(), p.b.data(), &p.b.ld());
+            &p.alpha, p.at(p.a), &p.a.ld(), p.at(p.b), &p.b.ld());
 }
 
 template <class T>
@@ -173,6 +174,19 @@ struct Level3Problem {
     }
 
     void run() { member.run(*this); }
+    // The same on copies between fences, whose results come back.
+    void run_fenced(bool at_end) {
+        Fenced<T> copies[] = {{a.size(), at_end}, {b.size(), at_end}, {c.size(), at_end}};
+        fenced_ = copies;
+        for (Stored<T>* x : {&a, &b, &c}) std::copy_n(x->data(), x->size(), at(*x));
+        run();
+        for (Stored<T>* x : {&a, &b, &c}) std::copy_n(at(*x), x->size(), x->data());
+        fenced_ = nullptr;
+    }
+    // Where a call finds a, b or c.
+    T* at(Stored<T>& x) {
+        return !fenced_ ? x.data() : fenced_[&x == &a ? 0 : &x == &b ? 1 : 2].data();
+    }
     void expect_right() {
         const Family family = member.family;
         const bool hermitian = member.hermitian;
@@ -215,6 +229,8 @@ struct Level3Problem {
     }
 
 private:
+    Fenced<T>* fenced_ = nullptr;
+
     Stored<T> triangle_of_order(int gap) {
         return {random, triangle(letters.uplo, order, std::max(1, order + gap))};
     }

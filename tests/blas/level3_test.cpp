@@ -98,6 +98,20 @@ TYPED_TEST(Level3, OnAnyNumberOfThreadsAndWithoutScratch) {
     });
 }
 
+// No vector reaches beyond the operands: the results are those between any neighbours.
+TYPED_TEST(Level3, StaysInsideItsOperands) {
+    const Threads one(1);
+    this->for_members([&](const auto& member, const Letters& letters) {
+        for (const int order : {1, 2, 3, 5, 7, 18, 35, 70})
+            for (const bool at_end : {false, true}) {
+                Level3Problem<TypeParam> p(member, letters, order, 1 + order % 6, 0), fenced = p;
+                p.run();
+                fenced.run_fenced(at_end);
+                EXPECT_TRUE(fenced.b.same_as(p.b) && fenced.c.same_as(p.c)) << p.name();
+            }
+    });
+}
+
 // A team inside a caller's parallel region would be a nested one: each thread works for itself.
 TYPED_TEST(Level3, InsideAParallelRegion) {
     for (const auto& member : level3_members<TypeParam>()) {

@@ -55,22 +55,26 @@ inline bool conjugated(char letter) {
 }
 
 // A rows by columns matrix with leading dimension rows + gap (at least 1), at an address `offset`
-// bytes above a multiple of 64. The gap below each column holds NaNs of one pattern.
+// bytes above a multiple of 16, or right before a page that cannot be touched. The gap below each column
+// holds NaNs of one pattern; below the last one there is none, so that the last element ends the memory.
 template <class T>
 class Matrix {
 public:
-    Matrix(int rows, int columns, int gap = 0, size_t offset = 0)
+    static constexpr size_t kAnyOffset = Guarded<T>::kAnyOffset;
+
+    Matrix(int rows, int columns, int gap = 0, size_t offset = kAnyOffset)
         : rows_(rows), columns_(columns), ld_(std::max(1, rows + gap)),
-          store_(static_cast<size_t>(ld_) * static_cast<size_t>(columns), offset) {
+          store_(rows < 1 || columns < 1 ? 0 : position(rows - 1, columns - 1) + 1, offset) {
         std::memset(static_cast<void*>(store_.data()), 0xff, store_.size() * sizeof(T));
     }
     // The matrix that is stored when op(matrix) is rows by columns.
-    static Matrix stored(char letter, int rows, int columns, int gap = 0, size_t offset = 0) {
+    static Matrix stored(char letter, int rows, int columns, int gap = 0,
+                         size_t offset = kAnyOffset) {
         return plain(letter) ? Matrix(rows, columns, gap, offset)
                              : Matrix(columns, rows, gap, offset);
     }
     static Matrix random(Random& numbers, char letter, int rows, int columns, int gap = 0,
-                         size_t offset = 0) {
+                         size_t offset = kAnyOffset) {
         Matrix result = stored(letter, rows, columns, gap, offset);
         result.fill([&](int, int) { return numbers.next<T>(); });
         return result;
@@ -99,7 +103,7 @@ public:
     // Whether nothing was written around the matrix or into the gaps.
     bool intact() const {
         const T pattern = gap_pattern();
-        for (int j = 0; j < columns_; ++j)
+        for (int j = 0; rows_ > 0 && j < columns_ - 1; ++j)
             for (int i = rows_; i < ld_; ++i)
                 if (!same_bits((*this)(i, j), pattern)) return false;
         return store_.intact();

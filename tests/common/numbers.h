@@ -3,6 +3,7 @@
 #pragma once
 
 #include "arith/element.h"
+#include "tests/common/fenced.h"
 
 #include <algorithm>
 #include <cmath>
@@ -56,18 +57,23 @@ private:
     uint64_t state_;
 };
 
-// n elements at an address that is `offset` bytes above a multiple of 64, poisoned before and behind:
+// n elements at an address that is `offset` bytes above a multiple of 16, poisoned before and behind:
 // intact() tells whether both margins still hold what they held at the start. Objects made one after the
-// other have different poisons, so that copying from margin to margin shows.
+// other have different poisons, so that copying from margin to margin shows. The margin behind is as
+// short as the address allows, and ends at a page that cannot be touched: where there is none, the read
+// of one element too many ends the test.
 template <class T>
 class Guarded {
 public:
+    static constexpr size_t kAnyOffset = ~size_t{0};
+
     explicit Guarded(size_t n, size_t offset = 0)
-        : n_(n), offset_(offset), bytes_(n * sizeof(T) + 3 * kMargin + offset) {
-        memory_.reset(new unsigned char[bytes_]);
-        std::memset(memory_.get(), poison_, bytes_);
-        const auto start = reinterpret_cast<uintptr_t>(memory_.get()) + kMargin;
-        data_ = reinterpret_cast<T*>(((start + 63) & ~uintptr_t{63}) + offset);
+        : n_(n), offset_(offset),
+          behind_(offset == kAnyOffset ? 0 : (0 - n * sizeof(T) - offset) % 16),
+          bytes_(kMargin + n * sizeof(T) + behind_),
+          memory_(std::make_unique<Fenced<unsigned char>>(bytes_, true)) {
+        std::memset(memory_->data(), poison_, bytes_);
+        data_ = reinterpret_cast<T*>(memory_->data() + kMargin);
     }
     Guarded(const Guarded& other) : Guarded(other.n_, other.offset_) {
         std::copy(other.data_, other.data_ + n_, data_);
@@ -86,19 +92,18 @@ public:
     }
     std::vector<T> copy() const { return {data_, data_ + n_}; }
     bool intact() const {
-        const auto* first = memory_.get();
-        const auto* last = first + bytes_;
+        const unsigned char* const first = memory_->data();
         const auto poisoned = [this](unsigned char c) { return c == poison_; };
-        return std::all_of(first, reinterpret_cast<const unsigned char*>(data_), poisoned) &&
-               std::all_of(reinterpret_cast<const unsigned char*>(data_ + n_), last, poisoned);
+        return std::all_of(first, first + kMargin, poisoned) &&
+               std::all_of(first + bytes_ - behind_, first + bytes_, poisoned);
     }
 
 private:
     static constexpr size_t kMargin = 64;
     static inline unsigned char latest_poison_ = 0xa5;
     unsigned char poison_ = latest_poison_ ^= 0xff;
-    size_t n_, offset_, bytes_;
-    std::unique_ptr<unsigned char[]> memory_;
+    size_t n_, offset_, behind_, bytes_;
+    std::unique_ptr<Fenced<unsigned char>> memory_;
     T* data_;
 };
 

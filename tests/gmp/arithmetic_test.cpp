@@ -7,6 +7,7 @@
 #include <csignal>
 #include <functional>
 #include <numeric>
+#include <sys/mman.h>
 
 namespace vor::test {
 namespace {
@@ -58,6 +59,17 @@ TEST(DivisionByZero, RaisesBeforeAnythingChanges) {
         [&] { __gmpz_congruent_p(n, n, zero); },
         [&] { __gmpz_congruent_ui_p(n, 1, 0); },
         [&] { vor_gmp_div_qr(q, r, n, zero); },
+        [&] { __gmpz_powm(q, n, r, zero); },
+        [&] { __gmpz_powm(q, r, n, zero); },
+        [&] { __gmpz_powm_ui(q, n, 0, zero); },
+        [&] { mpz_powm_mary(q, n, zero, zero); },
+        [&] { _impPowm2Exp(q, n, 0, zero); },
+        [&] { __gmpz_invert(q, n, zero); },
+        [&] { __gmpz_remove(q, n, zero); },
+        [&] { __gmpz_root(q, n, 0); },
+        [&] { __gmpz_root(q, zero, 0); },
+        [&] { __gmpz_export(nullptr, nullptr, 1, 1, 1, 8, n); },
+        [&] { __gmpz_export(nullptr, nullptr, 1, 0, 1, 0, n); },
         [&] { mpn_divmod_1(q->_mp_d, n->_mp_d, 7, 0); },
         [&] { mpn_mod_1(n->_mp_d, 7, 0); },
     };
@@ -130,6 +142,24 @@ TEST(SizeInBase, TenAtMostOneTooLarge) {
         __gmpz_sub_ui(power, power, 1);
         EXPECT_LE(__gmpz_sizeinbase(power, 10) - digits, 1u);
     }
+}
+
+// A record of more than 2^32 bits, of which one is set, on pages that are never written.
+TEST(Bits, BeyondNumbersOfAWord) {
+    const size_t limbs = (size_t{1} << 27) + 1;
+    void* const pages = mmap(nullptr, limbs * 4, PROT_READ | PROT_WRITE,
+                             MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    ASSERT_NE(pages, MAP_FAILED);
+    auto* const d = static_cast<unsigned*>(pages);
+    d[limbs - 1] = 1; // x = -2^(2^32)
+    const vor_mpz x{static_cast<int>(limbs), -static_cast<int>(limbs), d};
+    for (const unsigned i : {0u, 1u, 31u, ~0u}) {
+        EXPECT_EQ(__gmpz_tstbit(&x, i), 0) << i;
+        EXPECT_EQ(__gmpz_divisible_2exp_p(&x, i), 1) << i;
+        EXPECT_EQ(__gmpz_scan0(&x, i), i) << i;
+    }
+    EXPECT_EQ(__gmpz_scan1(&x, 5), ~0u);
+    munmap(pages, limbs * 4);
 }
 
 // ---- Random numbers ----------------------------------------------------------------------------------

@@ -5,6 +5,8 @@
 #include "tests/gmp/operations.h"
 #include "vor_service.h"
 
+#include <csetjmp>
+
 namespace vor::test {
 namespace {
 
@@ -169,6 +171,50 @@ TEST(Blocks, ReplacedFunctions) {
     __gmp_set_memory_functions(allocate, reallocate, deallocate);
 }
 
+// ---- An allocator that leaves by a jump ------------------------------------------------------------
+
+jmp_buf refusal;
+
+void* refuse(unsigned) {
+    longjmp(refusal, 1);
+}
+
+bool refused(const std::function<void()>& call) {
+    __gmp_set_memory_functions(refuse, __gmp_default_reallocate, __gmp_default_free);
+    const bool jumped = setjmp(refusal) != 0;
+    if (!jumped) call();
+    __gmp_set_memory_functions(__gmp_default_allocate, __gmp_default_reallocate,
+                               __gmp_default_free);
+    return jumped;
+}
+
+// It finds the operands, which are results at once, as they were.
+TEST(Blocks, NothingIsWrittenBeforeTheRoomIsThere) {
+    const std::pair<const char*, std::function<void(vor_mpz*)>> calls[] = {
+        {"setbit of a negative", [](auto* x) { __gmpz_setbit(x, 1000); }},
+        {"clrbit of a negative", [](auto* x) { __gmpz_clrbit(x, 1000); }},
+        {"clrbit with a carry", [](auto* x) { __gmpz_clrbit(x, 0); }},
+        {"fdiv_q_2exp", [](auto* x) { __gmpz_fdiv_q_2exp(x, x, 3); }},
+        {"fdiv_r_2exp", [](auto* x) { __gmpz_fdiv_r_2exp(x, x, 1000); }},
+        {"fdiv_q", [](auto* x) { __gmpz_fdiv_q(x, x, Z(Int(7))); }},
+        {"fdiv_qr_ui",
+         [](auto* x) {
+             Z r;
+             __gmpz_fdiv_qr_ui(x, r, x, 7);
+         }},
+        {"addmul_ui", [](auto* x) { __gmpz_addmul_ui(x, x, ~0u); }},
+        {"com", [](auto* x) { __gmpz_com(x, x); }},
+    };
+    const Int value("-ones(256)"); // fills the room of 8 limbs
+    for (const auto& [name, call] : calls) {
+        SCOPED_TRACE(name);
+        Z x(value);
+        if (refused([&, &f = call] { f(x); })) {
+            EXPECT_EQ(x.value(), value);
+        }
+    }
+}
+
 // One line names the size, and the process aborts.
 using MemoryDeathTest = ::testing::Test;
 
@@ -206,6 +252,27 @@ TEST(MemoryDeathTest, AtEveryAllocation) {
         [](auto* x, auto* y) { __gmpz_pow_ui(x, y, 3); },
         [](auto* x, auto* y) { __gmpz_hamdist(x, y); },
         [](auto* x, auto*) { __gmpz_random2(x, 900); },
+        [](auto* x, auto* y) { __gmpz_gcdext(x, y, nullptr, x, y); },
+        [](auto* x, auto* y) { __gmpz_setbit(y, 0), __gmpz_powm_ui(x, x, 5, y); },
+        [](auto* x, auto* y) { __gmpz_set_ui(y, 96), __gmpz_powm_ui(x, x, 5, y); },
+        [](auto* x, auto*) { __gmpz_set_ui(x, 4294967291u), __gmpz_probab_prime_p(x, 1); },
+        [](auto* x, auto*) { __gmpz_root(x, x, 3); },
+        [](auto* x, auto* y) { __gmpz_sqrtrem(x, y, x); },
+        [](auto* x, auto*) { __gmpz_fac_ui(x, 2000); },
+        [](auto* x, auto*) { __gmpz_bin_uiui(x, 2000, 700); },
+        [](auto* x, auto*) { __gmpz_lucnum_ui(x, 3000); },
+        [](auto* x, auto*) { __gmp_default_free(__gmpz_get_str(nullptr, 10, x), 0); },
+        [](auto* x, auto*) { __gmpz_set_str(x, std::string(3000, '7').c_str(), 10); },
+        [](auto* x, auto*) {
+            __gmp_default_free(__gmpz_export(nullptr, nullptr, 1, 3, 1, 0, x), 0);
+        },
+        [](auto* x, auto*) {
+            FILE* const file =
+                fmemopen(const_cast<char*>("\0\0\0\3abc 12345678901234567890"), 28, "r");
+            __gmpz_inp_raw(x, file);
+            __gmpz_inp_str(x, file, 10);
+            fclose(file);
+        },
     };
     for (const auto& call : calls) {
         const auto allocated = [&](long failing) {

@@ -2,9 +2,9 @@
 #include "tests/gmp/boxes.h"
 
 #include <bit>
-#include <filesystem>
 #include <fstream>
 #include <memory>
+#include <optional>
 #include <sstream>
 #include <tuple>
 
@@ -66,14 +66,16 @@ using Value = const vor_mpz*;
 
 // A function on records: those it writes are results, those it only reads operands. The integers are
 // the values of the results, if it updates them, then those of the operands, then those of its words.
-template <class R, class... P>
+// With a value, what the function returns follows the results.
+template <bool with_value = false, class R, class... P>
 Operation records(R (*f)(P...), bool update = false) {
     return [=](const Ints& v) {
+        std::optional<Int> value;
         constexpr size_t kResults = (std::is_same_v<P, Record> + ...);
         constexpr size_t kOperands = (std::is_same_v<P, Value> + ...);
         const auto operands = v.begin() + (update ? kResults : 0), words = operands + kOperands;
         const Ints results = update ? Ints(v.begin(), operands) : Ints(kResults);
-        return in_every_pattern<Z>(
+        Ints got = in_every_pattern<Z>(
             results, Ints(operands, words), update, [&](const auto& r, const auto& a) {
                 auto next_result = r.begin();
                 auto next_operand = a.begin();
@@ -87,8 +89,17 @@ Operation records(R (*f)(P...), bool update = false) {
                         return as_word<T>(*next_word++);
                     }
                 };
-                std::apply(f, std::tuple<P...>{argument(static_cast<P*>(nullptr))...});
+                const std::tuple<P...> arguments{argument(static_cast<P*>(nullptr))...};
+                if constexpr (with_value) {
+                    const Int returned(std::apply(f, arguments));
+                    if (!value) value = returned;
+                    EXPECT_EQ(returned, *value);
+                } else {
+                    std::apply(f, arguments);
+                }
             });
+        if (value) got.push_back(*value);
+        return got;
     };
 }
 
@@ -113,6 +124,156 @@ Ints compare_double(const Ints& v) {
     Z x(v[0]);
     return {Int(__gmpz_cmp_d(x, std::bit_cast<double>(pattern))),
             Int(__gmpz_cmpabs_d(x, std::bit_cast<double>(pattern)))};
+}
+
+// ---- Number theory and conversions ---------------------------------------------------------------
+
+// Without an inverse r has no value.
+int inverse_or_zero(Record r, Value a, Value m) {
+    const int found = __gmpz_invert(r, a, m);
+    if (!found) __gmpz_set_ui(r, 0);
+    return found;
+}
+
+Ints gcdext(const Ints& v) {
+    const Ints result = records(__gmpz_gcdext)(v);
+    Z a(v[0]), b(v[1]), g, s;
+    __gmpz_gcdext(g, s, nullptr, a, b);
+    EXPECT_EQ(g.value(), result[0]);
+    EXPECT_EQ(s.value(), result[1]);
+    return result;
+}
+
+// The power, by a word too where the exponent is one.
+Ints powm(const Ints& v) {
+    const Ints result = records(__gmpz_powm)(v);
+    if (v[1].size() <= 1 && !v[1].negative) {
+        EXPECT_EQ(records(__gmpz_powm_ui)({v[0], v[2], v[1]}), result);
+    }
+    return result;
+}
+
+// The symbol, and what the other entries say where an operand is a word.
+Ints kronecker(const Ints& v) {
+    Z a(v[0]), b(v[1]);
+    const int symbol = __gmpz_jacobi(a, b);
+    const auto is_word = [](const Int& x) { return x.size() <= 1 && !x.negative; };
+    const auto is_signed = [](const Int& x) { return x.size() <= 1 && !(word(x) >> 31); };
+    EXPECT_TRUE(!is_word(v[1]) || __gmpz_kronecker_ui(a, word(v[1])) == symbol);
+    EXPECT_TRUE(!is_signed(v[1]) || __gmpz_kronecker_si(a, as_word<int>(v[1])) == symbol);
+    EXPECT_TRUE(!is_word(v[0]) || __gmpz_ui_kronecker(word(v[0]), b) == symbol);
+    EXPECT_TRUE(!is_signed(v[0]) || __gmpz_si_kronecker(as_word<int>(v[0]), b) == symbol);
+    if (is_word(v[0]) && is_word(v[1]) && word(v[1]) % 2) {
+        EXPECT_EQ(mpn_jacobi_base(word(v[0]), word(v[1])), word(v[0]) ? symbol : 0);
+    }
+    return {Int(symbol)};
+}
+
+// A binomial coefficient, a term and both: where there are two functions.
+template <class F, class G>
+Operation first_of(F two, G one) {
+    return [=](const Ints& v) {
+        const Ints result = records(two)(v);
+        EXPECT_EQ(records(one)(v), Ints{result[0]});
+        return result;
+    };
+}
+
+Ints binomial(const Ints& v) {
+    const Ints result = records(__gmpz_bin_ui)(v);
+    const bool is_word = v[0].size() <= 1 && !v[0].negative;
+    EXPECT_TRUE(!is_word || records(__gmpz_bin_uiui)(v) == result);
+    return result;
+}
+
+Ints root(const Ints& v) {
+    const Ints result = records<true>(__gmpz_root)(v);
+    EXPECT_TRUE(word(v[1]) != 2 || records(__gmpz_sqrt)({v[0]}) == Ints{result[0]});
+    return result;
+}
+
+Ints probab_prime(const Ints& v) {
+    Z n(v[0]);
+    const int answer = __gmpz_probab_prime_p(n, as_word<int>(v[1]));
+    return {Int(answer)};
+}
+
+// Bytes, the first one the most significant.
+Int of_bytes(const void* bytes, size_t n) {
+    const auto* const p = static_cast<const unsigned char*>(bytes);
+    std::vector<uint32_t> words(n / 4 + 1);
+    for (size_t i = 0; i < n; ++i) words[i / 4] |= uint32_t{p[n - 1 - i]} << i % 4 * 8;
+    return Int(words.data(), words.size());
+}
+
+// The characters of the text, by all that write it and read it back.
+Ints text(const Ints& v) {
+    Z x(v[0]), read;
+    const int base = as_word<int>(v[1]);
+    const size_t room = std::max(__gmpz_sizeinbase(x, base), 1u) + 2;
+    Guarded<char> buffer(room);
+    EXPECT_EQ(__gmpz_get_str(buffer.data(), base, x), buffer.data());
+    const std::string digits(buffer.data());
+    char* const block = __gmpz_get_str(nullptr, -base, x);
+    EXPECT_EQ(block, digits);
+    __gmp_default_free(block, 0);
+    Guarded<char> exact(digits.size() + 1);
+    __gmpz_get_str(exact.data(), base, x);
+    EXPECT_TRUE(buffer.intact() && exact.intact());
+    if (base == 16) {
+        EXPECT_EQ(vor_gmp_get_hexstr(exact.data(), x), digits);
+        EXPECT_TRUE(exact.intact());
+    }
+    EXPECT_EQ(__gmpz_set_str(read, digits.c_str(), base), 0);
+    EXPECT_EQ(read.value(), v[0]);
+    return {of_bytes(digits.data(), digits.size())};
+}
+
+Int of_double(double d) {
+    const auto pattern = std::bit_cast<uint64_t>(d);
+    const uint32_t words[] = {static_cast<uint32_t>(pattern), static_cast<uint32_t>(pattern >> 32)};
+    return Int(words, 2);
+}
+
+Ints get_d(const Ints& v) {
+    Z x(v[0]);
+    int exponent;
+    const double fraction = __gmpz_get_d_2exp(&exponent, x);
+    return {of_double(__gmpz_get_d(x)), of_double(fraction), Int(exponent)};
+}
+
+Ints set_d(const Ints& v) {
+    Z r(Int("-ones(300)"));
+    const Row pattern(v[0], 2);
+    __gmpz_set_d(r, std::bit_cast<double>(uint64_t{pattern[1]} << 32 | pattern[0]));
+    return {r.value()};
+}
+
+// The words as bytes behind a byte 1, and what they are read as.
+Ints words(const Ints& v) {
+    const int order = as_word<int>(v[1]), endian = as_word<int>(v[3]);
+    const unsigned size = word(v[2]), nails = word(v[4]);
+    const unsigned bits = 8 * size - nails;
+    const unsigned most = (32 * static_cast<unsigned>(v[0].size()) + bits - 1) / bits;
+    Z x(v[0]), read;
+    Guarded<unsigned char> bytes(1 + size_t{most} * size);
+    bytes[0] = 1;
+    unsigned count = 77;
+    EXPECT_EQ(__gmpz_export(bytes.data() + 1, &count, order, size, endian, nails, x),
+              bytes.data() + 1);
+    EXPECT_TRUE(bytes.intact());
+    if (void* const block = __gmpz_export(nullptr, nullptr, order, size, endian, nails, x)) {
+        EXPECT_EQ(std::memcmp(block, bytes.data() + 1, size_t{count} * size), 0);
+        __gmp_default_free(block, 0);
+    }
+    const Int image = of_bytes(bytes.data(), 1 + size_t{count} * size);
+    if (nails > 0) // the nails are not read
+        for (unsigned i = 0; i < count; ++i)
+            bytes[1 + i * size + (endian == -1 ? size - 1 : 0)] |=
+                static_cast<unsigned char>(0xff << (nails < 8 ? 8 - nails : 0));
+    __gmpz_import(read, count, order, size, endian, nails, bytes.data() + 1);
+    EXPECT_EQ(read.value(), Int(v[0].words.data(), v[0].words.size()));
+    return {Int(count), image};
 }
 
 // ---- Limb arrays -------------------------------------------------------------------------------
@@ -430,6 +591,36 @@ std::map<std::string, Operation> all_operations() {
         {"div_magnitudes",
          [](const Ints& v) { return parts(vor_gmp_div_qr, vor_gmp_div_q, vor_gmp_div_r, v); }},
         {"mod", modulo},
+        {"gcd", records(__gmpz_gcd)},
+        {"gcd_ui", records<true>(__gmpz_gcd_ui)},
+        {"lcm", records(__gmpz_lcm)},
+        {"lcm_ui", records(__gmpz_lcm_ui)},
+        {"gcdext", gcdext},
+        {"invert", records<true>(inverse_or_zero)},
+        {"powm", powm},
+        {"powm_mary", records(mpz_powm_mary)},
+        {"powm_exp2", records(mpl_powm_exp2)},
+        {"modinv_exp2", records(mpl_modinv_exp2)},
+        {"pow_2exp", records(_impPow2Exp)},
+        {"powm_2exp",
+         [](const Ints& v) {
+             return records(_impPowm2Exp)({v[0], v[2], v[1]});
+         }},
+        {"kronecker", kronecker},
+        {"probab_prime", probab_prime},
+        {"nextprime", records(__gmpz_nextprime)},
+        {"root", root},
+        {"sqrtrem", records(__gmpz_sqrtrem)},
+        {"perfect", queries(__gmpz_perfect_power_p, __gmpz_perfect_square_p)},
+        {"fac_ui", records(__gmpz_fac_ui)},
+        {"bin_ui", binomial},
+        {"fib2_ui", first_of(__gmpz_fib2_ui, __gmpz_fib_ui)},
+        {"lucnum2_ui", first_of(__gmpz_lucnum2_ui, __gmpz_lucnum_ui)},
+        {"remove", records<true>(__gmpz_remove)},
+        {"text", text},
+        {"get_d", get_d},
+        {"set_d", set_d},
+        {"words", words},
         {"mod_2exp", modulo_2exp},
         {"bn_add", on_objects<tavsAdd_BN>},
         {"bn_sub", on_objects<tavsSub_BN>},
@@ -460,7 +651,7 @@ const std::map<std::string, Operation>& operations() {
 }
 
 void for_each_case(const std::function<void(const std::string&)>& f) {
-    std::ifstream file(std::filesystem::path(__FILE__).parent_path() / "cases.txt");
+    std::ifstream file(VOR_GMP_CASES);
     for (std::string line; !::testing::Test::HasFailure() && std::getline(file, line);) f(line);
 }
 

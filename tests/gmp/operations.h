@@ -14,7 +14,7 @@ using Operation = std::function<Ints(const Ints&)>;
 
 const std::map<std::string, Operation>& operations();
 
-// Calls f with every line of cases.txt.
+// Calls f with every line of the table that oracle.py writes when the tests are built.
 void for_each_case(const std::function<void(const std::string&)>& f);
 
 // Runs a line of oracle.py, "operation operand... = result...", and expects its results; the operation.

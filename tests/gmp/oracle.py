@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Exact answers for the tests of the integers, from Python's own.
 
-    oracle.py --table          writes cases.txt: one case a line, "operation operand... = result..."
+    oracle.py --table FILE     writes the chosen cases: one a line, "operation operand... = result..."
     oracle.py --random SEED    writes random cases in the same form, without an end
 
 An operand is a hexadecimal number, ones(n) = 2^n - 1, bit(k) = 2^k, rep(w,n), n words w, or
@@ -15,6 +15,9 @@ import random
 import signal
 import struct
 import sys
+
+if hasattr(sys, "set_int_max_str_digits"):
+    sys.set_int_max_str_digits(0)
 
 PRIMES = (4294967291, 4294967279, 4294967231)
 MASK = (1 << 64) - 1
@@ -109,6 +112,171 @@ def first_one(a, i):
     return i + (rest & -rest).bit_length() - 1 if rest else WORD
 
 
+def power_modulo(a, e, m):
+    """0^0 = 1, but modulo 1."""
+    return [pow(a, e, abs(m))]
+
+
+def gcdext(a, b):
+    """s is the sign of a where |a| is the divisor, else the least cofactor that is not negative."""
+    g = math.gcd(a, b)
+    if g == abs(a):
+        return [g, sign(a), 0]
+    s = pow(a // g, -1, abs(b // g)) if abs(b) > g else 0
+    return [g, s, (g - s * a) // b]
+
+
+def invert(a, m):
+    m = abs(m)
+    return [pow(a, -1, m), 1] if m > 1 and math.gcd(a, m) == 1 else [0, 0]
+
+
+def kronecker(a, b):
+    """By the definition: multiplicative in b, with symbols for -1 and 2; reciprocity for the rest."""
+    if b == 0:
+        return int(abs(a) == 1)
+    s = -1 if a < 0 and b < 0 else 1
+    b = abs(b)
+    if a % 2 == 0 and b % 2 == 0:
+        return 0
+    while b % 2 == 0:
+        b //= 2
+        s = -s if a % 8 in (3, 5) else s
+    a %= b
+    while a:
+        while a % 2 == 0:
+            a //= 2
+            s = -s if b % 8 in (3, 5) else s
+        s = -s if a % 4 == 3 and b % 4 == 3 else s
+        a, b = b % a, a
+    return s if b == 1 else 0
+
+
+def floor_root(n, k):
+    if n.bit_length() <= k:
+        return min(n, 1)
+    r = 1 << -(-n.bit_length() // k)
+    while True:
+        t = ((k - 1) * r + n // r ** (k - 1)) // k
+        if t >= r:
+            return r
+        r = t
+
+
+def root(n, k):
+    if n < 0:
+        if k % 2 == 0:
+            return [0, 0]
+        r = floor_root(-n, k)
+        return [-r, 1] if r ** k == -n else [-r - 1, 0]
+    r = floor_root(n, k)
+    return [r, int(r ** k == n)]
+
+
+def perfect_power(n):
+    return int(abs(n) < 2 and n >= -1 or
+               any(root(n, k)[1] for k in range(2, abs(n).bit_length())
+                   if all(k % j for j in range(2, math.isqrt(k) + 1))))
+
+
+def is_prime(n):
+    """Miller and Rabin with the bases that decide below 3.3e24 (Sorenson and Webster), and more."""
+    if n < 2:
+        return False
+    bases = [p for p in range(2, 60) if all(p % q for q in range(2, p))]
+    if any(n % p == 0 for p in bases):
+        return n in bases
+    k = (n - 1 & 1 - n).bit_length() - 1
+    for y in bases:
+        x = pow(y, n - 1 >> k, n)
+        if x != 1 and all(pow(x, 1 << i, n) != n - 1 for i in range(k)):
+            return False
+    return True
+
+
+def primality(n, reps):
+    """2 where division by the primes up to 997 decides, and where nothing else is asked."""
+    n = abs(n)
+    if n < 997 ** 2 or n % 2 == 0:
+        return 2 * is_prime(n)
+    if any(n % p == 0 for p in range(3, 1000, 2)):
+        return 0
+    return 2 if reps < 1 else int(is_prime(n))
+
+
+def next_prime(n):
+    n = max(n, 1) + 1
+    while not is_prime(n):
+        n += 1
+    return n
+
+
+def binomial(n, k):
+    return math.comb(n, k) if n >= 0 else (-1) ** k * math.comb(k - n - 1, k)
+
+
+def fibonacci(n):
+    """F(n), F(n - 1)."""
+    a, b = 0, 1
+    for bit in bin(n)[2:]:
+        a, b = a * (2 * b - a), a * a + b * b
+        if bit == "1":
+            a, b = b, a + b
+    return [a, b - a]
+
+
+def lucas(n):
+    f, before = fibonacci(n)
+    return [f + 2 * before, 2 * f - before]
+
+
+def remove(n, f):
+    count = 0
+    while n and abs(f) > 1 and n % f == 0:
+        n, count = n // f, count + 1
+    return [n, count]
+
+
+def characters(text):
+    """A text as one number."""
+    return int.from_bytes(text.encode(), "big")
+
+
+def in_base(x, base):
+    if base == 10:
+        return str(x)
+    digits = []
+    rest = abs(x)
+    while rest or not digits:
+        rest, digit = divmod(rest, base)
+        digits.append("0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ"[digit])
+    return ("-" if x < 0 else "") + "".join(reversed(digits))
+
+
+def truncated(x):
+    """The double next to x toward zero, infinity if it is too large; the fraction and the exponent."""
+    bits = abs(x).bit_length()
+    lost = max(bits - 53, 0)
+    whole = abs(x) >> lost
+    d = math.inf if bits > 1024 else math.ldexp(whole, lost)
+    fraction = math.ldexp(whole, lost - bits)
+    return [int(pattern(math.copysign(y, sign(x))) if x else "0", 16) for y in (d, fraction)] + [bits]
+
+
+def rounded(p):
+    return round(struct.unpack("d", struct.pack("Q", p))[0])
+
+
+def words(a, order, size, endian, nails):
+    bits = 8 * size - nails
+    count = -(-abs(a).bit_length() // bits)
+    values = [abs(a) >> bits * i & (1 << bits) - 1 for i in range(count)]
+    if order == 1:
+        values.reverse()
+    image = b"".join(v.to_bytes(size, "little" if endian == -1 else "big") for v in values)
+    return [count, int.from_bytes(b"\1" + image, "big")]
+
+
 OPERATIONS = {name: f for names, f in {
     "add add_ui bn_add": lambda a, b: [a + b],
     "sub sub_ui bn_sub": lambda a, b: [a - b],
@@ -153,7 +321,31 @@ OPERATIONS = {name: f for names, f in {
     "divide_3_by_2": lambda n, d: [n // d],
     "mod bn_mod": lambda n, d: [n % abs(d)],
     "mod_2exp": lambda n, k: list(divmod(abs(n), 1 << k)),
-    "bn_gcd": lambda a, b: [math.gcd(a, b)],
+    "bn_gcd gcd": lambda a, b: [math.gcd(a, b)],
+    "gcd_ui": lambda a, v: [math.gcd(a, v), math.gcd(a, v) if math.gcd(a, v) <= WORD else 0],
+    "lcm lcm_ui": lambda a, b: [math.lcm(a, b)],
+    "gcdext": gcdext,
+    "invert": invert,
+    "powm powm_mary": power_modulo,
+    "powm_exp2": lambda a, e, k: [pow(a, e, 1 << k)],
+    "modinv_exp2": lambda q, k: [pow(q, -1, 1 << max(k, 1))],
+    "pow_2exp": lambda a, k: [a ** (1 << k)],
+    "powm_2exp": lambda a, k, m: [pow(a, 1 << k, abs(m))],
+    "kronecker": lambda a, b: [kronecker(a, b)],
+    "probab_prime": lambda n, reps: [primality(n, reps)],
+    "nextprime": lambda n: [next_prime(n)],
+    "root": root,
+    "sqrtrem": lambda n: [math.isqrt(n), n - math.isqrt(n) ** 2],
+    "perfect": lambda n: [perfect_power(n), int(n >= 0 and math.isqrt(n) ** 2 == n)],
+    "fac_ui": lambda n: [math.factorial(n)],
+    "bin_ui": lambda n, k: [binomial(n, k)],
+    "fib2_ui": fibonacci,
+    "lucnum2_ui": lucas,
+    "remove": remove,
+    "text": lambda a, base: [characters(in_base(a, base))],
+    "get_d": truncated,
+    "set_d": lambda p: [rounded(p)],
+    "words": words,
     "bn_modinv": lambda a, m: [pow(a, -1, m) if math.gcd(a, m) == 1 else 0],
     "mont_form": montgomery(lambda n, R, a: a * R % n),
     "mont_mul": montgomery(lambda n, R, a, b: a * b * pow(R, -1, n) % n),
@@ -258,10 +450,13 @@ def product_cases():
     # Both sides of the schoolbook limits, odd and even halves on each level of recursion, the sizes
     # at which scratch leaves the stack.
     equal = [1, 2, 3, 4, 8, 15, 16, 17, 18, 19, 31, 32, 33, 34, 35, 63, 64, 65, 66, 67, 127, 128, 129,
-             130, 131, 255, 256, 257, 258, 300]
+             130, 131, 255, 256, 257, 258, 299, 300, 301, 302, 303, 401, 640, 899]
     unequal = [(17, 15), (17, 16), (16, 15), (18, 17), (40, 20), (41, 20), (61, 20), (60, 20),
                (81, 20), (100, 1), (100, 2), (39, 20), (21, 20), (256, 255), (256, 256), (257, 256),
                (300, 17), (200, 99)]
+    for n in [*range(1, 41), 47, 48, 49, 64, 65, 128, 129, 299, 300, 303, 601]:
+        for x in shapes(n) + [fresh(32 * n)]:
+            yield "mul", x, x
     for n in range(1, 41):
         for w in ("0", "1", "80000000", "ffffffff"):
             yield "limb_rows", fresh(32 * n), fresh(32 * n), w
@@ -293,7 +488,7 @@ def long_operands(n, i):
 def long_cases():
     # Both sides of the limit of transforms, lengths other than powers of two, and lengths at which
     # digits of 16 bits are no longer proved for every operand.
-    for n in (4095, 4096, 4097, 5000, 8192, 9001, 16384, 20011, 40000):
+    for n in (1040, 1099, 1100, 1300, 2047, 2500, 4095, 4096, 4097, 5000, 8192, 9001, 16384, 20011, 40000):
         for i in range(5):
             yield "mul", long_operands(n, i), long_operands(n, (i + n) % 5)
     yield "mul", long_operands(9001, 0), long_operands(9001, 0)
@@ -304,6 +499,16 @@ def long_cases():
             yield "dft_product", a, b
             if n == m < 5000:
                 yield "limb_product", a, b
+    for n, m in ((1100, 400), (1200, 300), (1201, 299), (6000, 4096), (20000, 3000), (9000, 310)):
+        for i in range(5):
+            yield "mul", long_operands(n, i), long_operands(m, (i + 2) % 5)
+    # Divisors long enough for an inverse, quotients shorter, as long, longer than the divisor.
+    for n, m in ((5999, 3000), (6000, 3000), (6001, 3000), (8191, 4095), (12100, 4000), (20000, 5000)):
+        for i in range(5):
+            yield "tdiv", long_operands(n, i), long_operands(m, (i + 3) % 5)
+        yield "tdiv", "ones(%d)" % (32 * n), "bit(%d)" % (32 * m - 1)
+        yield "tdiv", "bit(%d)*ones(%d)-1" % (32 * (n - m), 32 * m), "ones(%d)" % (32 * m)
+        yield "tdiv", long_operands(n, 4), "bit(%d)+1" % (32 * m - 1)
     for n, m in ((1000, 500), (2000, 1000), (1100, 600), (8192, 4096), (9000, 300), (12000, 4999),
                  (5000, 4995)):
         for i in range(5):
@@ -325,6 +530,26 @@ def short_quotient_cases():
             d = "bit(%d)+ones(%d)" % (32 * dn - 1, 32 * (dn - qn))
             if qn:
                 yield "div_magnitudes", "%x" % ((parse("ones(%d)" % (32 * qn)) - 5) * parse(d) - 1), d
+
+
+def add_back_cases():
+    """A quotient digit that three limbs by two find one too large: for q d - 1 with d = (2^31, 0, ones),
+    whose third limb from the top the estimate does not see."""
+    for dn in (3, 4, 9, 31, 32, 33, 47, 48, 60):
+        d = "bit(%d)+ones(%d)" % (32 * dn - 1, 32 * (dn - 2))
+        for q in ("1", "12345678", "80000000", "ffffffff", "ones(64)", "ffffffff00000001"):
+            n = "%x" % (parse(q) * parse(d) - 1)
+            yield "div_magnitudes", n, d
+            yield "bn_div", n, d
+
+
+def multiply_add_cases():
+    """Sums that run off the room of the result, differences that change its sign or need one word more."""
+    factors = ("1", "80000000", "ones(32)", "ones(64)")
+    for a, b in itertools.product(factors, factors):
+        for c in ("0", "1", "ones(32)", "bit(63)", "ones(64)", "bit(95)", "ones(96)"):
+            for x, y in ((a, c), (a, "-" + c), ("-" + a, c)):
+                yield "bn_mac", x, b, y
 
 
 DIVISIONS = ("tdiv", "fdiv", "cdiv", "div_magnitudes", "mod")
@@ -364,6 +589,187 @@ def division_cases():
                 turn += 1
                 x, y = signed(n, d)[turn % 4]
                 yield DIVISIONS[turn % 5], x, y
+
+
+# Strong pseudoprimes to the first bases (Jaeschke, Mathematics of Computation 61, 1993), numbers of
+# Carmichael, of which the last is (6k + 1)(12k + 1)(18k + 1) (Chernick), squares of primes.
+COMPOSITE = (2047, 1373653, 25326001, 3215031751, 2152302898747, 3474749660383, 341550071728321,
+             3825123056546413051, 561, 1105, 1729, 2465, 2821, 6601, 8911, 172081, 9494101,
+             (6 * 5 + 1) * (12 * 5 + 1) * (18 * 5 + 1), 991 ** 2, 997 ** 2, 1009 ** 2, 1009 * 1013,
+             (2 ** 61 - 1) * (2 ** 89 - 1), 2 ** 67 - 1, 2 ** 64 + 1, 193707721 * 761838257287)
+PRIMES_KNOWN = (2, 3, 5, 7, 11, 997, 1009, 65537, 4294967291, 4294967311, 2 ** 61 - 1, 2 ** 89 - 1,
+                2 ** 107 - 1, 2 ** 127 - 1, 2 ** 521 - 1, 2 ** 255 - 19, 2 ** 448 - 2 ** 224 - 1,
+                10 ** 18 + 9, 2 ** 64 - 59, 2 ** 1279 - 1)
+
+
+def theory_cases():
+    for n in (0, 1, 2, 4, 9, *range(985, 1030, 2), 994003, 994009, 994011, 996001, 1018081, *COMPOSITE,
+              *PRIMES_KNOWN):
+        # A liar passes for prime in one of four rounds.
+        for reps in (0, 25) if n in COMPOSITE else (0, 1, 25):
+            yield "probab_prime", "%x" % n, "%x" % reps
+        if n < 1 << 130:
+            yield "nextprime", "%x" % n
+        yield "nextprime", "-%x" % n
+    for n in ("bit(31)", "ffffffff", "fffffffa", "fffffffb", "ones(64)", "bit(64)", "bit(200)", "ones(512)"):
+        yield "nextprime", n
+    for p in (*PRIMES_KNOWN[1:12], 9, 15, 21, 35, 4294967295, 3 ** 40, 45):
+        for a in (0, 1, 2, 3, 5, 7, 12, -1, -2, -3, -5, p - 1, 2 * p, p + 2, p * p - 3):
+            for b in (p, -p, 2 * p, 8 * p, -4 * p):
+                yield "kronecker", "%x" % a, "%x" % b
+    for a in (0, 1, -1, 2, -2, 3, 6, 1 << 40):
+        for b in (0, 1, -1, 2, -2, 4, 1 << 33):
+            yield "kronecker", "%x" % a, "%x" % b
+    # Moduli on both sides of 30 limbs and of the longer methods; exponents on both sides of the odd part.
+    for words in (1, 2, 3, 16, 29, 30, 31, 32, 64, 99, 100, 101):
+        q = parse(fresh(32 * words)) | 1
+        e = "%x" % min(parse(fresh(32 * words)), parse(fresh(100)))
+        for m in (q, q << 5, q - 1 + (q & 2), (1 << 32 * words) - 1, (1 << 32 * words - 1) + 1, -q):
+            for a in (fresh(32 * words - 3), "-" + fresh(32 * words - 2), "%x" % abs(m), "%x" % (abs(m) - 1),
+                      "%x" % (3 * q), "0", "1"):
+                yield ("powm", "powm_mary")[words % 2], a, e, "%x" % m
+        yield "powm", fresh(40), "%x" % (q - 1), "%x" % q
+        yield "powm", fresh(40), "%x" % q, "%x" % q
+        yield "powm", fresh(40), "%x" % (q + 1), "%x" % q
+        yield "powm_mary", fresh(32 * words), "ones(300)", "%x" % q
+        for a in (q + 2, -q - 2):
+            if math.gcd(a, q) == 1:
+                yield "powm", "%x" % a, "-1", "%x" % q
+                yield "powm", "%x" % a, "-" + e, "%x" % q
+    for m in (1, -1, 2, 3, 6, 8, 96, 1 << 40, 3 << 40, 7):
+        for a in (0, 1, 2, 3, -2, 5, 96):
+            for e in (0, 1, 2, 3, 8, 33):
+                yield "powm", "%x" % a, "%x" % e, "%x" % m
+    for bits in (8, 9, 36, 37, 140, 141, 450, 451, 1303, 1304, 3600):
+        yield "powm_mary", "3", "ones(%d)" % bits, "bit(64)+d"
+        yield "powm_mary", "7", fresh(bits), "bit(64)+d"
+    for k in (0, 1, 2, 3, 4, 7, 8, 31, 32, 33, 64, 100, 1000):
+        for q in ("1", "3", "ffffffff", fresh(k + 40), "-7"):
+            odd = parse(q) | 1
+            yield "modinv_exp2", "%x" % odd, "%x" % k
+            yield "powm_exp2", "%x" % abs(odd), "%x" % abs(parse(fresh(40))), "%x" % k
+            yield "powm_exp2", "%x" % (abs(odd) + 1), "5", "%x" % k
+    for k in range(6):
+        yield "pow_2exp", "-3", "%x" % k
+        yield "powm_2exp", "-" + fresh(100), "%x" % k, "-" + fresh(70)
+    yield "powm_2exp", fresh(100), "%x" % 300, "ones(521)"
+
+    # Neighbours of Fibonacci: every quotient is 1; multiples, powers of two, long quotients, zeros.
+    f, g = 1, 1
+    for i in range(3000):
+        f, g = g, f + g
+        if i in (30, 45, 46, 47, 90, 92, 93, 94, 300, 2999):
+            for x, y in ((f, g), (g * 0xfffffffb, f * 0xfffffffb), (g << 70, f << 40)):
+                yield "gcd", "%x" % x, "-%x" % y
+                yield "gcdext", "%x" % x, "%x" % y
+                yield "gcdext", "-%x" % y, "%x" % x
+            yield "invert", "%x" % f, "%x" % g
+            yield "invert", "-%x" % f, "%x" % g
+    for x, y in (("0", "0"), ("0", "6"), ("6", "0"), ("c", "12"), ("ones(64)", "ones(32)"), ("bit(64)", "bit(33)"),
+                 ("1", "1"), ("1", "7"), ("7", "1"), ("2", "4"), ("3", "7"), ("bit(100)", "1"), ("ones(96)", "3")):
+        for a, b in signed(x, y):
+            for op in ("gcd", "gcdext", "lcm"):
+                yield op, a, b
+                yield op, b, a
+            if y != "0":
+                yield "invert", a, b
+    for n, m in ((1, 1), (2, 1), (2, 2), (3, 2), (3, 3), (8, 8), (9, 5), (20, 20), (33, 30), (70, 70), (100, 40),
+                 (100, 99), (150, 150), (400, 400)):
+        for divisor in ("1", fresh(50), fresh(32 * m // 2 + 1)):
+            a, b = fresh(32 * n) + "*" + divisor, fresh(32 * m) + "*" + divisor
+            for x, y in signed(a, b)[n % 4::3]:
+                yield "gcd", x, y
+                yield "gcdext", x, y
+                yield "gcdext", y, x
+                yield "invert", x, y
+                yield "kronecker", x, y
+                yield "lcm", x, y
+    for v in ("0", "1", "2", "6", "ffffffff"):
+        for a in ("0", "c", "-ones(32)", "bit(64)", fresh(333), "6*" + fresh(200)):
+            yield "gcd_ui", a, v
+            yield "lcm_ui", a, v
+
+    # Roots: powers and their neighbours, of both signs; sizes at which the lowest bits are searched.
+    for k in (1, 2, 3, 4, 5, 7, 8, 31, 33, 64, 100, 1000):
+        for r in (1, 2, 3, 15, 16, 17, 0xffff, 0x10000, 0xffffffff, parse(fresh(67)), parse(fresh(300))):
+            if r.bit_length() * k > 40000:
+                continue
+            for n in (r ** k - 1, r ** k, r ** k + 1):
+                yield "root", "%x" % n, "%x" % k
+                if n and k < 100:
+                    yield "root", "-%x" % n, "%x" % k
+                if k < 6 and n.bit_length() < 400:
+                    yield "perfect", "%x" % n
+                    yield "perfect", "%x" % -n
+    for n in (0, 1, 2, 3, 4, 10, 12, 63, 64, 1 << 62, (1 << 64) - 1, 1 << 63):
+        yield "sqrtrem", "%x" % n
+        yield "perfect", "%x" % n
+        yield "perfect", "%x" % -n
+        for k in (1, 2, 3, 5, 200, WORD):
+            yield "root", "%x" % n, "%x" % k
+    for bits in (*range(60, 70), *range(126, 132), 191, 192, 193, 255, 256, 300, 1000, 2047, 2048, 5000, 9999, 32000):
+        for n in ("ones(%d)" % bits, "bit(%d)" % bits, fresh(bits)):
+            yield "sqrtrem", n
+        r = "%x" % parse(fresh(bits // 2))
+        for n in (r + "*" + r, r + "*" + r + "-1", r + "*" + r + "+1"):
+            yield "sqrtrem", n
+            yield "root", n, "2"
+            if n == r + "*" + r or bits < 400:
+                yield "perfect", n
+    for bits in (1000, 5000, 20000):
+        for k in (3, 5, 17, 300):
+            yield "root", fresh(bits), "%x" % k
+    for n in (*range(40), 66, 67, 100, 257, 1000, 3001):
+        yield "fac_ui", "%x" % n
+    for n in (*range(60), 92, 93, 94, 186, 187, 1000, 4096, 65535, 100001):
+        yield "fib2_ui", "%x" % n
+        yield "lucnum2_ui", "%x" % n
+    for n in (0, 1, 2, 3, 5, 10, 40, 67, 300, 1000, WORD, 1 << 33, 1 << 100):
+        for k in (0, 1, 2, 3, 5, 33, 66, 150, n - 1, n, n + 1):
+            if 0 <= k <= WORD:
+                if min(k, abs(n - k)) < 400:
+                    yield "bin_ui", "%x" % n, "%x" % k
+                if k < 400:
+                    yield "bin_ui", "-%x" % n, "%x" % k
+    for n, f in ((24, 2), (-24, 2), (24, -2), (-24, -2), (24, 5), (0, 3), (5, 1), (5, -1), (3 ** 77, 3), (3 ** 77, 9),
+                 (3 ** 77, -3), (1 << 99, 2), (1 << 99, 8), (6 ** 50, 6), (6 ** 50, 12), (7, 7), (49, 7), (48, 49),
+                 (parse("ones(100)") ** 37 * 5, parse("ones(100)")), (10 ** 300, 10), (10 ** 255, 10)):
+        yield "remove", "%x" % n, "%x" % f
+
+
+def conversion_cases():
+    for base in range(2, 37):
+        for k in (1, 5, 6, 7, 13, 14, 40):
+            for n in (base ** k - 1, base ** k, base ** k + 1):
+                yield "text", "%x" % (n if k % 2 else -n), "%x" % base
+        yield "text", fresh(700), "%x" % base
+        yield "text", "0", "%x" % base
+        yield "text", "-" + fresh(3000), "%x" % base
+    # Both sides of the lengths that are cut into halves; zeros in the lower half.
+    for base in (3, 10, 36):
+        for digits in (261, 270, 271, 279, 280, 540, 541, 549, 1080, 1090, 2161, 5000, 20000):
+            for n in (base ** digits - 1, base ** digits, base ** digits + base ** (digits // 2)):
+                if digits < 3000 or base == 10:
+                    yield "text", "%x" % n, "%x" % base
+    yield "text", fresh(100000), "a"
+    for n in (0, 1, 3, 2 ** 53 - 1, 2 ** 53, 2 ** 53 + 1, 2 ** 54 - 1, 2 ** 64 - 1, 2 ** 96 - 1, 2 ** 1023, 2 ** 1024 - 1,
+              2 ** 1024, 2 ** 1030, 2 ** 2000, 255, 1 << 31, 1 << 32, (1 << 85) - (1 << 30), (1 << 84) + (1 << 31)):
+        yield "get_d", "%x" % n
+        yield "get_d", "%x" % -n
+    for bits in range(50, 140, 3):
+        yield "get_d", fresh(bits)
+    for d in (0.0, -0.0, 5e-324, 2.3e-308, 0.25, 0.49999999999999994, 0.5, -0.5, 0.5000000000000001, 0.75, -0.75, 1.0,
+              1.5, 2.5, -2.5, 3.5, 2.75, 0.9999999999999999, 4294967295.0, 4294967295.5, 4294967294.5,
+              2.0 ** 51 + 0.5, 2.0 ** 52 - 0.5, 2.0 ** 52 + 1, 2.0 ** 53, 2.0 ** 63, 2.0 ** 84, 1.5 * 2 ** 95, 1e300,
+              sys.float_info.max, -sys.float_info.max, -1e22):
+        yield "set_d", pattern(d)
+    for a in ("0", "1", "-1", "ab", "-ones(32)", "bit(32)", fresh(100), "ones(255)", "bit(255)", fresh(1000)):
+        for size, nails in ((1, 0), (1, 4), (1, 7), (2, 0), (2, 3), (2, 9), (3, 5), (4, 0), (4, 1), (4, 31), (8, 0),
+                            (8, 17), (16, 100), (5, 8), (40, 0), (40, 319)):
+            for order in ("1", "-1"):
+                for endian in ("1", "0", "-1"):
+                    if parse(a).bit_length() // (8 * size - nails) < 300:
+                        yield "words", a, order, "%x" % size, endian, "%x" % nails
 
 
 # ---- Random cases ----------------------------------------------------------------------------------
@@ -416,7 +822,17 @@ KINDS = {
     "k": lambda x, n: x.small(12) if x.below(12) else "0",
     "e": lambda x, n: x.small(5) if x.below(12) else "0",
     "d": lambda x, n: "%x" % (x.below(1 << 12) << 52 | x.below(1 << 52)),
+    "f": lambda x, n: "%x" % (x.below(2) << 63 | (1000 + x.below(1047)) << 52 | x.below(1 << 52)),
     "b": lambda x, n: ("2", "4", "8", "10", "20")[x.below(5)],
+    "B": lambda x, n: "%x" % (2 + x.below(35)),
+    "r": lambda x, n: "%x" % (1 + x.below(9)),
+    "n": lambda x, n: "%x" % x.below(1 << x.below(12)),
+    "i": lambda x, n: "%x" % x.below(300),
+    "I": lambda x, n: "%x" % (30 * x.below(2)),
+    "j": lambda x, n: "%x" % x.below(6),
+    "o": lambda x, n: x.sign() + x.positive(40),
+    "q": lambda x, n: "2*" + x.positive(20) + "+1",
+    "x": lambda x, n: x.positive(4),
 }
 OPERANDS = {kinds: names.split() for kinds, names in {
     "z": "set neg abs com fits low_word popcount",
@@ -426,27 +842,37 @@ OPERANDS = {kinds: names.split() for kinds, names in {
     "zd": "compare_double", "zb": "size_in_power_of_two", "we": "ui_pow_ui", "ye": "pow_ui",
     "zzw": "addmul_ui submul_ui", "zzz": "addmul submul bn_mac",
     "ppw": "limb_rows", "ppp": "limb_addmul", "pp": "limb_product dft_product",
+    "zw ": "gcd_ui lcm_ui", "yxo": "powm powm_mary", "pxi": "powm_exp2", "qi": "modinv_exp2",
+    "yj": "pow_2exp", "yio": "powm_2exp", "zr": "root", "p": "sqrtrem", "y": "perfect get_d",
+    "n": "fac_ui fib2_ui lucnum2_ui", "yn": "bin_ui", "zB": "text", "f": "set_d", "sI": "probab_prime",
+    "s": "nextprime",
 }.items()}
 
 
-def random_case(x):
-    op = list(OPERATIONS)[x.below(len(OPERATIONS))]
+def random_case(x, op=None):
+    op = op or list(OPERATIONS)[x.below(len(OPERATIONS))]
     longest = (10, 70, 700)[x.below(24) // 11]
     if op in DIVISIONS or op in ("bn_div", "bn_mod"):
         return (op, *x.divided(longest, "" if op == "bn_mod" else x.sign()))
     if op.startswith("divide_"):
         d = 1 << 63 | x.below(1 << 63) if op == "divide_3_by_2" else parse(x.small(32))
         return op, "%x" % (x.below(d << 32)), "%x" % d
-    if op == "bn_gcd":
-        g = "*" + x.positive(10)
-        return op, x.sign() + x.positive(30) + g, x.positive(30) + g
+    if op in ("bn_gcd", "gcd", "gcdext", "lcm", "kronecker", "invert"):
+        g = "*" + x.positive(10) if x.below(4) else ""
+        return op, x.sign() + x.positive(30) + g, (x.sign() if op != "bn_gcd" else "") + x.positive(30) + g
+    if op == "words":
+        size = 1 + x.below(9)
+        return op, KINDS["z"](x, 70), ("1", "-1")[x.below(2)], "%x" % size, ("1", "0", "-1")[x.below(3)], \
+            "%x" % x.below(8 * size)
+    if op == "remove":
+        return op, x.sign() + x.positive(10) + "*%x" % x.below(50) ** x.below(40), "%x" % (2 + x.below(48))
     if op == "bn_modinv":
         a = x.positive(40)
         return op, a, x.positive(10) + "*" + a + "+" + x.positive(1)
     if op.startswith("mont"):
         return (op, *x.residues(op))
     kinds = next((kinds for kinds, names in OPERANDS.items() if op in names), "zz")
-    return (op, *(KINDS[kind](x, longest) for kind in kinds))
+    return (op, *(KINDS[kind](x, longest) for kind in kinds.strip()))
 
 
 def answered(case):
@@ -455,17 +881,23 @@ def answered(case):
 
 
 def table():
-    operands = Operands(1)
-    yield from dict.fromkeys([*chosen_cases(), *product_cases(), *long_cases(),
-                              *division_cases(), *short_quotient_cases()])
-    for _ in range(4000):
-        yield random_case(operands)
+    chosen = dict.fromkeys([*chosen_cases(), *product_cases(), *long_cases(), *division_cases(),
+                            *short_quotient_cases(), *add_back_cases(), *multiply_add_cases(),
+                            *theory_cases(), *conversion_cases()])
+    yield from chosen
+    # Operations of which little or nothing was chosen.
+    operands, names = Operands(1), [case[0] for case in chosen]
+    for op in OPERATIONS:
+        for _ in range(60 - names.count(op)):
+            yield random_case(operands, op)
 
 
 def main():
     signal.signal(signal.SIGPIPE, signal.SIG_DFL)
-    if sys.argv[1:] == ["--table"]:
-        print("\n".join(map(answered, table())))
+    if sys.argv[1:2] == ["--table"]:
+        lines = "\n".join(map(answered, table()))
+        with open(sys.argv[2], "w") as file:
+            file.write(lines + "\n")
     elif sys.argv[1:2] == ["--random"]:
         operands = Operands(int(sys.argv[2]))
         while True:

@@ -4,6 +4,7 @@
 #include "tests/signal/dft_kinds.h"
 #include "tests/signal/fft_kinds.h"
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 namespace vor::test {
 namespace {
@@ -36,6 +37,23 @@ TYPED_TEST(DftObjects, BuildTestsInOrder) {
     // The largest lengths find no memory, or their sizes no room in 31 bits.
     for (int n : {0x7fffffff, 0x7ffffffe, 0x40000002, 0x10000001})
         refused(n, TAV_FFT_NODIV_BY_ANY, tavStsMemAllocErr);
+}
+
+// A long prime, whose tables do not fit the address space: that is found out before any is computed, which
+// would touch the pages of the first ones.
+TYPED_TEST(DftObjects, MemoryIsTakenBeforeTimeIsSpent) {
+    const auto resident = [] {
+        rusage usage;
+        getrusage(RUSAGE_SELF, &usage);
+        return usage.ru_maxrss; // KiB
+    };
+    auto* const mark = reinterpret_cast<DftCtx*>(&build_mark);
+    DftCtx* object = mark;
+    const auto before = resident();
+    for (int n : {134217689, 2 * 134217689})
+        EXPECT_EQ(TypeParam::build(&object, n, TAV_FFT_NODIV_BY_ANY, 0), tavStsMemAllocErr);
+    EXPECT_EQ(object, mark);
+    EXPECT_LT(resident() - before, 65536);
 }
 
 TYPED_TEST(DftObjects, TransformTestsInOrder) {

@@ -108,6 +108,11 @@ constexpr int kSplit64[] = {0, 0, 0, 4, 5, 6, 7, 7, 8, 9, 9, 9, 8, 8, 9, 9, 9, 9
 constexpr int kSplit32[] = {0,  0,  0,  0, 5, 6,  7,  8,  8,  8,  10,
                             10, 10, 10, 8, 8, 10, 10, 10, 10, 10, 10};
 
+// Relative error of a table value, in eps: rounded correctly in single precision, 1.12 seen in double. A
+// value that is off by two units shows.
+template <class R>
+constexpr double kTableBound = sizeof(R) == 4 ? 0.501 : 1.25;
+
 // Walks the tables of an object in the order in which they stand in their block.
 template <class R>
 class Tables {
@@ -123,7 +128,7 @@ public:
         buffer_ = kSingle ? 8 << std::min(m, kLimit) : 0;
         blocks(m, 0);
         EXPECT_EQ(object_.bufSize, buffer_);
-        EXPECT_LE(worst_.worst(), 1) << "twiddles";
+        EXPECT_LE(worst_.worst(), kTableBound<R>) << "twiddles";
     }
 
 private:
@@ -176,8 +181,8 @@ private:
         if (roots_.size() < size_t{1} << order)
             roots_ = unit_roots(size_t{1} << order, Direction::forward);
         const Wide want = roots_[(exponent & ((1u << order) - 1)) * (roots_.size() >> order)];
-        worst_.add(re, want.real(), 1);
-        worst_.add(im, want.imag(), 1);
+        worst_.add(re, want.real(), std::fabs(want.real()));
+        worst_.add(im, want.imag(), std::fabs(want.imag()));
     }
 
     const fft::Context<R>& object_;
@@ -233,12 +238,12 @@ TYPED_TEST(FftObjects, TablesAndBufferSize) {
         const Spectrum roots = unit_roots(size_t{1} << order, Direction::forward);
         ErrorMeter<R> worst;
         for (size_t k = 0; k < roots.size() / 4; ++k) {
-            worst.add(forward[k].re, roots[k].real() / 2, 1);
+            worst.add(forward[k].re, roots[k].real() / 2, roots[k].real() / 2);
             worst.add(forward[k].im, (1 + roots[k].imag()) / 2, 1);
-            worst.add(inverse[k].re, roots[k].real(), 1);
-            worst.add(inverse[k].im, roots[k].imag(), 1);
+            worst.add(inverse[k].re, roots[k].real(), roots[k].real());
+            worst.add(inverse[k].im, roots[k].imag(), -roots[k].imag());
         }
-        EXPECT_LE(worst.worst(), 1);
+        EXPECT_LE(worst.worst(), kTableBound<R>);
     }
 }
 

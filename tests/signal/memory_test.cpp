@@ -3,6 +3,8 @@
 #include "tests/common/numbers.h"
 #include "vor_signal.h"
 #include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <unistd.h>
 
 namespace vor::test {
 namespace {
@@ -32,6 +34,16 @@ TEST(SignalMemory, RequestsAndFailures) {
     EXPECT_EQ(allocations.live(), 0);
     allocations.fail_at(1);
     EXPECT_EQ(tavsMalloc_32f(7), nullptr);
+}
+
+// The size in bytes is not cut to 32 bits.
+TEST(SignalMemory, RequestsAboveTheAddressSpace) {
+    Allocations allocations;
+    EXPECT_EQ(tavsMalloc_32f(1 << 30), nullptr);
+    EXPECT_EQ(tavsMalloc_64f(1 << 29), nullptr);
+    EXPECT_EQ(tavsMalloc_64f((1 << 29) - 4), nullptr) << "36 bytes too many";
+    EXPECT_EQ(tavsMalloc_64f(INT32_MAX), nullptr);
+    EXPECT_EQ(allocations.calls(), 0);
 }
 
 TEST(SignalMemory, StatusesInOrder) {
@@ -67,6 +79,49 @@ TEST(SignalMemory, ZeroClearsTheRangeAlone) {
         EXPECT_EQ(std::count(d.begin(), d.end(), 0), count);
         EXPECT_TRUE(f.intact() && d.intact());
     }
+}
+
+// 2 GiB and more of address space over a little memory, mapped again and again, and one page of its own
+// behind that.
+class Vast {
+public:
+    static constexpr size_t kPart = size_t{1} << 25, kParts = 64, kPage = 4096;
+
+    Vast() : file_(memfd_create("vast", 0)) {
+        void* const room = mmap(nullptr, kParts * kPart + kPage, PROT_READ | PROT_WRITE,
+                                MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+        if (room == MAP_FAILED || ftruncate(file_, kPart) != 0) return;
+        bytes_ = static_cast<unsigned char*>(room);
+        for (size_t i = 0; i < kParts; ++i)
+            mmap(bytes_ + i * kPart, kPart, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_FIXED, file_,
+                 0);
+        std::memset(bytes_, 0xff, kPart);
+        std::memset(page(), 0xff, kPage);
+    }
+    ~Vast() {
+        if (bytes_) munmap(bytes_, kParts * kPart + kPage);
+        close(file_);
+    }
+    Vast(const Vast&) = delete;
+    Vast& operator=(const Vast&) = delete;
+    unsigned char* bytes() const { return bytes_; } // null if the address space is too small
+    unsigned char* page() const {                   // beyond what a pointer of C++ can be moved by
+        return reinterpret_cast<unsigned char*>(reinterpret_cast<uintptr_t>(bytes_) +
+                                                kParts * kPart);
+    }
+
+private:
+    int file_;
+    unsigned char* bytes_ = nullptr;
+};
+
+TEST(SignalMemory, ZeroClearsMoreThan2GiB) {
+    const Vast vast;
+    if (!vast.bytes()) GTEST_SKIP() << "no 2 GiB of address space";
+    constexpr int kCount = Vast::kParts * Vast::kPart / sizeof(double);
+    ASSERT_EQ(tavsZero_64f(reinterpret_cast<double*>(vast.bytes()), kCount + 1), tavStsNoErr);
+    EXPECT_EQ(std::count(vast.bytes(), vast.bytes() + Vast::kPart, 0), Vast::kPart);
+    EXPECT_EQ(std::count(vast.page(), vast.page() + Vast::kPage, 0), 8);
 }
 
 // Random bits, signalling NaNs among them: a copy carries them unchanged.

@@ -20,9 +20,11 @@ struct Tour {
 // False if a result differs from the published one. Each throws Failure on bad data.
 bool principal_components(const Tour& tour);
 bool compressed_photograph(const Tour& tour);
-bool recorded_voice(const Tour& tour);
+bool spoken_vowel(const Tour& tour);
 bool sunspot_period(const Tour& tour);
-bool stiff_structure(const Tour& tour);
+bool bent_beam(const Tour& tour);
+bool heated_plate(const Tour& tour);
+bool leaning_packages(const Tour& tour);
 bool long_integers(const Tour& tour);
 
 } // namespace vor::tool

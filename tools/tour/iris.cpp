@@ -1,11 +1,12 @@
 // Principal components: the eigenvectors of the covariance matrix of a table, with the variances
-// along them as its eigenvalues, by power iteration and deflation.
+// along them as its eigenvalues, by plane rotations.
 //
 // (Pearson: On lines and planes of closest fit, Phil. Mag. 2 (1901) 559-572. Hotelling: Analysis of a
 // complex of statistical variables into principal components, J. Educ. Psych. 24 (1933) 417-441.)
 #include "tools/csv.h"
 #include "tools/failure.h"
 #include "tools/gnuplot.h"
+#include "tools/output.h"
 #include "tools/tour/chapters.h"
 #include "vor_blas.h"
 
@@ -24,6 +25,9 @@ using Vector = std::vector<double>;
 // The published variances of the iris measurements, divisor n - 1, and half of their last digit.
 constexpr double kPublished[] = {4.228, 0.243, 0.078, 0.024};
 constexpr double kHalfDigit = 0.0005;
+
+// What is printed of a large table.
+constexpr size_t kMostComponents = 8, kMostColumns = 40;
 
 // The routines, by value.
 constexpr int kStep = 1;
@@ -48,25 +52,29 @@ double norm(const Vector& x) {
     return dnrm2(&n, x.data(), &kStep);
 }
 
-// A symmetric matrix, by columns.
-using Matrix = std::vector<Vector>;
+// Square, by columns.
+struct Matrix {
+    explicit Matrix(int n) : order(n), values(static_cast<size_t>(n) * static_cast<size_t>(n)) {}
+    double* column(int j) { return values.data() + static_cast<ptrdiff_t>(j) * order; }
+
+    int order;
+    Vector values;
+};
 
 void centre(std::vector<Vector>& columns) {
     const Vector ones(columns[0].size(), 1.0);
     for (Vector& column : columns) add(-dot(ones, column) / length(column), ones, column);
 }
 
-// X'X / (n - 1), with the centred columns side by side in X.
-Matrix covariance(const std::vector<Vector>& centred) {
+// The products of all pairs of vectors, divided by the degrees of freedom.
+Matrix products_of(const std::vector<Vector>& vectors, double degrees) {
     Vector x;
-    for (const Vector& column : centred) x.insert(x.end(), column.begin(), column.end());
-    const int n = length(centred[0]), p = static_cast<int>(centred.size());
-    const double factor = 1.0 / (n - 1), zero = 0;
-    Vector product(centred.size() * centred.size());
-    dgemm("T", "N", &p, &p, &n, &factor, x.data(), &n, x.data(), &n, &zero, product.data(), &p);
-    Matrix matrix;
-    for (auto column = product.begin(); column != product.end(); column += p)
-        matrix.emplace_back(column, column + p);
+    for (const Vector& v : vectors) x.insert(x.end(), v.begin(), v.end());
+    const int n = length(vectors[0]), p = static_cast<int>(vectors.size());
+    const double factor = 1 / degrees, zero = 0;
+    Matrix matrix(p);
+    dgemm("T", "N", &p, &p, &n, &factor, x.data(), &n, x.data(), &n, &zero, matrix.values.data(),
+          &p);
     return matrix;
 }
 
@@ -81,63 +89,86 @@ struct Component {
     double variance;
 };
 
-// Directions found before are taken out again: rounding lets them grow from nothing.
-void make_orthogonal(Vector& v, const std::vector<Component>& before) {
-    for (const Component& c : before) add(-dot(c.direction, v), c.direction, v);
+// Turns columns and rows p and q of the matrix, and columns p and q of the directions, so that element (p, q)
+// becomes 0. (Rutishauser: The Jacobi method for real symmetric matrices, Numer. Math. 9 (1966) 1-10.)
+void annihilate(Matrix& a, Matrix& directions, int p, int q) {
+    const double apq = a.column(q)[p];
+    if (apq == 0) return;
+    const double theta = (a.column(q)[q] - a.column(p)[p]) / (2 * apq);
+    const double t = (theta >= 0 ? 1 : -1) / (std::fabs(theta) + std::hypot(theta, 1.0));
+    const double c = 1 / std::hypot(t, 1.0), s = -t * c;
+    const int n = a.order;
+    drot(&n, a.column(p), &kStep, a.column(q), &kStep, &c, &s);
+    drot(&n, a.column(0) + p, &n, a.column(0) + q, &n, &c, &s);
+    a.column(q)[p] = a.column(p)[q] = 0;
+    drot(&n, directions.column(p), &kStep, directions.column(q), &kStep, &c, &s);
 }
 
-const Vector& longest(const std::vector<Vector>& vectors) {
-    return *std::max_element(vectors.begin(), vectors.end(),
-                             [](const Vector& a, const Vector& b) { return norm(a) < norm(b); });
+double beside_diagonal(Matrix& a) {
+    double sum = 0;
+    for (int q = 0; q < a.order; ++q)
+        for (int p = 0; p < q; ++p) sum += 2 * a.column(q)[p] * a.column(q)[p];
+    return std::sqrt(sum);
 }
 
-// The unit vector of which most is left.
-Vector any_direction(size_t p, const std::vector<Component>& before) {
-    std::vector<Vector> units(p, Vector(p));
-    for (size_t j = 0; j < p; ++j) {
-        units[j][j] = 1;
-        make_orthogonal(units[j], before);
+// The eigenvectors of a symmetric matrix by sweeps of plane rotations, which settle whatever the matrix is;
+// largest eigenvalue first.
+std::vector<Component> eigenvectors(Matrix a) {
+    constexpr double kNothing = 1e-15; // of the norm of the matrix
+    constexpr int kMostSweeps = 60;
+    const int n = a.order;
+    Matrix directions(n);
+    for (int j = 0; j < n; ++j) directions.column(j)[j] = 1;
+    const double whole = norm(a.values);
+    StatusLine status;
+    for (int sweep = 1;; ++sweep) {
+        const double left = beside_diagonal(a);
+        if (!(left > kNothing * whole)) break;
+        if (sweep > kMostSweeps) throw Failure("tour: the rotations do not settle");
+        char text[80];
+        std::snprintf(text, sizeof text, "eigenvectors: sweep %d, %.1e to go", sweep, left / whole);
+        status.show(text);
+        for (int q = 1; q < n; ++q)
+            for (int p = 0; p < q; ++p) annihilate(a, directions, p, q);
     }
-    return longest(units);
-}
-
-// Residuals below this share of the whole variance count as nothing.
-constexpr double kSmall = 1e-12;
-
-// The largest eigenvalue of what is left of the matrix. It ends when the residual, which bounds the
-// distance to an eigenvalue, is nothing. Where no variance is left any direction will do.
-Component largest(const Matrix& matrix, double whole, const std::vector<Component>& before) {
-    constexpr int kMostSteps = 100000;
-    Vector v = longest(matrix);
-    if (norm(v) <= kSmall * whole) v = any_direction(matrix.size(), before);
-    for (int step = 0; step < kMostSteps; ++step) {
-        make_orthogonal(v, before);
-        scale(1 / norm(v), v);
-        Vector image = combination(matrix, v);
-        const double variance = dot(v, image);
-        Vector residual = image;
-        add(-variance, v, residual);
-        if (norm(residual) <= kSmall * whole) {
-            const int p = length(v);
-            if (v[static_cast<size_t>(idamax(&p, v.data(), &kStep)) - 1] < 0) scale(-1, v);
-            return {v, variance};
-        }
-        v = std::move(image);
-    }
-    throw Failure("tour: the power iteration does not settle");
-}
-
-std::vector<Component> components(Matrix matrix) {
-    double whole = 0;
-    for (size_t j = 0; j < matrix.size(); ++j) whole += matrix[j][j];
     std::vector<Component> found;
-    while (found.size() < matrix.size()) {
-        const Component c = largest(matrix, whole, found);
-        // Deflation: matrix := matrix - variance * v * v'
-        for (size_t j = 0; j < matrix.size(); ++j)
-            add(-c.variance * c.direction[j], c.direction, matrix[j]);
-        found.push_back(c);
+    for (int j = 0; j < n; ++j)
+        found.push_back({Vector(directions.column(j), directions.column(j) + n), a.column(j)[j]});
+    std::stable_sort(found.begin(), found.end(), [](const Component& x, const Component& y) {
+        return x.variance > y.variance;
+    });
+    return found;
+}
+
+void point_upwards(Component& c) {
+    const int n = length(c.direction);
+    if (c.direction[static_cast<size_t>(idamax(&n, c.direction.data(), &kStep)) - 1] < 0)
+        scale(-1, c.direction);
+}
+
+// From the matrix of the columns' products or, with fewer rows than columns, from that of the rows' products,
+// whose eigenvectors are the components of the rows along those of the columns.
+std::vector<Component> components(const std::vector<Vector>& centred) {
+    const double degrees = length(centred[0]) - 1;
+    std::vector<Component> found;
+    if (centred.size() <= centred[0].size()) {
+        found = eigenvectors(products_of(centred, degrees));
+    } else {
+        std::vector<Vector> rows(centred[0].size(), Vector(centred.size()));
+        for (size_t j = 0; j < centred.size(); ++j)
+            for (size_t i = 0; i < rows.size(); ++i) rows[i][j] = centred[j][i];
+        constexpr double kNothing = 1e-13; // of the largest variance
+        const std::vector<Component> of_rows = eigenvectors(products_of(rows, degrees));
+        for (const Component& c : of_rows) {
+            if (!(c.variance > kNothing * of_rows[0].variance)) break;
+            Vector direction = combination(rows, c.direction);
+            scale(1 / norm(direction), direction);
+            found.push_back({direction, c.variance});
+        }
     }
+    while (found.size() < 2)
+        found.push_back({Vector(centred.size()), 0}); // the axes of the picture
+    for (Component& c : found) point_upwards(c);
     return found;
 }
 
@@ -151,7 +182,9 @@ double whole_variance(const std::vector<Component>& all) {
 bool print_variances(const std::vector<Component>& all, bool published) {
     bool agree = true;
     std::printf("component   variance    share%s\n", published ? "   published" : "");
-    for (size_t k = 0; k < all.size(); ++k) {
+    double shown = 0;
+    for (size_t k = 0; k < all.size() && k < kMostComponents; ++k) {
+        shown += all[k].variance;
         const double share = all[k].variance / whole_variance(all);
         std::printf("%9zu %10.5g %7.2f%%", k + 1, all[k].variance, 100 * share);
         if (published) {
@@ -161,16 +194,22 @@ bool print_variances(const std::vector<Component>& all, bool published) {
         }
         std::printf("\n");
     }
+    if (all.size() > kMostComponents)
+        std::printf("%zu more components hold %.2f%%\n", all.size() - kMostComponents,
+                    100 * (1 - shown / whole_variance(all)));
     return agree;
 }
 
 void print_directions(const Table& table, const std::vector<Component>& all) {
     std::printf("\nweights of the columns\n");
-    for (size_t j = 0; j < table.names.size(); ++j) {
+    for (size_t j = 0; j < table.names.size() && j < kMostColumns; ++j) {
         std::printf("  %-20s", table.names[j].c_str());
-        for (const Component& c : all) std::printf(" %8.4f", c.direction[j]);
+        for (size_t k = 0; k < all.size() && k < kMostComponents; ++k)
+            std::printf(" %8.4f", all[k].direction[j]);
         std::printf("\n");
     }
+    if (table.names.size() > kMostColumns)
+        std::printf("  and %zu more columns\n", table.names.size() - kMostColumns);
     std::printf("\n");
 }
 
@@ -215,7 +254,7 @@ bool principal_components(const Tour& tour) {
     if (table.columns.size() < 2) throw Failure(file + ":1: fewer than two columns of numbers");
     if (table.rows < 2) throw Failure(file + ":1: fewer than two rows of numbers");
     centre(table.columns);
-    const std::vector<Component> all = components(covariance(table.columns));
+    const std::vector<Component> all = components(table.columns);
     if (!(whole_variance(all) > 0))
         throw Failure(file + ":1: the numbers of all rows are the same");
     const bool agree = print_variances(all, own);

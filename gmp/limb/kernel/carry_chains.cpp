@@ -51,7 +51,8 @@ ADD_SUB_N(vor_limb_add_n, "adc")
 ADD_SUB_N(vor_limb_sub_n, "sbb")
 
 // Rows by one word w. Registers: esi a, edi r, ecx the carry word; (ebx, eax, edx) the three words
-// of a pair, ebp the word between. LOAD adds two words of r to a pair, STORE writes two words back.
+// of a pair, ebp the word between. LOAD adds two words of r to a pair, STORE writes two words back,
+// or takes them from r with the borrow into the carry word.
 // clang-format off
 #define PAIR(at, LOAD, STORE)                                                                      \
     "mov " #at "(%esi), %eax\n mull 32(%esp)\n mov %eax, %ebx\n mov %edx, %ebp\n"                  \
@@ -68,11 +69,8 @@ ADD_SUB_N(vor_limb_sub_n, "sbb")
 #define LOAD_NONE(at)
 #define LOAD_ADD(at) "add " #at "(%edi), %ebx\n adc " #at "+4(%edi), %eax\n adc $0, %edx\n"
 #define STORE_PLAIN(at) "mov %ebx, " #at "(%edi)\n mov %eax, " #at "+4(%edi)\n"
-// r - x = ~(~r + x), with the borrow where the carry is.
-#define LOAD_COMPLEMENT(at)                                                                        \
-    "mov " #at "(%edi), %ebp\n not %ebp\n add %ebp, %ebx\n"                                        \
-    "mov " #at "+4(%edi), %ebp\n not %ebp\n adc %ebp, %eax\n adc $0, %edx\n"
-#define STORE_COMPLEMENT(at) "not %ebx\n not %eax\n" STORE_PLAIN(at)
+#define STORE_SUBTRACT(at)                                                                         \
+    "sub %ebx, " #at "(%edi)\n sbb %eax, " #at "+4(%edi)\n adc $0, %ecx\n"
 
 #define ROW(name, LOAD, STORE, LOAD_1, STORE_1)                                                    \
     extern "C" __attribute__((naked)) vor::limb::word name(                                        \
@@ -96,9 +94,7 @@ ADD_SUB_N(vor_limb_sub_n, "sbb")
 ROW(vor_limb_mul_1, LOAD_NONE, STORE_PLAIN, "", "mov %eax, (%edi)\n")
 ROW(vor_limb_addmul_1, LOAD_ADD, STORE_PLAIN, "add (%edi), %eax\n adc $0, %edx\n",
     "mov %eax, (%edi)\n")
-ROW(vor_limb_submul_1, LOAD_COMPLEMENT, STORE_COMPLEMENT,
-    "mov (%edi), %ebp\n not %ebp\n add %ebp, %eax\n adc $0, %edx\n",
-    "not %eax\n mov %eax, (%edi)\n")
+ROW(vor_limb_submul_1, LOAD_NONE, STORE_SUBTRACT, "", "sub %eax, (%edi)\n adc $0, %ecx\n")
 
 #else
 // Under the address sanitizer the same functions in plain words: it sees every access.

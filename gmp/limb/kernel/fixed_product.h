@@ -30,17 +30,6 @@ struct Column {
 #endif
     }
 
-    // += the column `other`, doubled
-    [[gnu::always_inline]] void add_doubled(Column other) {
-        for (int twice = 0; twice < 2; ++twice) {
-            const dword sum = dword{low} + other.low;
-            const dword upper = dword{middle} + other.middle + (sum >> 32);
-            low = static_cast<word>(sum);
-            middle = static_cast<word>(upper);
-            high += other.high + static_cast<word>(upper >> 32);
-        }
-    }
-
     // The lowest word, which is complete; what remains belongs to the next column.
     [[gnu::always_inline]] word next() {
         const word complete = low;
@@ -66,20 +55,41 @@ template <int N>
     r[2 * N - 1] = column.next();
 }
 
-// r[0 .. 2N) = a * a: the products of two different words once, doubled, and the squares.
+// r[0 .. 2N) = the products of two different words of a, each once.
 template <int N>
-[[gnu::noinline]] void sqr_fixed(word* r, const word* a) {
+[[gnu::noinline, gnu::aligned(64)]] void mixed_products(word* r, const word* a) {
     Column column;
+    r[0] = 0;
 #pragma GCC unroll 64
-    for (int k = 0; k < 2 * N - 1; ++k) {
-        Column mixed;
+    for (int k = 1; k < 2 * N - 2; ++k) {
 #pragma GCC unroll 64
-        for (int i = k < N ? 0 : k - N + 1; 2 * i < k; ++i) mixed.add_product(a[i], a[k - i]);
-        column.add_doubled(mixed);
-        if (k % 2 == 0) column.add_product(a[k / 2], a[k / 2]);
+        for (int i = k < N ? 0 : k - N + 1; 2 * i < k; ++i) column.add_product(a[i], a[k - i]);
         r[k] = column.next();
     }
-    r[2 * N - 1] = column.next();
+    r[2 * N - 2] = column.next();
+    r[2 * N - 1] = 0;
+}
+
+// r[0 .. 2n) = 2 r + the squares of the n words of a.
+[[gnu::noinline]] inline void double_and_add_squares(word* r, const word* a, int n) {
+    word carry = 0, out = 0;
+    for (int i = 0; i < n; ++i) {
+        const word low = r[2 * i], high = r[2 * i + 1];
+        const dword square = dword{a[i]} * a[i];
+        const dword sum = dword{low << 1 | out} + static_cast<word>(square) + carry;
+        const dword upper = dword{high << 1 | low >> 31} + (square >> 32) + (sum >> 32);
+        r[2 * i] = static_cast<word>(sum);
+        r[2 * i + 1] = static_cast<word>(upper);
+        carry = static_cast<word>(upper >> 32);
+        out = high >> 31;
+    }
+}
+
+// r[0 .. 2N) = a * a.
+template <int N>
+inline void sqr_fixed(word* r, const word* a) {
+    mixed_products<N>(r, a);
+    double_and_add_squares(r, a, N);
 }
 
 } // namespace vor::limb

@@ -28,6 +28,15 @@ inline void copy_down(word* r, const word* a, int n) {
     while (--n >= 0) r[n] = a[n];
 }
 
+// r = the complement of a: ascending.
+inline void complement(word* r, const word* a, int n) {
+    const word ones[4] = {~word{0}, ~word{0}, ~word{0}, ~word{0}};
+    const __m128 all = load_four(ones);
+    int i = 0;
+    for (; i < n - 3; i += 4) store_four(r + i, _mm_xor_ps(load_four(a + i), all));
+    for (; i < n; ++i) r[i] = ~a[i];
+}
+
 inline void fill(word* r, int n, word w) {
     for (int i = 0; i < n; ++i) r[i] = w;
 }

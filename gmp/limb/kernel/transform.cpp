@@ -1,5 +1,5 @@
-#include "serv/bits.h"
 #include "gmp/limb/kernel/transform.h"
+#include "serv/bits.h"
 
 #include <math.h>
 
@@ -23,9 +23,39 @@ Root root_at(extended t) {
     return w;
 }
 
-Root operator*(Root a, Root b) {
+constexpr Root operator*(Root a, Root b) {
     return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re};
 }
+
+// The same for 0 <= t <= 1/4 where a constant is formed: the series of e^x.
+constexpr Root constant_root(extended t) {
+    const Root x{0, kTurn * t};
+    Root sum{1, 0}, term{1, 0};
+    for (int n = 1; n < 40; ++n) {
+        term = term * Root{0, x.im / n};
+        sum = {sum.re + term.re, sum.im + term.im};
+    }
+    return sum;
+}
+
+// The roots e^(2 pi i rev(b) / 4), rev(b) the number 0.b of the digits of b to base 4, the last one first.
+struct LowRoots {
+    static constexpr int kCount = 64;
+    Root at[kCount];
+
+    constexpr LowRoots() : at{} {
+        for (int b = 0; b < kCount; ++b) {
+            extended t = 0, weight = 0.25L;
+            for (int digits = b; digits; digits /= 4) {
+                weight /= 4;
+                t += weight * (digits % 4);
+            }
+            at[b] = constant_root(t);
+        }
+    }
+};
+
+constexpr LowRoots kLowRoots;
 
 Point rounded(Root w) {
     return {static_cast<double>(w.re), static_cast<double>(w.im)};
@@ -143,55 +173,37 @@ extended product_im(const Point& z, const Point& w) {
     put_conjugate_product(z2, s02_re - s13_re, s02_im - s13_im, w[1]);
 }
 
-// An odd radix, once at the top. With a_j = z_j w^j: the sums a_j + a_(r-j) go with cosines, the
-// differences with sines.
-template <int R>
-struct Odd {
-    static constexpr int kHalf = R / 2;
-    extended cosine[R], sine[R];
+constexpr double kHalf = 0.5;
+constexpr extended kSine60 = 0.866025403784438646763723170752936L;
 
-    Odd() {
-        for (int k = 0; k < R; ++k) {
-            const Root w = root_at(extended{1} * k / R);
-            cosine[k] = w.re;
-            sine[k] = w.im;
-        }
-    }
+// z_k = sum over j of z_j w^j e^(2 pi i j k / 3), with the roots w, w^2
+[[gnu::always_inline]] inline void split_3(Point& z0, Point& z1, Point& z2, const Point* w) {
+    const extended r1 = product_re(z1, w[0]), r2 = product_re(z2, w[1]);
+    const extended s_re = r1 + r2, d_re = (r1 - r2) * kSine60;
+    const extended i1 = product_im(z1, w[0]), i2 = product_im(z2, w[1]);
+    const extended s_im = i1 + i2, d_im = (i1 - i2) * kSine60;
+    const extended z0_re = pushed(z0.re), t_re = z0_re - times(s_re, kHalf);
+    z0.re = static_cast<double>(z0_re + s_re);
+    z1.re = static_cast<double>(t_re - d_im);
+    z2.re = static_cast<double>(t_re + d_im);
+    const extended z0_im = pushed(z0.im), t_im = z0_im - times(s_im, kHalf);
+    z0.im = static_cast<double>(z0_im + s_im);
+    z1.im = static_cast<double>(t_im + d_re);
+    z2.im = static_cast<double>(t_im - d_re);
+}
 
-    // z_k = sum over j of a_j e^(2 pi i s j k / R), s = 1 or -1
-    void transform(Root* z, const Root* a, int s) const {
-        z[0] = a[0];
-        for (int j = 1; j < R; ++j) z[0] = {z[0].re + a[j].re, z[0].im + a[j].im};
-        for (int k = 1; k <= kHalf; ++k) {
-            Root even = a[0], odd = {0, 0};
-            for (int j = 1; j <= kHalf; ++j) {
-                const extended c = cosine[j * k % R], d = s * sine[j * k % R];
-                even.re += c * (a[j].re + a[R - j].re);
-                even.im += c * (a[j].im + a[R - j].im);
-                odd.re -= d * (a[j].im - a[R - j].im);
-                odd.im += d * (a[j].re - a[R - j].re);
-            }
-            z[k] = {even.re + odd.re, even.im + odd.im};
-            z[R - k] = {even.re - odd.re, even.im - odd.im};
-        }
-    }
-    void split(Point* z, int step, const Point* w) const {
-        Root a[R], y[R];
-        a[0] = {z[0].re, z[0].im};
-        for (int j = 1; j < R; ++j)
-            a[j] = Root{z[j * step].re, z[j * step].im} * Root{w[j - 1].re, w[j - 1].im};
-        transform(y, a, 1);
-        for (int j = 0; j < R; ++j) z[j * step] = rounded(y[j]);
-    }
-    void join(Point* z, int step, const Point* w) const {
-        Root a[R], y[R];
-        for (int j = 0; j < R; ++j) a[j] = {z[j * step].re, z[j * step].im};
-        transform(y, a, -1);
-        z[0] = rounded(y[0]);
-        for (int j = 1; j < R; ++j)
-            z[j * step] = rounded(y[j] * Root{w[j - 1].re, -w[j - 1].im});
-    }
-};
+// The inverse of split_3, times 3.
+[[gnu::always_inline]] inline void join_3(Point& z0, Point& z1, Point& z2, const Point* w) {
+    const extended s_re = plus(pushed(z1.re), z2.re), s_im = plus(pushed(z1.im), z2.im);
+    const extended d_re = minus(pushed(z1.re), z2.re) * kSine60;
+    const extended d_im = minus(pushed(z1.im), z2.im) * kSine60;
+    const extended z0_re = pushed(z0.re), t_re = z0_re - times(s_re, kHalf);
+    z0.re = static_cast<double>(z0_re + s_re);
+    const extended z0_im = pushed(z0.im), t_im = z0_im - times(s_im, kHalf);
+    z0.im = static_cast<double>(z0_im + s_im);
+    put_conjugate_product(z1, t_re + d_im, t_im - d_re, w[0]);
+    put_conjugate_product(z2, t_re - d_im, t_im + d_re, w[1]);
+}
 
 // ---- Passes ----------------------------------------------------------------------------------------
 
@@ -204,26 +216,14 @@ template <class F>
         for (int j = 0; j < step; ++j) f(z + j, step, w);
 }
 
-template <int R>
-void split_odd(Point* z, int size, const Point* w) {
-    const Odd<R> odd;
-    each_block(z, size, R, 1, w,
-               [&odd](Point* p, int step, const Point* roots) { odd.split(p, step, roots); });
-}
-
-template <int R>
-void join_odd(Point* z, int size, const Point* w) {
-    const Odd<R> odd;
-    each_block(z, size, R, 1, w,
-               [&odd](Point* p, int step, const Point* roots) { odd.join(p, step, roots); });
-}
-
 void split_blocks(Point* z, int size, int radix, int blocks, const Point* w) {
-    if (radix == 3) return split_odd<3>(z, size, w);
-    if (radix == 5) return split_odd<5>(z, size, w);
     if (radix == 2)
         return each_block(z, size, 2, blocks, w, [](Point* p, int step, const Point* roots) {
             split_2(p[0], p[step], *roots);
+        });
+    if (radix == 3)
+        return each_block(z, size, 3, blocks, w, [](Point* p, int step, const Point* roots) {
+            split_3(p[0], p[step], p[2 * step], roots);
         });
     each_block(z, size, 4, blocks, w, [](Point* p, int step, const Point* roots) {
         split_4(p[0], p[step], p[2 * step], p[3 * step], roots);
@@ -231,41 +231,20 @@ void split_blocks(Point* z, int size, int radix, int blocks, const Point* w) {
 }
 
 void join_blocks(Point* z, int size, int radix, int blocks, const Point* w) {
-    if (radix == 3) return join_odd<3>(z, size, w);
-    if (radix == 5) return join_odd<5>(z, size, w);
     if (radix == 2)
         return each_block(z, size, 2, blocks, w, [](Point* p, int step, const Point* roots) {
             join_2(p[0], p[step], *roots);
+        });
+    if (radix == 3)
+        return each_block(z, size, 3, blocks, w, [](Point* p, int step, const Point* roots) {
+            join_3(p[0], p[step], p[2 * step], roots);
         });
     each_block(z, size, 4, blocks, w, [](Point* p, int step, const Point* roots) {
         join_4(p[0], p[step], p[2 * step], p[3 * step], roots);
     });
 }
 
-// The radices from the top: an odd one, a two if one is left, then fours.
-int radix_of(int size) {
-    if (size % 3 == 0) return 3;
-    if (size % 5 == 0) return 5;
-    return trailing_zeros(static_cast<unsigned>(size)) % 2 ? 2 : 4;
-}
-
 } // namespace
-
-int Transform::length_for(int n) {
-    int power = 4;
-    while (power < n) power *= 2;
-    if (power >= 16) { // 5/8 and 3/4 of it
-        if (power / 8 * 5 >= n) return power / 8 * 5;
-        if (power / 4 * 3 >= n) return power / 4 * 3;
-    }
-    return power;
-}
-
-int Transform::passes_of(int m) {
-    int count = 0;
-    for (; m > 1; m /= radix_of(m)) ++count;
-    return count;
-}
 
 int Transform::table_size(int m) {
     int points = 0, blocks = 1;
@@ -286,23 +265,15 @@ Transform::Transform(int m, Point* table) : m_(m), passes_(0) {
     }
 }
 
-// The root of block b of a pass is e^(2 pi i t_b / radix). b is written as b1 c + b0, c the product of the
-// last radices: t_b = rev(b0) + t_b1 / c, where rev(b0) does not depend on the length. So a root is the
-// product of one of c roots and of one of blocks / c, in extended precision.
+// The root of block b of a pass is e^(2 pi i t_b / radix). b is written as b1 c + b0, c a power of 4:
+// t_b = rev(b0) + t_b1 / c. So where the passes above have radix 4, a root is the product of one of 64
+// constants and of one of blocks / 64 roots, in extended precision.
 Point* Transform::roots_of_pass(int pass, Point* table) const {
-    constexpr int kLow = 64;
     const Pass& here = pass_[pass];
     int first = pass, c = 1; // the first pass whose digit belongs to b0
-    while (first > 0 && pass_[first - 1].radix == 4 && c < kLow && 4 * c * c <= here.blocks)
-        c *= pass_[--first].radix;
-    Root low[kLow];
-    for (int b0 = 0; b0 < c; ++b0) {
-        extended t = 0, weight = extended{1} / here.radix;
-        for (int digits = b0, i = pass; i > first; digits /= 4) {
-            weight /= pass_[--i].radix;
-            t += weight * (digits % 4);
-        }
-        low[b0] = root_at(t);
+    while (here.radix == 4 && first > 0 && pass_[first - 1].radix == 4 && c < LowRoots::kCount) {
+        --first;
+        c *= 4;
     }
     for (int b1 = 0; b1 < here.blocks / c; ++b1) {
         extended t = 0.25L;
@@ -310,9 +281,9 @@ Point* Transform::roots_of_pass(int pass, Point* table) const {
             above /= pass_[i].radix;
             t = (t + b1 / above % pass_[i].radix) / pass_[i].radix;
         }
-        const Root high = root_at(t / (extended{1} * c * here.radix));
+        const Root high = root_at(t / (c * here.radix));
         for (int b0 = 0; b0 < c; ++b0) {
-            const Root w = high * low[b0];
+            const Root w = high * kLowRoots.at[b0];
             Root power = w;
             *table++ = rounded(power);
             for (int j = 2; j < here.radix; ++j) *table++ = rounded(power = power * w);

@@ -15,6 +15,7 @@
 #pragma once
 
 #include "gmp/limb/word.h"
+#include "serv/bits.h"
 
 namespace vor::limb {
 
@@ -27,9 +28,19 @@ public:
     static constexpr long double kPassError = 1.75L * 0x1p-53L;
     static constexpr int kLongest = 1 << 26;
 
-    // The least length of at least n points, 4 <= n <= kLongest: 1, 3 or 5 times a power of two.
-    static int length_for(int n);
-    static int passes_of(int m);
+    // The least length of at least n points, 4 <= n <= kLongest: 1, 3 or 9 times a power of two.
+    static int length_for(int n) {
+        int power = 4;
+        while (power < n) power *= 2;
+        if (power < 16) return power;
+        if (power / 16 * 9 >= n) return power / 16 * 9;
+        return power / 4 * 3 >= n ? power / 4 * 3 : power;
+    }
+    static int passes_of(int m) {
+        int count = 0;
+        for (; m > 1; m /= radix_of(m)) ++count;
+        return count;
+    }
     // The numbers that the roots of all passes of length m take.
     static int table_size(int m);
 
@@ -42,6 +53,12 @@ public:
 
 private:
     static constexpr int kMostPasses = 16;
+
+    // The radices from the top: threes, a two if one is left, then fours.
+    static int radix_of(int size) {
+        if (size % 3 == 0) return 3;
+        return trailing_zeros(static_cast<unsigned>(size)) % 2 ? 2 : 4;
+    }
 
     // A pass over blocks that end up in `radix` parts each, with radix - 1 powers of a root for each block.
     struct Pass {

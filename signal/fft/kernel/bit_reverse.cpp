@@ -143,6 +143,15 @@ void tiles_to(const C* source, C* destination, int n) {
     });
 }
 
+// One run of a tile, a line.
+template <class C>
+void save_run(const C* from, C* to) {
+    constexpr int kFloats = kTile<C> * sizeof(C) / sizeof(float);
+    auto* const source = reinterpret_cast<const float*>(from);
+    auto* const copy = reinterpret_cast<float*>(to);
+    for (int i = 0; i < kFloats; i += 4) _mm_storeu_ps(copy + i, _mm_loadu_ps(source + i));
+}
+
 template <class C>
 void tiles_in_place(C* data, int n) {
     constexpr int size = kTile<C>;
@@ -150,8 +159,7 @@ void tiles_in_place(C* data, int n) {
     all_tiles<C>(n, [=](unsigned from, unsigned to) {
         if (from > to) return;
         C held[size * size];
-        for (int i = 0; i < size; ++i)
-            for (int j = 0; j < size; ++j) move(data[to + i * stride + j], held[i * size + j]);
+        for (int i = 0; i < size; ++i) save_run(data + to + i * stride, held + i * size);
         if (from < to) reverse_tile(data + from, data + to, stride, stride);
         reverse_tile(held, data + from, size, stride);
     });

@@ -51,15 +51,20 @@ namespace vor::fft {
 #define VOR_D "(%[y],%[q],2)", "8(%[y],%[q],2)"
 #define VOR_CALL(macro, ...) macro(__VA_ARGS__)
 
-#define VOR_IN_PLACE(RE, IM, X1, X3)                                                               \
-    VOR_CALL(VOR_PRODUCT, VOR_C, "0", RE, IM)                                                      \
-    VOR_CALL(VOR_PRODUCT, VOR_D, "32", RE, IM)                                                     \
+// The same in natural order, the imaginary parts from y on: b and c change places.
+#define VOR_NATURAL_B "(%[x],%[q],2)", "(%[y],%[q],2)"
+#define VOR_NATURAL_C "(%[x],%[q])", "(%[y],%[q])"
+#define VOR_NATURAL_D "(%[x],%[p])", "(%[y],%[p])"
+
+#define VOR_IN_PLACE(RE, IM, a_re, a_im, B, C, D, X1, X3)                                          \
+    VOR_CALL(VOR_PRODUCT, C, "0", RE, IM)                                                          \
+    VOR_CALL(VOR_PRODUCT, D, "32", RE, IM)                                                         \
     VOR_T_AND_V                                                                                    \
-    VOR_CALL(VOR_PRODUCT, VOR_B, "16", RE, IM)                                                     \
-    VOR_SUM_OF_MEMORY("(%[x])", "3", "2")                                                          \
-    VOR_X0_RE("(%[x])")                                                                            \
-    VOR_SUM_OF_MEMORY("8(%[x])", "2", "1")                                                         \
-    VOR_CALL(VOR_ALL_ELSE, "8(%[x])", X1, VOR_C, X3)
+    VOR_CALL(VOR_PRODUCT, B, "16", RE, IM)                                                         \
+    VOR_SUM_OF_MEMORY(a_re, "3", "2")                                                              \
+    VOR_X0_RE(a_re)                                                                                \
+    VOR_SUM_OF_MEMORY(a_im, "2", "1")                                                              \
+    VOR_CALL(VOR_ALL_ELSE, a_im, X1, C, X3)
 
 #define VOR_OF_PRODUCTS(RE, IM, X1, X3)                                                            \
     VOR_CALL(VOR_PRODUCT, VOR_C, "128", RE, IM)                                                    \
@@ -83,10 +88,20 @@ inline void butterfly_in_place(cdouble* x, size_t quarter, const cdouble* w) {
     : : [x] "r"(x), [y] "r"(x + quarter), [q] "r"(quarter * sizeof(cdouble)), [w] "r"(w)           \
     : "memory", VOR_STACK
     if constexpr (inverse)
-        asm volatile(VOR_IN_PLACE("faddp", "fsubrp", VOR_D, VOR_B) VOR_OPERANDS);
+        asm volatile(VOR_IN_PLACE("faddp", "fsubrp", "(%[x])", "8(%[x])", VOR_B, VOR_C, VOR_D,
+                                  VOR_D, VOR_B) VOR_OPERANDS);
     else
-        asm volatile(VOR_IN_PLACE("fsubrp", "faddp", VOR_B, VOR_D) VOR_OPERANDS);
+        asm volatile(VOR_IN_PLACE("fsubrp", "faddp", "(%[x])", "8(%[x])", VOR_B, VOR_C, VOR_D,
+                                  VOR_B, VOR_D) VOR_OPERANDS);
 #undef VOR_OPERANDS
+}
+
+// Forward, a, c, b, d in this order a quarter apart, real and imaginary parts each from a pointer of their own.
+inline void butterfly_multiplied_first(double* re, double* im, size_t quarter_bytes, const double* w) {
+    asm volatile(VOR_IN_PLACE("fsubrp", "faddp", "(%[x])", "(%[y])", VOR_NATURAL_B, VOR_NATURAL_C,
+                              VOR_NATURAL_D, VOR_NATURAL_B, VOR_NATURAL_D)
+        : : [x] "r"(re), [y] "r"(im), [q] "r"(quarter_bytes), [p] "r"(3 * quarter_bytes), [w] "r"(w)
+        : "memory", VOR_STACK);
 }
 
 // a, b, c, d stand a stride apart, their twiddles four elements apart at w; four results at `out`.
@@ -116,6 +131,9 @@ inline void butterfly_of_products(const cdouble* x, size_t stride, const cdouble
 #undef VOR_C
 #undef VOR_D
 #undef VOR_CALL
+#undef VOR_NATURAL_B
+#undef VOR_NATURAL_C
+#undef VOR_NATURAL_D
 #undef VOR_IN_PLACE
 #undef VOR_OF_PRODUCTS
 #undef VOR_OUT

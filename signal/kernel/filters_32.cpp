@@ -1,15 +1,14 @@
 // Direct correlation sums, 32 bits: outputs up to the first 16-byte boundary as dot products, the rest
 // by four taps at a time, each group of taps passing once over all outputs.
-#include "signal/filters_32.h"
+#include "signal/kernel/filters_32.h"
 
 #include "signal/filters.h"
 
 #include <stdint.h>
 #include <string.h>
 
+namespace vor::signal {
 namespace {
-
-using vor::signal::add_some_taps;
 
 // Smaller triangles are not worth the groups of taps.
 constexpr int kLeastTaps = 7;
@@ -84,4 +83,6 @@ void filter(const float* x, const float* t, int n, float* out, int count) {
 
 } // namespace
 
-VOR_FILTERS(32f, float)
+VOR_FILTERS(ownForwFilter_32f, ownBackFilter_32f, ownFirstTriangle_32f, ownLastTriangle_32f, float)
+
+} // namespace vor::signal
