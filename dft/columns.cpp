@@ -1,6 +1,7 @@
 // The column-group engine. Reading K adjacent columns at once takes K elements of one cache line
 // together, where one column at a time takes one.
 #include "dft/columns.h"
+#include "arith/walk.h"
 #include "dft/row_copy.h"
 
 namespace vor::dfti {
@@ -38,6 +39,15 @@ int transform_single(const ColumnSide<U, S>& in, const ColumnSide<V, T>& out, in
     return DFTI_NO_ERROR;
 }
 
+// The columns in front of the first cache line that begins with a column, so that whole groups begin with
+// one; a whole group if there is no such line.
+template <class U, class S>
+int first_group(const ColumnSide<U, S>& side, int size) {
+    constexpr int kLine = 64;
+    const int columns = steps_to<kLine>(reinterpret_cast<const U*>(side.data), size);
+    return columns > 0 ? columns : size;
+}
+
 } // namespace
 
 template <class R, class In, class Out>
@@ -45,8 +55,9 @@ int transform_columns(const In& in, const Out& out, int columns, const VectorTra
                       const VectorGroup<R>& group) {
     const int size = in.adjacent() && out.adjacent() ? group.size : 1;
     int status = DFTI_NO_ERROR;
-    for (int first = 0; first < columns && status == DFTI_NO_ERROR; first += size) {
-        const int n = columns - first < size ? columns - first : size;
+    int next = size > 1 ? first_group(out, size) : 1;
+    for (int first = 0, n; first < columns && status == DFTI_NO_ERROR; first += n, next = size) {
+        n = columns - first < next ? columns - first : next;
         status = n == 1 ? transform_single(in, out, first, transform, group.data)
                         : transform_group(in, out, first, n, transform, group);
     }

@@ -56,30 +56,42 @@ struct FourRows<N, 16> {
 template <int N>
 struct FourRows<N, 8> {
     static void gather(const char* row, unsigned stride, char* column, unsigned distance) {
-        for (int pair = 0; pair < 2; ++pair, row += 2 * stride, column += 16) {
-            const char* from = row;
-            char* to = column;
+        const char* third = row + 2 * stride;
 #pragma GCC unroll 16
-            for (int j = 0; j + 2 <= N; j += 2, from += 16, to += 2 * distance) {
-                const __m128 a = load16(from), b = load16(from + stride);
-                store16(to, _mm_movelh_ps(a, b));
-                store16(to + distance, _mm_movehl_ps(b, a));
-            }
-            if (N % 2 != 0) {
-                const __m128 a = _mm_loadl_pi(_mm_setzero_ps(), half(from));
-                store16(to, _mm_loadh_pi(a, half(from + stride)));
-            }
+        for (int j = 0; j + 2 <= N; j += 2, row += 16, third += 16, column += 2 * distance) {
+            const __m128 a = load16(row), b = load16(row + stride);
+            const __m128 c = load16(third), d = load16(third + stride);
+            store16(column, _mm_movelh_ps(a, b));
+            store16(column + 16, _mm_movelh_ps(c, d));
+            store16(column + distance, _mm_movehl_ps(b, a));
+            store16(column + distance + 16, _mm_movehl_ps(d, c));
         }
+        if (N % 2 == 0) return;
+        const __m128 a = _mm_loadl_pi(_mm_setzero_ps(), half(row));
+        store16(column, _mm_loadh_pi(a, half(row + stride)));
+        const __m128 c = _mm_loadl_pi(_mm_setzero_ps(), half(third));
+        store16(column + 16, _mm_loadh_pi(c, half(third + stride)));
     }
+    // Two rows at a time: four columns fill half a cache line of each.
     static void scatter(char* row, unsigned stride, const char* column, unsigned distance) {
         for (int pair = 0; pair < 2; ++pair, row += 2 * stride, column += 16) {
             char* to = row;
             const char* from = column;
+            int j = 0;
 #pragma GCC unroll 16
-            for (int j = 0; j + 2 <= N; j += 2, to += 16, from += 2 * distance) {
+            for (; j + 4 <= N; j += 4, to += 32, from += 4 * distance) {
+                const __m128 a = load16(from), b = load16(from + distance);
+                const __m128 c = load16(from + 2 * distance), d = load16(from + 3 * distance);
+                store16(to, _mm_movelh_ps(a, b));
+                store16(to + 16, _mm_movelh_ps(c, d));
+                store16(to + stride, _mm_movehl_ps(b, a));
+                store16(to + stride + 16, _mm_movehl_ps(d, c));
+            }
+            if (j + 2 <= N) {
                 const __m128 a = load16(from), b = load16(from + distance);
                 store16(to, _mm_movelh_ps(a, b));
                 store16(to + stride, _mm_movehl_ps(b, a));
+                to += 16, from += 2 * distance;
             }
             if (N % 2 != 0) {
                 const __m128 a = load16(from);
