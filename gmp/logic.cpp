@@ -4,6 +4,7 @@
 // complemented limbs, plus 1 at the bottom, and likewise on the way back.
 #include "gmp/integer.h"
 
+using namespace vor;
 using namespace vor::gmp;
 
 namespace {
@@ -25,7 +26,8 @@ private:
 
 template <class F>
 void combine(vor_mpz* r, const vor_mpz* a, const vor_mpz* b, F f) {
-    const int an = limbs_of(a), bn = limbs_of(b);
+    const int an = limb::normal_size(a->_mp_d, limbs_of(a));
+    const int bn = limb::normal_size(b->_mp_d, limbs_of(b));
     // One bit more than the longer magnitude holds the sign of every result.
     const uint64_t abits = bit_length(a), bbits = bit_length(b);
     const int n = bits_to_limbs((abits > bbits ? abits : bbits) + 1);
@@ -33,6 +35,13 @@ void combine(vor_mpz* r, const vor_mpz* a, const vor_mpz* b, F f) {
     Complement from_a(negative(a)), from_b(negative(b)), to_r(minus);
     limb_t* const d = grow(r, n);
     const limb_t *const x = a->_mp_d, *const y = b->_mp_d;
+    if (!negative(a) && !negative(b)) {
+        int i = 0;
+        for (; i < an && i < bn; ++i) d[i] = f(x[i], y[i]);
+        for (; i < an; ++i) d[i] = f(x[i], 0);
+        for (; i < bn; ++i) d[i] = f(0, y[i]);
+        return finish(r, i, false);
+    }
     for (int i = 0; i < n; ++i) {
         const limb_t xi = from_a(i < an ? x[i] : 0), yi = from_b(i < bn ? y[i] : 0);
         d[i] = to_r(f(xi, yi));

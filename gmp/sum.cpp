@@ -6,8 +6,20 @@ using namespace vor::gmp;
 
 namespace {
 
+constexpr int kFew = 4; // limbs for which a call costs more than it saves
+
 // r = |x| + |y|, x at least as long; the size.
 int add_magnitudes(limb_t* r, const limb_t* x, int xn, const limb_t* y, int yn) {
+    if (xn <= kFew && xn == yn) {
+        dlimb_t sum = 0;
+        for (int i = 0; i < xn; ++i) {
+            sum = (sum >> 32) + x[i] + y[i];
+            r[i] = static_cast<limb_t>(sum);
+        }
+        const limb_t carry = static_cast<limb_t>(sum >> 32);
+        r[xn] = carry;
+        return xn + static_cast<int>(carry);
+    }
     const limb_t carry = limb::add(r, x, xn, y, yn);
     r[xn] = carry;
     return xn + static_cast<int>(carry);

@@ -47,9 +47,10 @@ typedef vor_mpz mpz_t[1];
 
 /* ---- Memory ----------------------------------------------------------------------------------- */
 
-/* All limbs, and the scratch that is counted in limbs, come from three functions, which a program may
- * replace before it makes its first record; tables of long products come from malloc. Sizes are in bytes; the old size is what was asked for. An
- * allocation function that returns null ends the process. */
+/* All limbs and all scratch on the heap come from three functions, which a program may replace
+ * before it makes its first record. Sizes are in bytes; the old size is what was asked for. An
+ * allocation function that returns null ends the process, but where a long product asks for room for
+ * its transforms: it then goes by shorter ones. */
 typedef void* (*vor_gmp_allocator)(unsigned size);
 typedef void* (*vor_gmp_reallocator)(void* block, unsigned old_size, unsigned size);
 typedef void (*vor_gmp_deallocator)(void* block, unsigned size);

@@ -27,6 +27,10 @@ inline int normal_size(const word* a, int n) {
 
 // 1, 0, -1 for a above, equal to, below b.
 inline int compare(const word* a, const word* b, int n) {
+    for (; n > 4; n -= 4)
+        if ((a[n - 1] ^ b[n - 1]) | (a[n - 2] ^ b[n - 2]) | (a[n - 3] ^ b[n - 3]) |
+            (a[n - 4] ^ b[n - 4]))
+            break;
     while (--n >= 0)
         if (a[n] != b[n]) return a[n] > b[n] ? 1 : -1;
     return 0;

@@ -72,16 +72,29 @@ template <int N>
 
 // r[0 .. 2n) = 2 r + the squares of the n words of a.
 [[gnu::noinline]] inline void double_and_add_squares(word* r, const word* a, int n) {
-    word carry = 0, out = 0;
+    word carry = 0; // up to 2
     for (int i = 0; i < n; ++i) {
-        const word low = r[2 * i], high = r[2 * i + 1];
-        const dword square = dword{a[i]} * a[i];
-        const dword sum = dword{low << 1 | out} + static_cast<word>(square) + carry;
-        const dword upper = dword{high << 1 | low >> 31} + (square >> 32) + (sum >> 32);
+#ifndef __SANITIZE_ADDRESS__
+        word next;
+        asm volatile("movl (%[a]), %%eax\n\tmull %%eax\n\tmovl $0, %[next]\n\t"
+                     "addl (%[r]), %%eax\n\tadcl 4(%[r]), %%edx\n\tadcl $0, %[next]\n\t"
+                     "addl (%[r]), %%eax\n\tadcl 4(%[r]), %%edx\n\tadcl $0, %[next]\n\t"
+                     "addl %[carry], %%eax\n\tadcl $0, %%edx\n\tadcl $0, %[next]\n\t"
+                     "movl %%eax, (%[r])\n\tmovl %%edx, 4(%[r])"
+                     : [next] "=&r"(next)
+                     : [a] "r"(a + i), [r] "r"(r + 2 * i), [carry] "r"(carry)
+                     : "eax", "edx", "cc", "memory");
+        carry = next;
+#else
+        const dword pair = dword{r[2 * i + 1]} << 32 | r[2 * i];
+        dword sum = dword{a[i]} * a[i];
+        word next = __builtin_add_overflow(sum, pair, &sum);
+        next += __builtin_add_overflow(sum, pair, &sum);
+        next += __builtin_add_overflow(sum, carry, &sum);
         r[2 * i] = static_cast<word>(sum);
-        r[2 * i + 1] = static_cast<word>(upper);
-        carry = static_cast<word>(upper >> 32);
-        out = high >> 31;
+        r[2 * i + 1] = static_cast<word>(sum >> 32);
+        carry = next;
+#endif
     }
 }
 

@@ -1,5 +1,5 @@
+// The passes of the transforms and their roots.
 #include "gmp/limb/kernel/transform.h"
-#include "serv/bits.h"
 
 #include <math.h>
 
