@@ -19,6 +19,7 @@ Suite all_cases() {
         dft_cases,
         dfti_cases,
         gmp_cases,
+        number_cases,
     };
     // clang-format on
     Suite all;

@@ -12,6 +12,7 @@
 // above, and x Y + y X = m, so that they never exceed m.
 #include "gmp/euclid.h"
 #include "gmp/limb/kernel/divide_2_by_1.h"
+#include "gmp/thresholds.h"
 
 using namespace vor;
 using namespace vor::gmp;
@@ -309,7 +310,7 @@ void reduce(Pair* pair, Cofactors* cofactors, limb_t* quotient, Steps&... steps)
 
 int jacobi_limbs(limb_t* x, int xn, limb_t* y, int yn) {
     const int n = xn > yn ? xn : yn;
-    Limbs<0> scratch(uint64_t{2} * n + 2);
+    Limbs<kLocal> scratch(uint64_t{2} * n + 2);
     Pair pair({x, xn}, {y, yn}, scratch);
     Symbol symbol(x[0], y[0], true);
     reduce(&pair, nullptr, scratch + n, symbol);
@@ -320,7 +321,7 @@ int jacobi_limbs(limb_t* x, int xn, limb_t* y, int yn) {
 
 int gcd_limbs(limb_t* g, limb_t* x, int xn, limb_t* y, int yn) {
     const int n = xn > yn ? xn : yn;
-    Limbs<0> scratch(uint64_t{2} * n + 2);
+    Limbs<kLocal> scratch(uint64_t{2} * n + 2);
     Pair pair({x, xn}, {y, yn}, scratch);
     reduce(&pair, nullptr, scratch + n);
     const Number& result = pair.result();
@@ -330,7 +331,7 @@ int gcd_limbs(limb_t* g, limb_t* x, int xn, limb_t* y, int yn) {
 
 Cofactor gcd_with_cofactor(limb_t* g, limb_t* u, const limb_t* a, int an, const limb_t* m, int mn) {
     const int room = mn + 2;
-    Limbs<0> scratch(uint64_t{7} * room);
+    Limbs<kLocal> scratch(uint64_t{7} * room);
     const auto part = [&](int i) { return scratch + i * room; };
     limb::copy(part(0), m, mn);
     limb::copy(part(1), a, an);

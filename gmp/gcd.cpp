@@ -1,5 +1,6 @@
 // Greatest common divisors and least common multiples. Results may be operands.
 #include "gmp/euclid.h"
+#include "gmp/thresholds.h"
 #include "vor_bignum.h"
 
 using namespace vor;
@@ -32,7 +33,7 @@ VOR_GMP(void, __gmpz_gcd, __GMPZ_GCD, vor_gmp___gmpz_gcd,
         return vor_gmp___gmpz_set_ui(r, gcd_with_word(other, word->_mp_d[0]));
     }
     const int n = an > bn ? an : bn;
-    Limbs<0> copies(uint64_t{2} * n);
+    Limbs<kLocal> copies(uint64_t{2} * n);
     limb_t *const x = copies, *const y = x + n;
     limb::copy(x, a->_mp_d, an);
     limb::copy(y, b->_mp_d, bn);

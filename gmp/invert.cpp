@@ -2,6 +2,7 @@
 #include "gmp/euclid.h"
 #include "gmp/integer.h"
 #include "gmp/limb/kernel/divide_2_by_1.h"
+#include "gmp/thresholds.h"
 
 using namespace vor;
 using namespace vor::gmp;
@@ -24,7 +25,7 @@ VOR_GMP(int, __gmpz_invert, __GMPZ_INVERT, vor_gmp___gmpz_invert,
     vor_gmp___gmpz_mod(residue, a, m);
     const int an = limbs_of(residue);
     if (an == 0) return 0;
-    Limbs<0> inverse(uint64_t{3} * mn + 2);
+    Limbs<kLocal> inverse(uint64_t{3} * mn + 2);
     limb_t* const gcd = inverse + mn + 2;
     const Cofactor sizes = gcd_with_cofactor(gcd, inverse, residue->_mp_d, an, m->_mp_d, mn);
     if (!is_one(gcd, sizes.gcd_size)) return 0;

@@ -16,15 +16,18 @@ constexpr unsigned kGuardBits = 16;
 constexpr int64_t kShortRoot = 16; // bits of roots that logarithms alone tell, guard bits included
 constexpr unsigned kGuardedUnits = 8; // of the last guard bit, by which a root may be off
 
-// m * 2^exponent, about `precision` bits of it.
+// r = x * 2^bits, toward zero
+void shift(vor_mpz* r, const vor_mpz* x, int64_t bits) {
+    if (bits >= 0)
+        vor_gmp___gmpz_mul_2exp(r, x, static_cast<unsigned>(bits));
+    else
+        vor_gmp___gmpz_tdiv_q_2exp(r, x, static_cast<unsigned>(-bits));
+}
+
+// m * 2^exponent, of which only the leading bits are kept.
 class Truncated {
 public:
     Truncated() = default;
-    void set(const vor_mpz* x, int64_t bits) {
-        exponent_ = 0;
-        vor_gmp___gmpz_set(m_, x);
-        cut(bits);
-    }
     void set(uint64_t m, int64_t exponent) {
         m_->_mp_d[0] = static_cast<limb_t>(m);
         m_->_mp_d[1] = static_cast<limb_t>(m >> 32);
@@ -41,23 +44,17 @@ public:
         vor_gmp___gmpz_set(m_, base->m_);
         exponent_ = base->exponent_;
         cut(bits);
-        for (int i = 30 - __builtin_clz(k); i >= 0; --i) {
+        for (int i = 31 - __builtin_clz(k); i-- > 0;) {
             multiply(this, bits);
             if (k >> i & 1) multiply(base, bits);
         }
     }
-    // The integral part after a shift by `bits` to the left.
-    void integral(vor_mpz* r, int64_t bits) const {
-        const int64_t shift = exponent_ + bits;
-        vor_mpz* const m = const_cast<Truncated*>(this)->m_;
-        if (shift >= 0)
-            vor_gmp___gmpz_mul_2exp(r, m, static_cast<unsigned>(shift));
-        else
-            vor_gmp___gmpz_tdiv_q_2exp(r, m, static_cast<unsigned>(-shift));
+    void rescale(int64_t exponent) {
+        shift(m_, m_, exponent_ - exponent);
+        exponent_ = exponent;
     }
     vor_mpz* m() { return m_; }
     int64_t exponent() const { return exponent_; }
-    void set_exponent(int64_t exponent) { exponent_ = exponent; }
     void cut(int64_t bits) {
         const int64_t more = static_cast<int64_t>(bit_length(m_)) - bits;
         if (more <= 0) return;
@@ -90,26 +87,23 @@ void first_root(Truncated* x, const vor_mpz* n, unsigned k) {
     x->set(static_cast<uint64_t>(m), whole - 62);
 }
 
-// One step of Newton to `bits` bits: x' = ((k - 1) x + n / x^(k-1)) / k.
+// One step of Newton from half of the bits to `bits`: x' = x + (n - x^k) / (k x^(k-1)), a quotient of half
+// as many bits.
 void step(Truncated* x, const vor_mpz* n, unsigned k, int64_t bits) {
-    Truncated power, numerator;
+    Truncated power, product;
     power.power(x, k - 1, bits);
-    numerator.set(n, 2 * bits);
-    // A quotient of at least `bits` bits.
-    const int64_t longer = static_cast<int64_t>(bit_length(power.m())) + bits -
-                           static_cast<int64_t>(bit_length(numerator.m())) + 1;
-    if (longer > 0)
-        vor_gmp___gmpz_mul_2exp(numerator.m(), numerator.m(), static_cast<unsigned>(longer));
-    const int64_t exponent = numerator.exponent() - (longer > 0 ? longer : 0) - power.exponent();
-    vor_gmp___gmpz_tdiv_q(numerator.m(), numerator.m(), power.m());
-    // Both at the exponent of the quotient, which is the lower one.
-    Temporary sum;
-    x->integral(sum, -exponent);
-    vor_gmp___gmpz_mul_ui(sum, sum, k - 1);
-    vor_gmp___gmpz_add(sum, sum, numerator.m());
-    vor_gmp___gmpz_tdiv_q_ui(x->m(), sum, k);
-    x->set_exponent(exponent);
-    x->cut(bits);
+    product.power(&power, 1, bits);
+    product.multiply(x, bits);
+    Temporary rest; // n - x^k, in units of the last bit of x^k
+    shift(rest, n, -product.exponent());
+    vor_gmp___gmpz_sub(rest, rest, product.m());
+    power.cut(bits / 2 + kGuardBits);
+    vor_gmp___gmpz_mul_ui(power.m(), power.m(), k);
+    const int64_t exponent = x->exponent() + static_cast<int64_t>(bit_length(x->m())) - bits;
+    shift(rest, rest, product.exponent() - power.exponent() - exponent);
+    vor_gmp___gmpz_tdiv_q(rest, rest, power.m());
+    x->rescale(exponent);
+    vor_gmp___gmpz_add(x->m(), x->m(), rest);
 }
 
 // r = floor(n^(1/k)) for a root of so many bits; whether it is exact. k > 2, n >= 2^k.
@@ -127,8 +121,8 @@ bool higher_root(vor_mpz* r, const vor_mpz* n, unsigned k, int64_t bits) {
             step(&x, n, k, right + 4 + lost);
         }
     }
-    Temporary guarded;
-    x.integral(guarded, kGuardBits);
+    x.rescale(-int64_t{kGuardBits});
+    vor_mpz* const guarded = x.m();
     const limb_t fraction = guarded->_mp_size ? guarded->_mp_d[0] & ((1u << kGuardBits) - 1) : 0;
     const bool clear = fraction >= kGuardedUnits && fraction < (1u << kGuardBits) - kGuardedUnits;
     if (!clear) vor_gmp___gmpz_add_ui(guarded, guarded, kGuardedUnits); // to the nearest integer

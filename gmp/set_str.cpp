@@ -11,7 +11,9 @@ using namespace vor::gmp;
 
 namespace {
 
-constexpr int kQuadratic = 60; // groups up to which products by limbs are faster
+// Groups up to which products by limbs are faster (measured: halves cost 1.16 times as much at 61, as
+// much at 105).
+constexpr int kQuadratic = 105;
 
 int digit_value(char c) {
     if (c >= '0' && c <= '9') return c - '0';

@@ -271,18 +271,19 @@ VOR_SPELLINGS(unsigned, vor_gmp_scan1, VOR_GMP_SCAN1, (const unsigned* limbs, in
 
 /* ---- Powers modulo m ---------------------------------------------------------------------------- */
 
-/* 0 <= r < |m| in all of them; m = 0: SIGFPE. Up to 30 limbs of m > 0 and e <= the odd part of m: binary
- * powers in Montgomery's form (tavsMontExp), else windows of four bits, of Montgomery's products where m
- * is odd (Montgomery, Mathematics of Computation 44, 1985; Menezes, van Oorschot and Vanstone, Handbook
- * of Applied Cryptography, 14.6). Not for secrets: time depends on the operands. */
+/* 0 <= r < |m| in all of them; m = 0: SIGFPE. Up to 30 limbs, for 0 < e <= the odd part of m > 0
+ * and a > 0: binary powers in Montgomery's form (tavsMontExp); else sliding windows in that form
+ * for the odd part, the other part modulo a power of two (Montgomery, Mathematics of Computation
+ * 44, 1985; Menezes, van Oorschot and Vanstone, Handbook of Applied Cryptography, 14.6). Not for
+ * secrets: time depends on the operands. */
 
-/* r = a^e mod m. A negative e takes powers of the inverse of a modulo m; where there is none, r stays as
- * it was. 0^0 = 1. */
+/* r = a^e mod m. A negative e takes powers of the inverse of a modulo m; where there is none, r
+ * stays as it was. 0^0 = 1. */
 VOR_SPELLINGS(void, __gmpz_powm, __GMPZ_POWM,
               (vor_mpz * r, const vor_mpz* a, const vor_mpz* e, const vor_mpz* m))
 VOR_SPELLINGS(void, __gmpz_powm_ui, __GMPZ_POWM_UI,
               (vor_mpz * r, const vor_mpz* a, unsigned e, const vor_mpz* m))
-/* The same always by windows. */
+/* The same, always by windows. */
 VOR_SPELLINGS(void, mpz_powm_mary, MPZ_POWM_MARY,
               (vor_mpz * r, const vor_mpz* a, const vor_mpz* e, const vor_mpz* m))
 /* r = a^e mod 2^k, a and e not negative; r = the inverse of an odd q modulo 2^k, 1 for k below 2. */
@@ -297,21 +298,24 @@ VOR_MIXED_SPELLINGS(void, _impPowm2Exp, _imppowm2exp, _IMPPOWM2EXP,
 
 /* ---- Number theory ------------------------------------------------------------------------------ */
 
-/* g = the greatest common divisor of |a| and |b|, with gcd(0, b) = |b|; r = the least common multiple,
- * not negative, 0 if an operand is (Lehmer, American Mathematical Monthly 45, 1938; Knuth, 4.5.2). */
+/* g = the greatest common divisor of |a| and |b|, with gcd(0, b) = |b|; r = the least common
+ * multiple, not negative, 0 if an operand is (Lehmer, American Mathematical Monthly 45, 1938;
+ * Knuth, 4.5.2). */
 VOR_SPELLINGS(void, __gmpz_gcd, __GMPZ_GCD, (vor_mpz * g, const vor_mpz* a, const vor_mpz* b))
 VOR_SPELLINGS(void, __gmpz_lcm, __GMPZ_LCM, (vor_mpz * r, const vor_mpz* a, const vor_mpz* b))
 VOR_SPELLINGS(void, __gmpz_lcm_ui, __GMPZ_LCM_UI, (vor_mpz * r, const vor_mpz* a, unsigned v))
 /* g may be null. The divisor as a word, 0 if it is none, as of a long a and v = 0. */
 VOR_SPELLINGS(unsigned, __gmpz_gcd_ui, __GMPZ_GCD_UI, (vor_mpz * g, const vor_mpz* a, unsigned v))
-/* s a + t b = g, t may be null; g, s and t are different records. With g = |a|: s is the sign of a and
- * t = 0. Else s is the inverse of a/g modulo |b/g|, in 1 to |b/g| - 1, and 0 for |b/g| = 1. */
+/* s a + t b = g, t may be null; g, s and t are different records. With g = |a|: s is the sign of
+ * a and t = 0. Else s is the inverse of a/g modulo |b/g|, in 1 to |b/g| - 1, and 0 for |b/g| = 1.
+ */
 VOR_SPELLINGS(void, __gmpz_gcdext, __GMPZ_GCDEXT,
               (vor_mpz * g, vor_mpz* s, vor_mpz* t, const vor_mpz* a, const vor_mpz* b))
-/* 1 and r = 1/a modulo |m|, in 1 to |m| - 1; or 0, and r without a value, where there is no inverse and
- * for |m| = 1. m = 0: SIGFPE. */
+/* 1 and r = 1/a modulo |m|, in 1 to |m| - 1; or 0, and r without a value, where there is no
+ * inverse and for |m| = 1. m = 0: SIGFPE. */
 VOR_SPELLINGS(int, __gmpz_invert, __GMPZ_INVERT, (vor_mpz * r, const vor_mpz* a, const vor_mpz* m))
-/* Takes all factors f from n; their number. For n = 0 and |f| = 1 it is 0, and r = n; f = 0: SIGFPE. */
+/* Takes all factors f from n; their number. For n = 0 and |f| = 1 it is 0, and r = n; f = 0:
+ * SIGFPE. */
 VOR_SPELLINGS(unsigned, __gmpz_remove, __GMPZ_REMOVE,
               (vor_mpz * r, const vor_mpz* n, const vor_mpz* f))
 
@@ -324,21 +328,22 @@ VOR_SPELLINGS(int, __gmpz_si_kronecker, __GMPZ_SI_KRONECKER, (int a, const vor_m
 VOR_SPELLINGS(int, __gmpz_ui_kronecker, __GMPZ_UI_KRONECKER, (unsigned a, const vor_mpz* b))
 VOR_SPELLINGS(int, mpn_jacobi_base, MPN_JACOBI_BASE, (unsigned a, unsigned b))
 
-/* Of |n|. 2: a prime, as division by the primes below 1000 tells. 0: composite. 1: `reps` rounds of Miller
- * and Rabin with random bases found no witness; a composite number passes each with a probability of at
- * most 1/4 (Rabin, Journal of Number Theory 12, 1980). 2 as well for reps below 1 and a number without a
- * prime factor below 1000. */
+/* Of |n|. 2: a prime, as division by the primes below 1000 tells. 0: composite. 1: `reps` rounds
+ * of Miller and Rabin with random bases found no witness; a composite number passes each with a
+ * probability of at most 1/4 (Rabin, Journal of Number Theory 12, 1980). 2 as well for reps below
+ * 1 and a number without a prime factor below 1000. */
 VOR_SPELLINGS(int, __gmpz_probab_prime_p, __GMPZ_PROBAB_PRIME_P, (const vor_mpz* n, int reps))
-/* One such round with the base y: 1 for a pass, 0 for a witness. n odd, nm1 = n - 1 = q * 2^k; t takes q,
- * x the powers. t, x and the others are different records. */
+/* One such round with the base y: 1 for a pass, 0 for a witness. n odd, nm1 = n - 1 = q * 2^k; t
+ * takes q, x the powers. t, x and the others are different records. */
 int _impMRtest(const vor_mpz* q, vor_mpz* t, const vor_mpz* y, vor_mpz* x, const vor_mpz* n,
                const vor_mpz* nm1, unsigned k);
 /* The least r > n with r = 2 or five such rounds passed. */
 VOR_SPELLINGS(void, __gmpz_nextprime, __GMPZ_NEXTPRIME, (vor_mpz * r, const vor_mpz* n))
 
-/* r = floor(n^(1/k)), also of a negative n and an odd k; of a negative n and an even k 0. 1 if r^k = n,
- * else 0. k = 0: SIGFPE. sqrtrem: s = floor(sqrt(n)), rest = n - s^2, two records (Zimmermann, Karatsuba
- * Square Root, INRIA report 3805, 1999; Brent and Zimmermann, Modern Computer Arithmetic, 1.5). */
+/* r = floor(n^(1/k)), also of a negative n and an odd k; of a negative n and an even k 0. 1 if
+ * r^k = n, else 0. k = 0: SIGFPE. sqrtrem: s = floor(sqrt(n)), rest = n - s^2, two records
+ * (Zimmermann, Karatsuba Square Root, INRIA report 3805, 1999; Brent and Zimmermann, Modern
+ * Computer Arithmetic, 1.5). */
 VOR_SPELLINGS(int, __gmpz_root, __GMPZ_ROOT, (vor_mpz * r, const vor_mpz* n, unsigned k))
 VOR_SPELLINGS(void, __gmpz_sqrt, __GMPZ_SQRT, (vor_mpz * r, const vor_mpz* n))
 VOR_SPELLINGS(void, __gmpz_sqrtrem, __GMPZ_SQRTREM, (vor_mpz * s, vor_mpz* rest, const vor_mpz* n))
@@ -350,8 +355,8 @@ VOR_SPELLINGS(int, __gmpz_perfect_square_p, __GMPZ_PERFECT_SQUARE_P, (const vor_
 VOR_SPELLINGS(void, __gmpz_fac_ui, __GMPZ_FAC_UI, (vor_mpz * r, unsigned n))
 VOR_SPELLINGS(void, __gmpz_bin_ui, __GMPZ_BIN_UI, (vor_mpz * r, const vor_mpz* n, unsigned k))
 VOR_SPELLINGS(void, __gmpz_bin_uiui, __GMPZ_BIN_UIUI, (vor_mpz * r, unsigned n, unsigned k))
-/* Numbers of Fibonacci, F(0) = 0, F(1) = 1, and of Lucas, L(0) = 2, L(1) = 1; the second result is the
- * number before, F(-1) = 1, L(-1) = -1, in another record. */
+/* Numbers of Fibonacci, F(0) = 0, F(1) = 1, and of Lucas, L(0) = 2, L(1) = 1; the second result
+ * is the number before, F(-1) = 1, L(-1) = -1, in another record. */
 VOR_SPELLINGS(void, __gmpz_fib_ui, __GMPZ_FIB_UI, (vor_mpz * f, unsigned n))
 VOR_SPELLINGS(void, __gmpz_fib2_ui, __GMPZ_FIB2_UI, (vor_mpz * f, vor_mpz* f1, unsigned n))
 VOR_SPELLINGS(void, __gmpz_lucnum_ui, __GMPZ_LUCNUM_UI, (vor_mpz * l, unsigned n))
@@ -360,17 +365,18 @@ VOR_SPELLINGS(void, __gmpz_lucnum2_ui, __GMPZ_LUCNUM2_UI, (vor_mpz * l, vor_mpz*
 /* ---- Text ----------------------------------------------------------------------------------------- */
 /* Bases 2 to 36; digits above 9 are letters, written upper case and read in either. */
 
-/* The digits of x, with a minus in front and NUL behind: into str, which has room for
- * __gmpz_sizeinbase(x, |base|) + 2 bytes, or for a null str into a block of exactly their length + 1 from
- * the allocation function, which the caller gives back. Base 0 is 10, and the sign of the base is not
- * read. Null for any other base, with nothing written. */
+/* The digits of x, with a minus in front and NUL behind: into str, which has room for them
+ * (__gmpz_sizeinbase(x, |base|) + 2 bytes are enough), or for a null str into a block of exactly
+ * their length + 1 from the allocation function, which the caller gives back. Base 0 is 10, and
+ * the sign of the base is not read. Null for any other base, with nothing written. */
 VOR_SPELLINGS(char*, __gmpz_get_str, __GMPZ_GET_STR, (char* str, int base, const vor_mpz* x))
 /* The same in base 16; a block has one byte for each digit and the sign, and one more. */
 VOR_SPELLINGS(char*, vor_gmp_get_hexstr, VOR_GMP_GET_HEXSTR, (char* str, const vor_mpz* x))
-/* Reads a sign and digits, with spaces (no other white space) in front and behind. Base 0: 16 behind "0x"
- * or "0X", 8 behind another "0", else 10. The result is 0; -1 for a text of spaces or of none, a base that
- * is none, where r stays as it was, and for a bad digit, where r is the value, not negative, of the digits
- * behind the last bad one. A sign alone is 0. init_set_str makes the record as well, in every case. */
+/* Reads a sign and digits, with spaces (no other white space) in front and behind. Base 0: 16
+ * behind "0x" or "0X", 8 behind another "0", else 10. The result is 0; -1 for a text of spaces or
+ * of none, a base that is none, where r stays as it was, and for a bad digit, where r is the
+ * value, not negative, of the digits behind the last bad one. A sign alone is 0. init_set_str
+ * makes the record as well, in every case. */
 VOR_SPELLINGS(int, __gmpz_set_str, __GMPZ_SET_STR, (vor_mpz * r, const char* s, int base))
 VOR_SPELLINGS(int, __gmpz_init_set_str, __GMPZ_INIT_SET_STR, (vor_mpz * r, const char* s, int base))
 /* 0 to 35; -1 for a character that is no digit in any base. */
@@ -385,21 +391,21 @@ typedef struct vor_mpq {
 } vor_mpq;
 typedef vor_mpq mpq_t[1];
 
-/* Writes the text of x; the sum of what fprintf returned for the minus and for the digits. 0 for a base
- * that is none. */
+/* Writes the text of x; the sum of what fprintf returned for the minus and for the digits. 0 for
+ * a base that is none. */
 int __gmpz_out_str(FILE* stream, int base, const vor_mpz* x);
 /* Reads what stands between spaces, or up to the end of the stream (a newline is part of it), as
- * __gmpz_set_str does. The characters read, spaces in front included; the one behind is put back. 0 for a
- * text that __gmpz_set_str refuses. */
+ * __gmpz_set_str does. The characters read, spaces in front included; the one behind is put back.
+ * 0 for a text that __gmpz_set_str refuses. */
 int __gmpz_inp_str(vor_mpz* r, FILE* stream, int base);
 /* Writes x in base 16, whatever the format says: it is not read. The result is -1. */
 int __gmp_fprintf(FILE* stream, const char* format, const vor_mpz* x);
-/* Writes the numerator's limbs, from the top, as eight digits of base 16 each, and unless the denominator
- * is 1 " / " and its limbs. The base is not read. The result is 0. */
+/* Writes the numerator's limbs, from the top, as eight digits of base 16 each, and unless the
+ * denominator is 1 " / " and its limbs. The base is not read. The result is 0. */
 VOR_SPELLINGS(int, __gmpq_out_str, __GMPQ_OUT_STR, (FILE * stream, int base, const vor_mpq* q))
-/* Four bytes of a count with the sign of x, then so many bytes of |x|, both with the most significant
- * byte first. The bytes written: fewer than 4 + count if the stream fails, none if 31 bits do not hold the
- * count. */
+/* Four bytes of a count with the sign of x, then so many bytes of |x|, both with the most
+ * significant byte first. The bytes written: fewer than 4 + count if the stream fails, none if 31
+ * bits do not hold the count. */
 unsigned __gmpz_out_raw(FILE* stream, const vor_mpz* x);
 /* Reads this form. The bytes read; if they end too early, r stays as it was. */
 unsigned __gmpz_inp_raw(vor_mpz* r, FILE* stream);
@@ -410,25 +416,26 @@ unsigned __gmpz_inp_raw(vor_mpz* r, FILE* stream);
  * x = d * 2^exponent; 0 and the exponent 0 for 0. */
 VOR_SPELLINGS(double, __gmpz_get_d, __GMPZ_GET_D, (const vor_mpz* x))
 VOR_SPELLINGS(double, __gmpz_get_d_2exp, __GMPZ_GET_D_2EXP, (int* exponent, const vor_mpz* x))
-/* r = the integer next to d, the even one of two. Infinities and NaN leave r as it was; init_set_d makes
- * the record as well, 0 for them. */
+/* r = the integer next to d, the even one of two. Infinities and NaN leave r as it was;
+ * init_set_d makes the record as well, 0 for them. */
 VOR_SPELLINGS(void, __gmpz_set_d, __GMPZ_SET_D, (vor_mpz * r, double d))
 VOR_SPELLINGS(void, __gmpz_init_set_d, __GMPZ_INIT_SET_D, (vor_mpz * r, double d))
-/* Of the 53 bits of a significand, numbered from the leading one, in bit 20 of hi, downward: not 0 if bit
- * i is set; if any bit behind i is. 0 where there are none; behind a negative i there are all. */
+/* Of the 53 bits of a significand, numbered from the leading one, in bit 20 of hi, downward: not
+ * 0 if bit i is set; if any bit behind i is. 0 where there are none; behind a negative i there
+ * are all. */
 VOR_MIXED_SPELLINGS(unsigned, _impGetFloatBit, _impgetfloatbit, _IMPGETFLOATBIT,
                     (unsigned hi, unsigned lo, int i))
 VOR_MIXED_SPELLINGS(unsigned, _impGetFloatTail, _impgetfloattail, _IMPGETFLOATTAIL,
                     (unsigned hi, unsigned lo, int i))
 
 /* ---- Words of any size ------------------------------------------------------------------------------ */
-/* A magnitude as words of `size` bytes with their top `nails` bits 0, nails < 8 size. Order 1: the most
- * significant word first, -1: last. Endian 1 and 0: the most significant byte of a word first, -1: last.
- */
+/* A magnitude as words of `size` bytes with their top `nails` bits 0, nails < 8 size. Order 1:
+ * the most significant word first, -1: last. Endian 1 and 0: the most significant byte of a word
+ * first, -1: last. */
 
-/* The words of |x|, as many as it needs, at dst, or for a null dst in a block of exactly so many from the
- * allocation function; their address. Their number in *count, which may be null; 0 for x = 0, and then
- * dst is returned as it is. Without a bit to a word: SIGFPE. */
+/* The words of |x|, as many as it needs, at dst, or for a null dst in a block of exactly so many
+ * from the allocation function; their address. Their number in *count, which may be null; 0 for x
+ * = 0, and then dst is returned as it is. Without a bit to a word: SIGFPE. */
 VOR_SPELLINGS(void*, __gmpz_export, __GMPZ_EXPORT,
               (void* dst, unsigned* count, int order, unsigned size, int endian, unsigned nails,
                const vor_mpz* x))

@@ -17,5 +17,6 @@ Suite fft_cases();
 Suite dft_cases();
 Suite dfti_cases();
 Suite gmp_cases();
+Suite number_cases();
 
 } // namespace vor::bench

@@ -1,33 +1,17 @@
 // Multi-precision integers. Times aimed at are those of a processor at 3.2 GHz. The goals beside another
 // library are for `vor bench --against libgmp.so.10`, which has the same names.
 #include "bench/common/families.h"
+#include "bench/gmp/records.h"
 #include "gmp/thresholds.h"
 #include "vor_bignum.h"
-#include "vor_gmp.h"
 
 #include <map>
-#include <memory>
-#include <random>
 
 namespace vor::bench {
 
 namespace {
 
 constexpr double kCycle = 1 / 3.2e9;
-
-using Words = std::vector<unsigned>;
-
-Words random_words(int n, unsigned seed) {
-    std::mt19937 random(seed);
-    Words words(static_cast<size_t>(n));
-    for (unsigned& word : words) word = static_cast<unsigned>(random());
-    words.back() |= 0x80000000;
-    return words;
-}
-
-std::string of_size(const char* name, int n) {
-    return std::string(name) + " n=" + std::to_string(n);
-}
 
 // ---- Word arrays ---------------------------------------------------------------------------------
 
@@ -126,33 +110,6 @@ Case montgomery(int n, double cycles) {
 
 // ---- Integers ----------------------------------------------------------------------------------------
 
-// Records over the library that is timed: it owns their memory.
-class Record {
-public:
-    Record(const Library& library, int n, unsigned seed)
-        : clear_(library.function<void(vor_mpz*)>("__gmpz_clear")) {
-        library.function<void(vor_mpz*, unsigned)>("__gmpz_init2")(&x_,
-                                                                   32u * static_cast<unsigned>(n));
-        const Words words = random_words(n, seed);
-        std::copy(words.begin(), words.end(), x_._mp_d);
-        x_._mp_size = n;
-    }
-    ~Record() { clear_(&x_); }
-    Record(const Record&) = delete;
-    Record& operator=(const Record&) = delete;
-    vor_mpz* get() { return &x_; }
-
-private:
-    vor_mpz x_;
-    void (*clear_)(vor_mpz*);
-};
-
-using RecordPointer = std::shared_ptr<Record>;
-
-RecordPointer record(const Library& library, int n, unsigned seed) {
-    return std::make_shared<Record>(library, n, seed);
-}
-
 Call product_call(const Library& library, int an, int bn) {
     const auto f = library.function<decltype(__gmpz_mul)>("__gmpz_mul");
     if (!f) return {};
@@ -199,17 +156,6 @@ Call comparison_call(const Library& library, int n) {
     if (!f) return {};
     const auto a = record(library, n, 1), b = record(library, n, 1);
     return [=] { f(a->get(), b->get()); };
-}
-
-// `slower`: the most times that the call may take as long as the peer's; 0: reported only.
-Case integer(const std::string& name, double products, double slower, Binder bind) {
-    return {.name = name,
-            .formula = "products of limbs",
-            .work = products,
-            .limit = Limit::none,
-            .bind = std::move(bind),
-            .rivals = {},
-            .against_goal = slower > 0 ? 1 / slower : 0};
 }
 
 std::string of_lengths(const char* name, int n, int m) {

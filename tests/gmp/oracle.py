@@ -621,7 +621,7 @@ def theory_cases():
         for b in (0, 1, -1, 2, -2, 4, 1 << 33):
             yield "kronecker", "%x" % a, "%x" % b
     # Moduli on both sides of 30 limbs and of the longer methods; exponents on both sides of the odd part.
-    for words in (1, 2, 3, 16, 29, 30, 31, 32, 64, 99, 100, 101):
+    for words in (1, 2, 3, 16, 29, 30, 31, 32, 64, 119, 120, 121):
         q = parse(fresh(32 * words)) | 1
         e = "%x" % min(parse(fresh(32 * words)), parse(fresh(100)))
         for m in (q, q << 5, q - 1 + (q & 2), (1 << 32 * words) - 1, (1 << 32 * words - 1) + 1, -q):
@@ -719,7 +719,7 @@ def theory_cases():
     for bits in (1000, 5000, 20000):
         for k in (3, 5, 17, 300):
             yield "root", fresh(bits), "%x" % k
-    for n in (*range(40), 66, 67, 100, 257, 1000, 3001):
+    for n in (*range(40), 66, 67, 100, 199, 200, 201, 257, 1000, 3001):
         yield "fac_ui", "%x" % n
     for n in (*range(60), 92, 93, 94, 186, 187, 1000, 4096, 65535, 100001):
         yield "fib2_ui", "%x" % n
@@ -747,11 +747,13 @@ def conversion_cases():
         yield "text", "-" + fresh(3000), "%x" % base
     # Both sides of the lengths that are cut into halves; zeros in the lower half.
     for base in (3, 10, 36):
-        for digits in (261, 270, 271, 279, 280, 540, 541, 549, 1080, 1090, 2161, 5000, 20000):
+        for digits in (144, 180, 181, 189, 190, 360, 361, 945, 946, 954, 1890, 1891, 5000, 20000):
             for n in (base ** digits - 1, base ** digits, base ** digits + base ** (digits // 2)):
                 if digits < 3000 or base == 10:
                     yield "text", "%x" % n, "%x" % base
     yield "text", fresh(100000), "a"
+    yield "text", fresh(330000), "a"
+    yield "text", "%x" % (10 ** 100000 - 1), "a"
     for n in (0, 1, 3, 2 ** 53 - 1, 2 ** 53, 2 ** 53 + 1, 2 ** 54 - 1, 2 ** 64 - 1, 2 ** 96 - 1, 2 ** 1023, 2 ** 1024 - 1,
               2 ** 1024, 2 ** 1030, 2 ** 2000, 255, 1 << 31, 1 << 32, (1 << 85) - (1 << 30), (1 << 84) + (1 << 31)):
         yield "get_d", "%x" % n

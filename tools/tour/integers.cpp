@@ -1,6 +1,8 @@
-// Long integers: 10,000 decimals of e from its series, summed by binary splitting (Brent: The complexity
+// Long integers: 100,000 decimals of e from its series, summed by binary splitting (Brent: The complexity
 // of multiple-precision arithmetic, 1976; Haible and Papanikolaou, Fast multiprecision evaluation of
-// series of rational numbers, ANTS-III, LNCS 1423 (1998) 338-350), and the product of two primes.
+// series of rational numbers, ANTS-III, LNCS 1423 (1998) 338-350), a prime of Mersenne proved by the test
+// of Lucas and Lehmer (Lehmer, Journal of the London Mathematical Society 10, 1935), and the product of
+// two more.
 #include "tools/tour/chapters.h"
 #include "vor_gmp.h"
 
@@ -51,12 +53,12 @@ private:
 
 // ---- Decimals of e -------------------------------------------------------------------------------
 
-constexpr int kDecimals = 10000, kGuards = 20, kShown = 50;
+constexpr int kDecimals = 100000, kGuards = 20, kShown = 50;
 
-// Decimals 9951 to 10000, from the series term by term with Python's integers; the first ones are in
+// Decimals 99951 to 100000, from the series term by term with Python's integers; the first ones are in
 // every table. (The digits: On-Line Encyclopedia of Integer Sequences, A001113.)
 constexpr char kFirst[] = "71828182845904523536028747135266249775724709369995";
-constexpr char kLast[] = "71039765214696027662583599051987042300179465536788";
+constexpr char kLast[] = "42843941834687865142541377686054291079721004271658";
 
 // p / q = the sum of first! / k! for k from first + 1 to last; q = last! / first!.
 struct Fraction {
@@ -79,40 +81,6 @@ unsigned terms_for(int digits) {
     return k;
 }
 
-// Decimal digits by halves: division by 10^9, its square, the square of that, ...
-class Decimal {
-public:
-    static std::string text(const Integer& x, int digits) {
-        Decimal decimal;
-        decimal.powers_.emplace_back(1000000000u);
-        for (int width = kWord; 2 * width < digits; width *= 2)
-            decimal.powers_.push_back(decimal.powers_.back() * decimal.powers_.back());
-        decimal.append(x, digits, decimal.powers_.size());
-        return decimal.text_;
-    }
-
-private:
-    static constexpr int kWord = 9; // digits that a limb holds
-
-    // Exactly `digits` digits of x, zeros in front.
-    void append(const Integer& x, int digits, size_t level) {
-        while (level > 0 && (kWord << (level - 1)) >= digits) --level;
-        if (level == 0) {
-            const std::string word = std::to_string(__gmpz_get_ui(x.get()));
-            text_.append(static_cast<size_t>(digits) - word.size(), '0') += word;
-            return;
-        }
-        const int low = kWord << (level - 1);
-        Integer high, rest;
-        __gmpz_tdiv_qr(high.get(), rest.get(), x.get(), powers_[level - 1].get());
-        append(high, digits - low, level);
-        append(rest, low, level - 1);
-    }
-
-    std::vector<Integer> powers_;
-    std::string text_;
-};
-
 // The digits behind the point. Series and division fall short of e by less than two units of the last
 // guard digit.
 std::string decimals_of_e() {
@@ -122,7 +90,9 @@ std::string decimals_of_e() {
     e.p = e.p * scale;
     __gmpz_tdiv_q(e.p.get(), e.p.get(), e.q.get()); // e - 1
     __gmpz_sub(e.p.get(), e.p.get(), scale.get());  // e - 2
-    return Decimal::text(e.p, kDecimals + kGuards).substr(0, kDecimals);
+    std::string text(__gmpz_sizeinbase(e.p.get(), 10) + 2, '\0');
+    __gmpz_get_str(text.data(), 10, e.p.get());
+    return text.substr(0, kDecimals); // the first digit is not 0
 }
 
 bool check_e() {
@@ -138,10 +108,7 @@ bool check_e() {
     return agrees;
 }
 
-// ---- A product of two primes ---------------------------------------------------------------------
-
-// 2^n - 1 is prime for both (Slowinski and Gage 1996; Armengaud, Woltman and others 1996).
-constexpr unsigned kSmaller = 1257787, kLarger = 1398269;
+// ---- A prime of Mersenne --------------------------------------------------------------------------
 
 Integer mersenne(unsigned exponent) {
     Integer m(1);
@@ -149,6 +116,38 @@ Integer mersenne(unsigned exponent) {
     __gmpz_sub_ui(m.get(), m.get(), 1);
     return m;
 }
+
+// 2^p - 1 is prime for an odd prime p if and only if it divides s(p - 2), with s(0) = 4 and
+// s(i) = s(i - 1)^2 - 2. Modulo 2^p - 1 the bits above p count as they stand.
+bool lucas_lehmer(unsigned p) {
+    const Integer m = mersenne(p);
+    Integer s(4), high;
+    for (unsigned i = 2; i < p; ++i) {
+        __gmpz_mul(s.get(), s.get(), s.get());
+        __gmpz_sub_ui(s.get(), s.get(), 2);
+        while (__gmpz_sizeinbase(s.get(), 2) > p) {
+            __gmpz_tdiv_q_2exp(high.get(), s.get(), p);
+            __gmpz_tdiv_r_2exp(s.get(), s.get(), p);
+            __gmpz_add(s.get(), s.get(), high.get());
+        }
+    }
+    return __gmpz_divisible_p(s.get(), m.get()) == 1;
+}
+
+bool check_prime() {
+    constexpr unsigned kPrime = 9689, kComposite = 9697; // the first: Gillies 1964
+    const Clock clock;
+    const bool prime = lucas_lehmer(kPrime), composite = !lucas_lehmer(kComposite);
+    std::printf("Lucas and Lehmer: 2^%u - 1 is %s, 2^%u - 1 is %s: %s, in %.3g seconds\n\n", kPrime,
+                prime ? "prime" : "composite", kComposite, composite ? "composite" : "prime",
+                prime && composite ? "agrees" : "DIFFERS", clock.seconds());
+    return prime && composite;
+}
+
+// ---- A product of two primes ---------------------------------------------------------------------
+
+// 2^n - 1 is prime for both (Slowinski and Gage 1996; Armengaud, Woltman and others 1996).
+constexpr unsigned kSmaller = 1257787, kLarger = 1398269;
 
 // 2^exponent - 1 modulo a word, in words only.
 uint64_t mersenne_modulo(unsigned exponent, uint64_t modulus) {
@@ -181,8 +180,8 @@ bool check_product() {
 } // namespace
 
 bool long_integers(const Tour&) {
-    const bool e = check_e(), product = check_product();
-    return e && product;
+    const bool e = check_e(), prime = check_prime(), product = check_product();
+    return e && prime && product;
 }
 
 } // namespace vor::tool
