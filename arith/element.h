@@ -54,9 +54,9 @@ inline bool has_zero_bits(const T& x) {
     if constexpr (is_complex<T>) {
         return has_zero_bits(x.re) && has_zero_bits(x.im);
     } else {
-        unsigned words[sizeof(T) / sizeof(unsigned)];
-        __builtin_memcpy(words, &x, sizeof(T));
-        unsigned any = words[sizeof(T) / sizeof(unsigned) - 1] << 1;
+        using Word [[gnu::may_alias]] = unsigned;
+        const Word* const words = reinterpret_cast<const Word*>(&x);
+        unsigned any = words[sizeof(T) / sizeof(Word) - 1] << 1;
         if constexpr (sizeof(T) == 8) any |= words[0];
         return any == 0;
     }

@@ -48,23 +48,9 @@ inline void accumulate(extended& sum, const double& x, const extended& y) {
 }
 
 // sum += x*y + u*v, and sum += x*y - u*v, the two products added first. They need two places on the stack.
-inline void accumulate_sum(extended& sum, const float& x, const float& y, const float& u,
-                           const float& v) {
-    asm("flds %1\n\tfmuls %2\n\tflds %3\n\tfmuls %4\n\tfaddp\n\tfaddp"
-        : "+t"(sum)
-        : "m"(x), "m"(y), "m"(u), "m"(v)
-        : "st(6)", "st(7)");
-}
 inline void accumulate_sum(extended& sum, const double& x, const double& y, const double& u,
                            const double& v) {
     asm("fldl %1\n\tfmull %2\n\tfldl %3\n\tfmull %4\n\tfaddp\n\tfaddp"
-        : "+t"(sum)
-        : "m"(x), "m"(y), "m"(u), "m"(v)
-        : "st(6)", "st(7)");
-}
-inline void accumulate_difference(extended& sum, const float& x, const float& y, const float& u,
-                                  const float& v) {
-    asm("flds %1\n\tfmuls %2\n\tflds %3\n\tfmuls %4\n\tfsubrp %%st, %%st(1)\n\tfaddp"
         : "+t"(sum)
         : "m"(x), "m"(y), "m"(u), "m"(v)
         : "st(6)", "st(7)");

@@ -47,8 +47,9 @@ struct Numbers {
 };
 
 // sum += a x or conj(a) x
-template <bool conjugate, class T>
-[[gnu::always_inline]] inline void accumulate_product(cextended& sum, const T& a, const T& x) {
+template <bool conjugate>
+[[gnu::always_inline]] inline void accumulate_product(cextended& sum, const cdouble& a,
+                                                      const cdouble& x) {
     if constexpr (conjugate) {
         accumulate_sum(sum.re, a.re, x.re, a.im, x.im);
         accumulate_difference(sum.im, a.re, x.im, a.im, x.re);
@@ -72,25 +73,18 @@ template <Order order = Order::down, int columns, class T, class V, class Y>
     }
 }
 
-// to(i) := from(i) + u.re a[i].re + u.im a[i].im + v.re b[i].re + v.im b[i].im: one part of the elements of
-// two complex columns, with four factors that stay on the x87 stack.
-template <class T, class From, class To>
-[[gnu::always_inline]] inline void add_part(int rows, const T* a, const T* b, cextended u,
-                                            cextended v, From from, To to) {
-#pragma GCC unroll 2
-    for (int i = 0; i < rows; ++i)
-        to(i) = static_cast<std::remove_reference_t<decltype(to(i))>>(
-            factor<extended>(a[i].re) * u.re + from(i) + factor<extended>(a[i].im) * u.im +
-            factor<extended>(b[i].re) * v.re + factor<extended>(b[i].im) * v.im);
-}
-
-// The same for two complex columns in extended precision: real parts, then imaginary parts.
+// The same for two complex columns in extended precision: real parts, then imaginary parts, so that the
+// four factors of a pass stay on the x87 stack.
 template <Order order = Order::down, class T, class Y>
 [[gnu::always_inline]] inline void add_columns(int rows, const Columns<2, T>& a,
                                                const Numbers<2, cextended>& t, Y y) {
     const auto add = [&](auto part, cextended u, cextended v) {
-        const auto element = [&](int i) -> real_t<T>& { return y[i].*part; };
-        add_part(rows, a.first[0], a.first[1], u, v, element, element);
+        const T *const p = a.first[0], *const q = a.first[1];
+#pragma GCC unroll 2
+        for (int i = 0; i < rows; ++i)
+            y[i].*part = static_cast<real_t<T>>(
+                factor<extended>(p[i].re) * u.re + y[i].*part + factor<extended>(p[i].im) * u.im +
+                factor<extended>(q[i].re) * v.re + factor<extended>(q[i].im) * v.im);
     };
     add(&T::re, {t.of[0].re, -t.of[0].im}, {t.of[1].re, -t.of[1].im});
     add(&T::im, {t.of[0].im, t.of[0].re}, {t.of[1].im, t.of[1].re});
@@ -278,16 +272,16 @@ template <bool conjugate, int columns, class X, class Y>
     }
 }
 
-// The same for one complex column in extended precision.
-template <bool conjugate, class T, class X, class Y>
-[[gnu::always_inline]] inline void add_and_dot_columns(int rows, const Columns<1, T>& a,
+// The same for one complex column: two sums, two factors and two products fill the stack.
+template <bool conjugate, class X, class Y>
+[[gnu::always_inline]] inline void add_and_dot_columns(int rows, const Columns<1, cdouble>& a,
                                                        const Numbers<1, cextended>& t, X x, Y y,
                                                        Numbers<1, cextended>& s) {
     const cextended f = t.of[0];
     cextended sum = s.of[0];
 #pragma GCC unroll 2
     for (int i = 0; i < rows; ++i) {
-        const T& ai = a.first[0][i];
+        const cdouble& ai = a.first[0][i];
         accumulate_product<conjugate>(sum, ai, x[i]);
         add_difference(y[i].re, ai.re, f.re, ai.im, f.im);
         add_sum(y[i].im, ai.re, f.im, ai.im, f.re);
@@ -295,24 +289,23 @@ template <bool conjugate, class T, class X, class Y>
     s.of[0] = sum;
 }
 
-// The same for complex columns in extended precision, whose factors and sums have no room on the x87
-// stack together: by tiles that stay in the cache, and in pairs of columns, after each of which y is
-// rounded.
-template <bool conjugate, int columns, class T, class X, class Y>
-[[gnu::always_inline]] inline void add_and_dot_columns(int rows, const Columns<columns, T>& a,
+// The same for two or four complex columns, whose factors and sums have no room on the stack together: by
+// tiles that stay in the cache, and in pairs of columns, after each of which y is rounded.
+template <bool conjugate, int columns, class X, class Y>
+[[gnu::always_inline]] inline void add_and_dot_columns(int rows, const Columns<columns, cdouble>& a,
                                                        const Numbers<columns, cextended>& t, X x,
                                                        Y y, Numbers<columns, cextended>& s) {
-    constexpr int kTile = 256, kPair = columns > 1 ? 2 : 1;
+    constexpr int kTile = 256;
     for (int i = 0; i < rows; i += kTile) {
         const int count = rows - i < kTile ? rows - i : kTile;
-        for (int q = 0; q < columns; q += kPair) {
-            Columns<kPair, T> pair;
-            Numbers<kPair, cextended> factors;
-            for (int p = 0; p < kPair; ++p) {
+        for (int q = 0; q < columns; q += 2) {
+            Columns<2, cdouble> pair;
+            Numbers<2, cextended> factors;
+            for (int p = 0; p < 2; ++p) {
                 pair.first[p] = a.first[q + p] + i;
                 factors.of[p] = t.of[q + p];
                 Numbers<1, cextended> sum = {s.of[q + p]};
-                dot_columns<conjugate>(count, Columns<1, T>{pair.first[p]}, x.from(i), sum);
+                dot_columns<conjugate>(count, Columns<1, cdouble>{pair.first[p]}, x.from(i), sum);
                 s.of[q + p] = sum.of[0];
             }
             add_columns(count, pair, factors, y.from(i));

@@ -22,7 +22,7 @@ void add_rounds(int rounds, V alpha, const T* x, T* y) {
 }
 
 template <class T>
-void gerin(int m, T alpha, const T* x, int incx, T* y, int incy) {
+void gerin(int m, const T& alpha, const T* x, int incx, T* y, int incy) {
     if (m < 1 || has_zero_bits(alpha)) return;
     const auto t = number<wide_t<T>>(alpha);
     int done = 0;

@@ -15,7 +15,7 @@ void ger(void(*gerin) PARAMS_GERIN(T), const int* m, int n, T alpha, const T* x,
     const int one = 1;
     const Vector<const T, int> v{walk_start(y, n, incy), incy};
     for (int j = 0; j < n; ++j) {
-        if (has_zero_bits(v[j])) continue;
+        if (is_zero(v[j])) continue;
         const T yj = conjugate ? conjugated(v[j]) : v[j];
         const T t = element<T>(number<V>(alpha) * number<V>(yj));
         gerin(m, &t, x, incx, a + j * lda, &one);

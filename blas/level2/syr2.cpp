@@ -1,4 +1,5 @@
-// syr2, her2: A := A + alpha * x * y^H + conj(alpha) * y * x^H, one triangle of A.
+// syr2, her2: A := A + alpha * x * y^H + conj(alpha) * y * x^H, one triangle of A. In double
+// precision with neighbouring x and y two columns go together, unless one of them is passed over.
 #include "blas/level2/entry.h"
 #include "blas/level2/update.h"
 

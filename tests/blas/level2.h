@@ -119,11 +119,11 @@ public:
     }
 
 private:
-    // Two objects out of three end right before a page that cannot be touched; the third has an address
+    // Three objects out of four end right before a page that cannot be touched; the fourth has an address
     // of its own against the boundaries of vectors.
     static size_t next_offset() {
         static unsigned count = 0;
-        return ++count % 3 == 0 ? sizeof(T) % 16 : Guarded<T>::kAnyOffset;
+        return ++count % 4 == 0 ? sizeof(T) % 16 : Guarded<T>::kAnyOffset;
     }
 
     Layout layout_;
