@@ -4,7 +4,6 @@
 // its objects and sizes the work buffer. A commit starts from nothing: what an earlier one built is
 // released first. A failed commit leaves an uncommitted descriptor that holds no table.
 #include "dft/engines.h"
-#include "dft/pending.h"
 #include "dft/real_plane.h"
 #include "dft/routines.h"
 #include "serv/entry.h"

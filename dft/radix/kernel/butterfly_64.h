@@ -1,4 +1,4 @@
-// The butterflies of four with twiddles in double precision, by hand: see signal/fft/butterfly_64.h for what
+// The butterflies of four with twiddles in double precision, by hand: see signal/fft/kernel/butterfly_64.h for what
 // the x87 unit likes. Forward multiplies first, which is the butterfly of that file on elements in natural order;
 // the inverse multiplies last and is told here.
 //
@@ -10,7 +10,7 @@
 
 #include "dft/radix/data.h"
 #include "signal/direction.h"
-#include "signal/fft/butterfly_64.h"
+#include "signal/fft/kernel/butterfly_64.h"
 
 namespace vor::dfti::radix {
 
