@@ -18,6 +18,7 @@ Suite all_cases() {
         fft_cases,
         dft_cases,
         dfti_cases,
+        onecall_cases,
         gmp_cases,
         number_cases,
     };

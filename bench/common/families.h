@@ -16,6 +16,7 @@ Suite sparse_cases();
 Suite fft_cases();
 Suite dft_cases();
 Suite dfti_cases();
+Suite onecall_cases();
 Suite gmp_cases();
 Suite number_cases();
 

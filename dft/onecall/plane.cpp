@@ -56,13 +56,14 @@ using namespace vor::dfti::onecall;
               {DRIVER, sizeof DRIVER - 1});                                                        \
     }                                                                                              \
     VOR_CHECKED_ENTRY(lower, UPPER, driver, check, PARAMS_FFT2D(C), ARGS_FFT2D)
-#define FFT2DC(serial, SERIAL, driver, DRIVER, check, lower, UPPER, R)                             \
+// Split forms have one name for both.
+#define FFT2DC(serial, driver, NAME, check, lower, UPPER, R)                                       \
     extern "C" void serial(R* rr, R* ri, const int* m, const int* n, const int* isign) {           \
-        run(Split<R>{rr, ri}, *m, *n, *isign, 1, {SERIAL, sizeof SERIAL - 1});                     \
+        run(Split<R>{rr, ri}, *m, *n, *isign, 1, {NAME, sizeof NAME - 1});                         \
     }                                                                                              \
     VOR_ENGINE void driver PARAMS_FFT2DC(R) {                                                      \
-        drive(Split<R>{rr, ri}, m, n, isign, {SERIAL, sizeof SERIAL - 1},                          \
-              {DRIVER, sizeof DRIVER - 1});                                                        \
+        constexpr Name name = {NAME, sizeof NAME - 1};                                             \
+        drive(Split<R>{rr, ri}, m, n, isign, name, name);                                          \
     }                                                                                              \
     VOR_CHECKED_ENTRY(lower, UPPER, driver, check, PARAMS_FFT2DC(R), ARGS_FFT2DC)
 
@@ -70,10 +71,10 @@ FFT2D(vor_dft_xcfft2d, "XCFFT2D ", vor_dft_cfft2d, "CFFT2D ", vor_dft_errchk_cff
       VOR_SCOMPLEX, float)
 FFT2D(vor_dft_xzfft2d, "XZFFT2D ", vor_dft_zfft2d, "ZFFT2D ", vor_dft_errchk_zfft2d, zfft2d, ZFFT2D,
       VOR_DCOMPLEX, double)
-FFT2DC(vor_dft_xcfft2dc, "XCFFT2DC", vor_dft_cfft2dc, "CFFT2DC", vor_dft_errchk_cfft2dc, cfft2dc,
-       CFFT2DC, float)
-FFT2DC(vor_dft_xzfft2dc, "XZFFT2DC", vor_dft_zfft2dc, "ZFFT2DC", vor_dft_errchk_zfft2dc, zfft2dc,
-       ZFFT2DC, double)
+FFT2DC(vor_dft_xcfft2dc, vor_dft_cfft2dc, "CFFT2DC", vor_dft_errchk_cfft2dc, cfft2dc, CFFT2DC,
+       float)
+FFT2DC(vor_dft_xzfft2dc, vor_dft_zfft2dc, "ZFFT2DC", vor_dft_errchk_zfft2dc, zfft2dc, ZFFT2DC,
+       double)
 
 // Shares of a plane by name: `count` columns of m points, `count` rows of n points, m elements apart. The rows
 // give 1 if there is no memory for them.

@@ -140,14 +140,14 @@ using vor::Direction;
                                                     {DRIVER, sizeof DRIVER - 1});                  \
     }                                                                                              \
     VOR_CHECKED_ENTRY(lower, UPPER, driver, check, PARAMS_REAL_FFT2D(R), ARGS_REAL_FFT2D)
-// These entries give what their check gives.
-#define REAL2DC(serial, SERIAL, driver, DRIVER, check, lower, UPPER, R, direction)                 \
+// Split forms have one name for both. Their entries give what the check gives.
+#define REAL2DC(serial, driver, NAME, check, lower, UPPER, R, direction)                           \
     extern "C" void serial(R* r, const int* m, const int* n) {                                     \
-        run<Direction::direction, Storage::split>(r, *m, *n, 1, {SERIAL, sizeof SERIAL - 1});      \
+        run<Direction::direction, Storage::split>(r, *m, *n, 1, {NAME, sizeof NAME - 1});          \
     }                                                                                              \
     VOR_ENGINE void driver PARAMS_REAL_FFT2DC(R) {                                                 \
-        drive<Direction::direction, Storage::split>(r, m, n, {SERIAL, sizeof SERIAL - 1},          \
-                                                    {DRIVER, sizeof DRIVER - 1});                  \
+        constexpr Name name = {NAME, sizeof NAME - 1};                                             \
+        drive<Direction::direction, Storage::split>(r, m, n, name, name);                          \
     }                                                                                              \
     extern "C" int lower PARAMS_REAL_FFT2DC(R) {                                                   \
         vor::run_frame();                                                                          \
@@ -166,14 +166,14 @@ REAL2D(vor_dft_xcsfft2d, "XCSFFT2D", vor_dft_csfft2d, "CSFFT2D ", vor_dft_errchk
        CSFFT2D, float, backward)
 REAL2D(vor_dft_xzdfft2d, "XZDFFT2D", vor_dft_zdfft2d, "ZDFFT2D ", vor_dft_errchk_zdfft2d, zdfft2d,
        ZDFFT2D, double, backward)
-REAL2DC(vor_dft_xscfft2dc, "XSCFFT2DC", vor_dft_scfft2dc, "SCFFT2DC", vor_dft_errchk_scfft2dc,
-        scfft2dc, SCFFT2DC, float, forward)
-REAL2DC(vor_dft_xdzfft2dc, "XDZFFT2DC", vor_dft_dzfft2dc, "DZFFT2DC", vor_dft_errchk_dzfft2dc,
-        dzfft2dc, DZFFT2DC, double, forward)
-REAL2DC(vor_dft_xcsfft2dc, "XCSFFT2DC", vor_dft_csfft2dc, "CSFFT2DC", vor_dft_errchk_csfft2dc,
-        csfft2dc, CSFFT2DC, float, backward)
-REAL2DC(vor_dft_xzdfft2dc, "XZDFFT2DC", vor_dft_zdfft2dc, "ZDFFT2DC", vor_dft_errchk_zdfft2dc,
-        zdfft2dc, ZDFFT2DC, double, backward)
+REAL2DC(vor_dft_xscfft2dc, vor_dft_scfft2dc, "SCFFT2DC", vor_dft_errchk_scfft2dc, scfft2dc,
+        SCFFT2DC, float, forward)
+REAL2DC(vor_dft_xdzfft2dc, vor_dft_dzfft2dc, "DZFFT2DC", vor_dft_errchk_dzfft2dc, dzfft2dc,
+        DZFFT2DC, double, forward)
+REAL2DC(vor_dft_xcsfft2dc, vor_dft_csfft2dc, "CSFFT2DC", vor_dft_errchk_csfft2dc, csfft2dc,
+        CSFFT2DC, float, backward)
+REAL2DC(vor_dft_xzdfft2dc, vor_dft_zdfft2dc, "ZDFFT2DC", vor_dft_errchk_zdfft2dc, zdfft2dc,
+        ZDFFT2DC, double, backward)
 
 // Shares of a plane by name: its columns from `first` on, and complex rows from `first` on. They give 1 if
 // there is no memory for them.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "dft/radix/engine.h"
+#include "serv/team.h"
 
 namespace vor::dfti::onecall {
 

@@ -19,7 +19,7 @@ Order order_of(const DftiRecord& record) {
 // In double precision the last sweep scales as well; in single precision a sweep of its own follows, unless the
 // scale is 1.
 template <class R>
-void forward_scaled(Pairs<R> x, const DftiRecord& record, Team team) {
+void run_forward(Pairs<R> x, const DftiRecord& record, Team team) {
     const auto tables = tables_of<R>(record);
     const R scale = record.*Directed<R, Direction::forward>::scale;
     if (scale == 1) return forward(x, tables, order_of(record), team);
@@ -28,7 +28,7 @@ void forward_scaled(Pairs<R> x, const DftiRecord& record, Team team) {
         const int reals = 2 * record.length, step = 1;
         vor_blas_sscal(&reals, &scale, x.re(), &step);
     } else {
-        forward(x, scaled(x, scale), tables, order_of(record), team);
+        forward_scaled(x, tables, order_of(record), scale, team);
     }
 }
 
@@ -39,7 +39,7 @@ int run(void* data, DftiRecord* record, Team team) {
     if (record->length == 1)
         x.set(0, x.get(0) * scale);
     else if constexpr (D == Direction::forward)
-        forward_scaled(x, *record, team);
+        run_forward(x, *record, team);
     else
         backward(x, tables_of<R>(*record), order_of(*record), scale, team);
     return DFTI_NO_ERROR;

@@ -89,8 +89,54 @@ inline bool reverse_long(Split<double> x, int n) {
     for (double* part : {x.x, x.y}) tavs_BitRev1_C(reinterpret_cast<cfloat*>(part), n, nullptr);
     return true;
 }
-inline bool reverse_long(Split<float>, int) {
-    return false;
+
+// Four-byte numbers go by tiles of four by four: an index is two top bits, middle bits m, two bottom bits. The tile
+// of m is turned over its diagonal, with the orders 0, 2, 1, 3, and changes places with that of the reversed m.
+struct Tile {
+    __m128 row[4];
+
+    Tile(const float* p, int apart) {
+        __m128 x[] = {_mm_loadu_ps(p), _mm_loadu_ps(p + 2 * apart), _mm_loadu_ps(p + apart),
+                      _mm_loadu_ps(p + 3 * apart)};
+        transpose(x[0], x[1], x[2], x[3]);
+        row[0] = x[0];
+        row[1] = x[2];
+        row[2] = x[1];
+        row[3] = x[3];
+    }
+    void store(float* p, int apart) const {
+#pragma GCC unroll 4
+        for (int i = 0; i < 4; ++i) _mm_storeu_ps(p + i * apart, row[i]);
+    }
+};
+
+// n at least 16. All m with the same bits between their two top and two bottom ones are visited together: they
+// share their lines, and so do their reverses.
+inline void reverse_tiles(float* x, int n) {
+    const int bits = trailing_zeros(static_cast<unsigned>(n)) - 4, shared = bits < 4 ? bits : 4;
+    const int low = 1 << (shared + 1) / 2, high = 1 << shared / 2, inner = bits - shared;
+    const auto reverse = [](int i, int width) {
+        return static_cast<int>(fft::reverse_bits(static_cast<unsigned>(i), width));
+    };
+    const auto visit = [=](int m, bool both_ways) {
+        const int r = reverse(m, bits);
+        if (both_ways && m > r) return; // its reverse is visited as well
+        float *const p = x + 4 * m, *const q = x + 4 * r;
+        const Tile tile(p, n / 4);
+        if (m != r) Tile(q, n / 4).store(p, n / 4);
+        tile.store(q, n / 4);
+    };
+    for (int i = 0; i < 1 << inner; ++i) {
+        const int mirror = reverse(i, inner);
+        if (i > mirror) continue;
+        for (int b = 0; b < low; ++b)
+            for (int t = 0; t < high; ++t) visit((t << inner | i) * low + b, i == mirror);
+    }
+}
+inline bool reverse_long(Split<float> x, int n) {
+    reverse_tiles(x.x, n);
+    reverse_tiles(x.y, n);
+    return true;
 }
 
 template <class Form>

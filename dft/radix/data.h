@@ -139,6 +139,19 @@ struct Split<float> {
     }
     Split from(int j) const { return {x + j, y + j}; }
 };
+inline void load_pair(Split<float> data, int b, __m128 (&x)[4]) {
+    const Four p = data.load(4 * b), q = data.load(4 * b + 4);
+    const __m128 a = _mm_unpacklo_ps(p.re, p.im), c = _mm_unpacklo_ps(q.re, q.im);
+    x[0] = _mm_movelh_ps(a, c);
+    x[1] = _mm_movehl_ps(c, a);
+    const __m128 d = _mm_unpackhi_ps(p.re, p.im), e = _mm_unpackhi_ps(q.re, q.im);
+    x[2] = _mm_movelh_ps(d, e);
+    x[3] = _mm_movehl_ps(e, d);
+}
+inline void store_pair(Split<float> data, int b, const __m128 (&x)[4]) {
+    data.store(4 * b, parts(_mm_movelh_ps(x[0], x[1]), _mm_movelh_ps(x[2], x[3])));
+    data.store(4 * b + 4, parts(_mm_movehl_ps(x[1], x[0]), _mm_movehl_ps(x[3], x[2])));
+}
 
 // Interleaved points whose order is reversed: blocks of sixteen are read from, or written to, the places where
 // bit reversal takes them.
@@ -175,14 +188,6 @@ inline void store_pair(Reversed data, int b, const __m128 (&x)[4]) {
         _mm_storeh_pi(p + data.n / 8, x[i]);
     }
 }
-// Whose numbers are moved as a whole.
-template <class Form>
-inline constexpr bool kPaired = false;
-template <>
-inline constexpr bool kPaired<Pairs<float>> = true;
-template <>
-inline constexpr bool kPaired<Reversed> = true;
-
 // Between the passes interleaved single-precision data stand in four-lane form: four real parts, then
 // four imaginary parts.
 struct InLanes {

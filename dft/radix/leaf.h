@@ -56,10 +56,9 @@ inline void neighbours_from_paired(auto x, int b, Four& low, Four& high) {
     high = parts(_mm_movehl_ps(y1, y0), _mm_movehl_ps(y3, y2));
 }
 
-// Sixteen plain points whose ends are paired: the butterflies of neighbours follow, or go before, while the others
-// are under way.
+// Sixteen plain points: the butterflies of neighbours follow, or go before, while the others are under way.
 template <Direction D, class In, class Out>
-[[gnu::always_inline]] inline void sixteen_paired(In x, Out y, StagedTriple outer) {
+[[gnu::always_inline]] inline void sixteen_plain(In x, Out y, StagedTriple outer) {
     constexpr bool first = kFirst<Twiddling::plain, D>;
     Four kept;
     if constexpr (D == Direction::forward) {
@@ -84,15 +83,8 @@ template <Direction D, class In, class Out>
 
 template <Direction D, class In, class Out>
 void tail(In x, Out y, int n, Staged) {
-    constexpr bool first = kFirst<Twiddling::plain, D>;
-    constexpr bool paired = D == Direction::forward ? kPaired<Out> : kPaired<In>;
     const StagedTriple w{program_staged(kTailStages)};
-    for (int i = 0; i < n; i += 16) {
-        if constexpr (paired)
-            sixteen_paired<D>(x.from(i), y.from(i), w);
-        else
-            sixteen<D, first>(x.from(i), y.from(i), w, One{});
-    }
+    for (int i = 0; i < n; i += 16) sixteen_plain<D>(x.from(i), y.from(i), w);
 }
 
 template <Direction D, class In, class Out>

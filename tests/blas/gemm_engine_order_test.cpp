@@ -160,7 +160,7 @@ TEST(GemmOrder, SingleBetaOfOneIsMultiplied) {
     for (const Size& size : {Size{20, 3, 1}, Size{3, 2, 40}, Size{70, 13, 80}}) {
         Product<float> p(random, 'N', 'N', size, 1, 1), zero = p;
         p.a.fill(1.2e-19f), p.b.fill(1.2e-19f), p.c.fill(1e-39f);
-        zero.a.fill(1.2e-19f), zero.b.fill(1.2e-19f), zero.c.fill(0);
+        zero.a.fill(1.2e-19f), zero.b.fill(1.2e-19f), zero.c.fill(0.0f);
         const unsigned before = _mm_getcsr();
         _MM_SET_FLUSH_ZERO_MODE(_MM_FLUSH_ZERO_ON);
         p.run();

@@ -8,7 +8,7 @@ namespace {
 
 using namespace vor::test;
 
-constexpr double kBound = 0.8;
+constexpr double kBound = 0.4; // of the error, in eps log2(m n)
 
 template <class R>
 class OneCallPlane : public ::testing::Test {};

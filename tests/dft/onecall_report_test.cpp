@@ -187,7 +187,7 @@ TEST_F(OneCallReports, LostMemory) {
         if (member.shape == real_vector && split) lost(member, {1, 8}, name + '\0');
         if (member.shape != plane && member.shape != split_plane && member.shape != real_plane)
             continue;
-        std::string serial = "X" + name;
+        std::string serial = split ? name : "X" + name; // the engine's name
         if (!split) serial.resize(8, ' ');
         lost(member, {8, 8}, serial);
         lost(member, {2, 4}, serial);
