@@ -72,7 +72,7 @@ template <int N>
 
 // r[0 .. 2n) = 2 r + the squares of the n words of a.
 [[gnu::noinline]] inline void double_and_add_squares(word* r, const word* a, int n) {
-    word carry = 0; // up to 2
+    word carry = 0; // up to 2. The instructions leave their result in memory: volatile.
     for (int i = 0; i < n; ++i) {
 #ifndef __SANITIZE_ADDRESS__
         word next;
