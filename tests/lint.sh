@@ -26,7 +26,7 @@ later() {
 
 clang-format --dry-run -Werror "${sources[@]}" || fault "formatting: run ./dev format"
 LC_ALL=C sort -cu exports.txt || fault "exports.txt is not sorted, or holds a name twice"
-if grep -nE 'TODO|FIXME|XXX' "${sources[@]}"; then fault "loose ends in the code"; fi
+if grep -nE '\b(TODO|FIXME|XXX)\b' "${sources[@]}"; then fault "loose ends in the code"; fi
 if grep -nP '[ \t]+$' "${sources[@]}" CMakeLists.txt cmake/*.cmake dev docs/*.md README.md; then
     fault "blanks at the end of a line"
 fi
