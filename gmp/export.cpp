@@ -32,6 +32,20 @@ private:
     unsigned held_ = 0;
 };
 
+// bits / value_bits, rounded up, without a division of 64 bits: more than 2^32 value bits go into the longest
+// number a few times only.
+uint64_t words_for(uint64_t bits, uint64_t value_bits) {
+    const uint64_t above = bits + value_bits - 1;
+    if (value_bits > UINT32_MAX) {
+        uint64_t count = 0;
+        for (uint64_t rest = above; rest >= value_bits; rest -= value_bits) ++count;
+        return count;
+    }
+    limb_t quotient[] = {static_cast<limb_t>(above), static_cast<limb_t>(above >> 32)};
+    limb::divide_1(quotient, quotient, 2, static_cast<limb_t>(value_bits));
+    return uint64_t{quotient[1]} << 32 | quotient[0];
+}
+
 } // namespace
 
 VOR_GMP(void*, __gmpz_export, __GMPZ_EXPORT, vor_gmp___gmpz_export,
@@ -43,7 +57,7 @@ VOR_GMP(void*, __gmpz_export, __GMPZ_EXPORT, vor_gmp___gmpz_export,
     if (bits == 0) return dst;
     const WordBytes words(size, order, endian, nails);
     if (words.value_bits() == 0) limb::divide_by_zero();
-    const uint64_t n = (bits + words.value_bits() - 1) / words.value_bits();
+    const uint64_t n = words_for(bits, words.value_bits());
     if (!dst) dst = allocate_bytes(n > UINT32_MAX / size ? UINT64_MAX : n * size);
     if (count) *count = static_cast<unsigned>(n);
     Bits source(x->_mp_d, limbs_of(x));

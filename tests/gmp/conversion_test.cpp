@@ -284,14 +284,18 @@ TEST(Streams, RawFormsThatEnd) {
         EXPECT_EQ(full.text(), whole.text().substr(0, n));
     }
     // A length that only the header knows must not be believed.
+#ifndef VOR_SANITIZED // which counts blocks itself
     Allocations allocations;
+#endif
     for (const char* header : {"\x7f\xff\xff\xff", "\x80\0\0\0", "\x80\0\0\1"}) {
         Z r(before);
         Stream stream(std::string(header, 4) + "abcd");
         EXPECT_EQ(__gmpz_inp_raw(r, stream), 8u);
         EXPECT_EQ(r.value(), before);
     }
+#ifndef VOR_SANITIZED
     EXPECT_EQ(allocations.live(), 0);
+#endif
 }
 
 // ---- Doubles and words ------------------------------------------------------------------------

@@ -136,7 +136,7 @@ class Tour(Case):
                  r"the tip sinks by (\d+\.\d+) mm; P L\^3 / \(3 E I\) is \1 mm: agrees$",
                  r"160000 equations, 798400 entries: conjugate gradients",
                  r"temperature near the centre (0\.25\d+), by the series \1; .*: agrees$",
-                 r"(sum 1\.0000.*the C library comes first: agrees$|left out: .*packages$)",
+                 r"(sum (1\.0|0\.9)\d+, .*the C library comes first: agrees$|left out: .*packages$)",
                  r"e = 2\.71828182845904523536",
                  r"decimals 9951 to 10000: (\d{50}), known as \1: agrees$",
                  r".*two primes: a product of 2656056 bits",
@@ -357,7 +357,7 @@ class Solve(Case):
         self.assertIn("steps", self.svg_text(self.dir / "fall.svg"))
         done = self.run_vor("solve", matrix, "--sparse", "--steps", "3", status=1)
         self.assertRegex(done.stderr, r"the iteration does not converge: residual \S+ after 3 steps\n$")
-        self.fails(r"vor: .*zero: the right side is zero: .*", "solve", matrix, "--sparse", "--rhs",
+        self.fails(r"vor: .*a\.mtx: the right side is zero: .*", "solve", matrix, "--sparse", "--rhs",
                    self.file("zero", self.HEAD + "array real general\n900 1\n" + "0\n" * 900))
 
     def test_bad_input(self):
