@@ -1,6 +1,6 @@
 // The transforms of the four forms.
 #include "dft/radix/engine.h"
-#include "dft/radix/bit_reverse.h"
+#include "dft/radix/kernel/bit_reverse.h"
 #include "serv/team.h"
 
 namespace vor::dfti::radix {

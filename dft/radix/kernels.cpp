@@ -9,7 +9,7 @@
 //   scale     a factor, applied with the last stage
 //
 // and assume all preconditions. Data stand in the form of the name before and after.
-#include "dft/radix/bit_reverse.h"
+#include "dft/radix/kernel/bit_reverse.h"
 #include "dft/radix/plan.h"
 
 namespace vor::dfti::radix {

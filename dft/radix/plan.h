@@ -13,7 +13,7 @@
 // has done its top stages is a transform of its own at a position: so one plan serves one thread and a team.
 #pragma once
 
-#include "dft/radix/leaf.h"
+#include "dft/radix/kernel/leaf.h"
 
 namespace vor::dfti::radix {
 

@@ -8,7 +8,7 @@
 // g = u + i v, h = u - i v, p = s - t.
 #pragma once
 
-#include "dft/radix/data.h"
+#include "dft/radix/kernel/data.h"
 #include "signal/direction.h"
 #include "signal/fft/kernel/butterfly_64.h"
 

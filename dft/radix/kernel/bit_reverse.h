@@ -2,7 +2,7 @@
 #pragma once
 
 #include "dft/radix/coefficients.h"
-#include "dft/radix/data.h"
+#include "dft/radix/kernel/data.h"
 #include "serv/bits.h"
 #include "signal/fft/kernels.h"
 #include "signal/fft/tables.h"

@@ -5,8 +5,8 @@
 
 #include "dft/radix/butterfly.h"
 #include "dft/radix/coefficients.h"
-#include "dft/radix/data.h"
 #include "dft/radix/kernel/butterfly_64.h"
+#include "dft/radix/kernel/data.h"
 #include "serv/bits.h"
 
 namespace vor::dfti::radix {

@@ -3,7 +3,7 @@
 // side.
 #pragma once
 
-#include "dft/radix/passes.h"
+#include "dft/radix/kernel/passes.h"
 
 namespace vor::dfti::radix {
 
