@@ -48,6 +48,7 @@ VOR_GMP_MIXED(void, _impPow2Exp, _imppow2exp, _IMPPOW2EXP, vor_gmp__imppow2exp,
 
 VOR_GMP_MIXED(void, _impPowm2Exp, _imppowm2exp, _IMPPOWM2EXP, vor_gmp__imppowm2exp,
               (vor_mpz * r, const vor_mpz* a, unsigned e, const vor_mpz* m), (r, a, e, m)) {
+    if (value_size(m) == 0) limb::divide_by_zero(); // before there is anything to lose
     Temporary power;
     vor_gmp___gmpz_mod(power, a, m);
     for (unsigned i = 0; i < e; ++i) {

@@ -309,6 +309,7 @@ TEST(Doubles, NotNumbers) {
         vor_mpz made;
         __gmpz_init_set_d(&made, d);
         EXPECT_EQ(made._mp_size, 0);
+        __gmpz_clear(&made);
         __gmpz_init_set_d(&made, -2.75);
         EXPECT_EQ(__gmpz_cmp_si(&made, -3), 0);
         __gmpz_clear(&made);
