@@ -1,7 +1,9 @@
 // Powers and inverses modulo 2^k, where a cut takes the place of a division, and repeated squares. r may
 // be an operand.
 #include "gmp/integer.h"
+#include "gmp/limb/kernel/divide_2_by_1.h"
 
+using namespace vor;
 using namespace vor::gmp;
 
 // From the top bit of the exponent down (Knuth, 4.6.3).
