@@ -139,12 +139,17 @@ template <class Unwanted>
     return sum;
 }
 
-// What the diagonal of row i brought: one entry, or none, as a rule.
-extended diagonal_term(const CsrRow& row, int i, extended alpha, double b) {
+// Takes back what the diagonal of row i brought: one entry, or none, as a rule. A row below the last column of
+// the matrix has no place in C, nor in B.
+void take_back_diagonal(const CsrRow& row, int i, extended alpha, const double* b, double* c) {
     extended term = 0;
+    bool stored = false;
     for (int p = 0; p < row.count; ++p)
-        if (row.column[p] == i + 1) term += row.val[p] * alpha * b;
-    return term;
+        if (row.column[p] == i + 1) {
+            term += row.val[p] * alpha * b[i];
+            stored = true;
+        }
+    if (stored) c[i] = static_cast<double>(c[i] - term);
 }
 
 struct Triangle {
@@ -156,11 +161,11 @@ void take_back_row(const Operands& o, Triangle t, int i) {
     const CsrRow row = o.a.row(i);
     for (int j = 0; j < o.n; ++j) {
         const double* const b = o.b_column(j);
-        double& c = o.c_column(j)[i];
+        double* const c = o.c_column(j);
         const extended sum = sum_of(
             row, o.alpha, b, [&](int column) { return on_wrong_side(t.lower, column, i + 1); });
-        c = static_cast<double>(c - sum);
-        if (!t.nonunit) c = static_cast<double>(c - diagonal_term(row, i, o.alpha, b[i]));
+        c[i] = static_cast<double>(c[i] - sum);
+        if (!t.nonunit) take_back_diagonal(row, i, o.alpha, b, c);
     }
 }
 
@@ -172,7 +177,7 @@ void take_back_scattered(const Operands& o, Triangle t, int i, const double* b, 
             double& to = c[row.column[p] - 1];
             to = static_cast<double>(to - row.val[p] * o.alpha * b[i]);
         }
-    if (!t.nonunit) c[i] = static_cast<double>(c[i] - diagonal_term(row, i, o.alpha, b[i]));
+    if (!t.nonunit) take_back_diagonal(row, i, o.alpha, b, c);
 }
 
 // ---- The second stage of a symmetric or skew matrix
