@@ -18,8 +18,8 @@ int candidates_for(uint64_t bits) {
     return bits < kMostCandidates / 2 ? static_cast<int>(2 * bits) : kMostCandidates;
 }
 
-// A power costs the cube of the length, a residue the length: primes up to the square of the bits by 16
-// took least time from 64 to 2048 bits.
+// A power costs the cube of the length, a residue the length: the bound of the sieve grows with the square of
+// the bits. The factor is a choice that no measurement has confirmed.
 limb_t largest_divisor(uint64_t bits) {
     return bits < 1280 ? static_cast<limb_t>(bits * bits / 16 + 100) : 102500;
 }
