@@ -171,8 +171,9 @@ TEST(RadixSteps, MakeUpATransform) {
                     vor_dft_crad4blh(x.data() + (b << within), &within, table, &b);
             }
         }
-        for (int i = 0; i < n; ++i) {
-            const double bound = 1e-6 * n; // the steps round where the plan keeps a register
+        for (size_t i = 0; i < n; ++i) {
+            const double bound =
+                1e-6 * static_cast<double>(n); // the steps round where the plan keeps a register
             EXPECT_NEAR(x[i].re, want[i].re, bound);
             EXPECT_NEAR(x[i].im, want[i].im, bound);
         }
