@@ -118,7 +118,7 @@ void add_bench(CLI::App& app) {
         ->check(CLI::Range(1, 1000000))
         ->capture_default_str();
     command->add_option("--seconds", options->effort.seconds, "time for each case, at most")
-        ->check(CLI::Range(0.001, 3600.0))
+        ->check(CLI::Range(0.001, 3600.0) & a_number())
         ->capture_default_str();
     command->callback([options] { run(*options); });
 }

@@ -9,6 +9,9 @@ namespace vor::tool {
 // The library's name, version and build.
 std::string version_line();
 
+// Beside a range, which lets pass what compares with nothing.
+CLI::Validator a_number();
+
 void add_info(CLI::App& app);
 void add_tour(CLI::App& app);
 void add_bench(CLI::App& app);

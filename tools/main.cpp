@@ -4,7 +4,17 @@
 #include "tools/output.h"
 #include "vor_service.h"
 
+#include <cmath>
 #include <cstdio>
+#include <cstdlib>
+
+CLI::Validator vor::tool::a_number() {
+    const auto fault = [](const std::string& text) {
+        const bool finite = std::isfinite(std::strtod(text.c_str(), nullptr));
+        return finite ? std::string() : text + " is not a number";
+    };
+    return {fault, "NUMBER"};
+}
 
 int main(int argc, char** argv) {
     using namespace vor::tool;

@@ -104,7 +104,7 @@ void add_solve(CLI::App& app) {
     command->add_flag("--sparse", options->sparse,
                       "by iteration, as every system of more than 2000 equations");
     command->add_option("--tolerance", options->tolerance, "residual at which the iteration ends")
-        ->check(CLI::Range(1e-15, 1.0))
+        ->check(CLI::Range(1e-15, 1.0) & a_number())
         ->capture_default_str();
     command->add_option("--steps", options->steps, "steps of the iteration, at most")
         ->check(CLI::Range(1, 1000000000))

@@ -450,7 +450,8 @@ class Bench(Case):
         kept = self.file("kept.svg", "kept")
         self.run_vor("bench", *self.QUICK, "--plot", kept, status=1, PATH=str(self.dir))
         self.assertEqual(kept.read_text(), "kept")
-        for wrong in (["bench", "--rounds", "0"], ["bench", "--seconds", "nan"], ["bench", "more"],
+        for wrong in (["bench", "--rounds", "0"], ["bench", "--seconds", "nan"],
+                      ["solve", "a.mtx", "--tolerance", "nan"], ["bench", "more"],
                       ["nothing"], []):
             self.run_vor(*wrong, status=2)
         self.assertIn("--against", self.run_vor("bench", "--help").stdout)
